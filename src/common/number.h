@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace vrix {
+
+// Turns text into a 16-bit number. Blanks around a decimal number are allowed; a fraction rounds to the nearest whole
+// number, halves to the even neighbour. Failure 6 beyond 16 bits, 13 for anything that is no number.
+std::int16_t toInt16(std::string_view text);
+
+// Adds in 16 bits; failure 6 when the sum does not fit.
+std::int16_t add16(std::int16_t value, int more);
+
+// The number as a 16-bit count; failure 6 when it does not fit.
+std::int16_t count16(std::size_t count);
+
+// Half of a count, rounded to the nearest whole number with halves to the even neighbour.
+std::int16_t halved(std::int16_t count);
+
+}  // namespace vrix

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <exception>
+#include <utility>
+
+namespace vrix {
+
+// The failures of statements, by their numbers.
+enum class FailureNumber {
+    none = 0,
+    invalidCall = 5,
+    overflow = 6,
+    subscript = 9,
+    typeMismatch = 13,
+    fileNotFound = 53,
+    inputPastEnd = 62,
+    permissionDenied = 70,
+    pathNotFound = 76,
+    invalidPropertyValue = 380,
+};
+
+// The text that the run-time report gives for a number, such as "Type mismatch".
+const char* failureText(FailureNumber number);
+
+// Thrown by a statement that fails. It is dropped by ignoring(), or it ends the program at the edge of the event.
+class RuntimeFailure final : public std::exception {
+public:
+    explicit RuntimeFailure(FailureNumber number) : number_(number) {}
+    FailureNumber number() const { return number_; }
+    const char* what() const noexcept override { return failureText(number_); }
+
+private:
+    FailureNumber number_;
+};
+
+// Runs one statement. A RuntimeFailure in it is dropped and its number returned; any other exception goes on.
+template <class Statement>
+FailureNumber ignoring(Statement&& statement) {
+    try {
+        std::forward<Statement>(statement)();
+        return FailureNumber::none;
+    } catch (const RuntimeFailure& failure) {
+        return failure.number();
+    }
+}
+
+}  // namespace vrix

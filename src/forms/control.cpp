@@ -1,0 +1,52 @@
+#include "forms/control.h"
+
+#include "forms/form.h"
+#include "forms/frame.h"
+
+namespace vrix {
+
+namespace {
+
+struct Span {
+    int start;
+    int length;
+};
+
+Span resolve(int start, int length, int room) {
+    if (start < 0) start += room;
+    return {start, length > 0 ? length : room + length - start};
+}
+
+}  // namespace
+
+Bounds resolve(const Place& place, const Bounds& container) {
+    const Span across = resolve(place.left, place.width, container.width);
+    const Span down = resolve(place.top, place.height, container.height);
+    return {container.left + across.start, container.top + down.start, across.length, down.length};
+}
+
+Control::Control(Container& parent, std::string_view name, const Place& place)
+    : parent_(parent), name_(name), place_(place) {
+    parent.children_.push_back(this);
+}
+
+void Control::setVisible(bool visible) {
+    visible_ = visible;
+    changed();
+}
+
+void Control::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    changed();
+}
+
+void Control::restore(const std::string&) {}
+
+void Control::changed() { form().windows().controlChanged(*this); }
+
+void Label::setCaption(const std::string& caption) {
+    caption_ = caption;
+    changed();
+}
+
+}  // namespace vrix

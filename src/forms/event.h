@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+
+namespace vrix {
+
+class Windows;
+
+// The caption of every window, and the title of the run-time report.
+inline constexpr const char* programTitle = "Vrix 3.0 Administrative Toolkit";
+
+// Runs one event of the program to its end. What escapes it is shown as the run-time report, and the program ends.
+// Makers of windows and timers call nothing of the program but through this.
+void runEvent(Windows& windows, const std::function<void()>& event) noexcept;
+
+}  // namespace vrix

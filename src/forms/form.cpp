@@ -1,0 +1,75 @@
+#include "forms/form.h"
+
+#include <algorithm>
+
+#include "forms/buttons.h"
+#include "forms/frame.h"
+
+namespace vrix {
+
+namespace {
+
+void collect(const Container& container, std::vector<Control*>& controls) {
+    for (Control* child : container.children()) {
+        controls.push_back(child);
+        if (child->kind() == ControlKind::frame) collect(static_cast<Frame&>(*child), controls);
+    }
+}
+
+}  // namespace
+
+Form::Form(Windows& windows, std::string_view name, std::string_view caption, const Size& size, Border border)
+    : windows_(windows), name_(name), caption_(caption), size_(size), border_(border) {}
+
+void Form::show() {
+    if (!loaded_) {
+        loaded_ = true;
+        centre();
+        load();
+    }
+    visible_ = true;
+    windows_.formChanged(*this);
+}
+
+void Form::hide() {
+    visible_ = false;
+    windows_.formChanged(*this);
+}
+
+void Form::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    windows_.formChanged(*this);
+}
+
+void Form::centre() {
+    const Size screen = windows_.screenSize();
+    left_ = screen.width / 2 - size_.width / 2;
+    top_ = screen.height / 2 - size_.height / 2;
+}
+
+std::vector<Control*> Form::controls() const {
+    std::vector<Control*> all;
+    collect(*this, all);
+    return all;
+}
+
+Control* Form::find(std::string_view name) const {
+    const auto all = controls();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const Control* c) { return c->name() == name; });
+    return found == all.end() ? nullptr : *found;
+}
+
+void Form::resetButtons() {
+    for (Control* control : controls()) {
+        if (control->kind() == ControlKind::imageButton) static_cast<ImageButton&>(*control).reset();
+    }
+}
+
+void leaveFor(Form& from, Form& to) {
+    from.setEnabled(false);
+    from.hide();
+    to.show();
+    to.setEnabled(true);
+}
+
+}  // namespace vrix

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/control.h"
+
+namespace vrix {
+
+// One lasting window of the program. It is made hidden and enabled, and loads at its first showing.
+class Form : public Container {
+public:
+    enum class Border { none, fixed };
+
+    // `size` is that of the client area.
+    Form(Windows& windows, std::string_view name, std::string_view caption, const Size& size,
+         Border border = Border::fixed);
+    virtual ~Form() = default;
+
+    Form& form() override { return *this; }
+    Bounds bounds() const override { return {0, 0, size_.width, size_.height}; }
+
+    const std::string& name() const { return name_; }
+    const std::string& caption() const { return caption_; }
+    const Size& size() const { return size_; }
+    Border border() const { return border_; }
+    int left() const { return left_; }  // of the client area on the screen, in 1/96 inch
+    int top() const { return top_; }
+    Windows& windows() const { return windows_; }
+
+    bool loaded() const { return loaded_; }
+    bool visible() const { return visible_; }
+    bool enabled() const { return enabled_; }
+
+    // Shows the form without waiting for anything. The first time, it is centred and its start routine runs before.
+    void show();
+    void hide();
+    void setEnabled(bool enabled);
+
+    // All controls in reading order, those on frames where their frame stands.
+    std::vector<Control*> controls() const;
+    // The control of that name, or null. Members of a control array are named with their index: "OrderOption(0)".
+    Control* find(std::string_view name) const;
+
+    // The pointer moved over the form itself or over its main frame.
+    virtual void mouseMove() { resetButtons(); }
+    // Puts all image buttons that are not disabled back to normal.
+    void resetButtons();
+    // The user closed the window by its frame.
+    virtual void closed() = 0;
+
+protected:
+    // The form's own start routine, run once, at the end of loading.
+    virtual void load() {}
+    void centre();
+
+private:
+    Windows& windows_;
+    std::string name_;
+    std::string caption_;
+    Size size_;
+    Border border_;
+    int left_ = 0;
+    int top_ = 0;
+    bool loaded_ = false;
+    bool visible_ = false;
+    bool enabled_ = true;
+};
+
+// Leaves one form for another: the old one is disabled and hidden, the new one shown and enabled, in this order.
+void leaveFor(Form& from, Form& to);
+
+}  // namespace vrix

@@ -1,0 +1,20 @@
+#pragma once
+
+namespace vrix {
+
+class Registry;
+class Windows;
+class FileDialog;
+class Files;
+class Clock;
+
+// What the program asks of its machine. Outlives every page.
+struct Platform {
+    Registry& registry;
+    Windows& windows;
+    FileDialog& fileDialog;
+    Files& files;
+    Clock& clock;
+};
+
+}  // namespace vrix
