@@ -30,6 +30,12 @@ Control::Control(Container& parent, std::string_view name, const Place& place)
     parent.children_.push_back(this);
 }
 
+void Control::setLeft(int left) {
+    place_.width = bounds().width;
+    place_.left = left;
+    changed();
+}
+
 void Control::setVisible(bool visible) {
     visible_ = visible;
     changed();

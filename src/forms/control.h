@@ -57,6 +57,8 @@ public:
     const Container& parent() const { return parent_; }
     Bounds bounds() const { return resolve(place_, parent_.bounds()); }
 
+    void setLeft(int left);  // in its container, in 1/96 inch; the width stays
+
     bool visible() const { return visible_; }
     void setVisible(bool visible);
     bool enabled() const { return enabled_; }

@@ -10,6 +10,7 @@ namespace vrix {
 class Control;
 class Form;
 class cRegistryFunctions;
+class ProductOptions;
 class ProductReg;
 struct SmartFieldModule;
 class TopicOrderModule;
@@ -24,12 +25,18 @@ class Create1;
 class Create2;
 class Create3;
 class Create4;
-class OptionalSection;
+class Create5;
+class Create6;
+class Create7;
 class Create8;
 class Create9;
-class FieldsPage;
 class Create10;
-class FieldOptionsPage;
+class Create11;
+class Create12;
+class Create13;
+class Create14;
+class Create15;
+class Create16;
 class Create17;
 class Create18;
 class Create19;
@@ -54,28 +61,29 @@ struct Toolkit {
     Create2& create2;
     Create3& create3;
     Create4& create4;
-    OptionalSection& create5;
-    OptionalSection& create6;
-    OptionalSection& create7;
+    Create5& create5;
+    Create6& create6;
+    Create7& create7;
     Create8& create8;
     Create9& create9;
     Create10& create10;
-    FieldsPage& create11;
-    FieldsPage& create12;
-    FieldsPage& create13;
-    FieldOptionsPage& create14;
-    FieldOptionsPage& create15;
-    FieldOptionsPage& create16;
+    Create11& create11;
+    Create12& create12;
+    Create13& create13;
+    Create14& create14;
+    Create15& create15;
+    Create16& create16;
     Create17& create17;
     Create18& create18;
     Create19& create19;
     Create20& create20;
 
-    // All windows, in the order in which the program was told of them. Filled as they are made.
-    std::vector<Form*> forms;
+    ProductOptions& options;
+    std::vector<Form*> forms;  // all windows
 };
 
-// The control of that name on the form of that name; both must be there.
+// The form of that name, and the control of that name on it. A name that is not there is a defect: std::logic_error.
+Form& form(const Toolkit& toolkit, std::string_view name);
 Control& control(const Toolkit& toolkit, std::string_view form, std::string_view name);
 
 }  // namespace vrix

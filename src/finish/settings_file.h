@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/files.h"
+
+namespace vrix {
+
+// A settings file in the making: one Product as text that a registry editor merges. Section headers name keys below
+// the family key. A write that the disk refuses is failure 70.
+class SettingsFile {
+public:
+    // Replaces the file at the path, without a question, and writes the signature. Failures as in Files.
+    SettingsFile(Files& files, const std::string& path);
+
+    void header(const std::string& key);
+    // An entry with the data as it stands.
+    void entry(const std::string& name, const std::string& data);
+    void blank();
+    void close();
+
+private:
+    std::unique_ptr<TextStream> stream_;
+};
+
+// A path as the data of an entry: every backslash doubled. What stands in front of a doubled backslash is lost, and
+// four stand in its place, as a network path needs them.
+std::string escapedPath(const std::string& path);
+
+}  // namespace vrix

@@ -1,0 +1,46 @@
+#include "shell/page.h"
+
+#include "edit/edit2.h"
+#include "forms/event.h"
+#include "shell/toolkit_main.h"
+
+namespace vrix {
+
+Page::Page(Toolkit& owner, std::string_view name, std::string_view task, std::string_view heading)
+    : Form(owner.platform.windows, name, programTitle, pageSize),
+      Label1(*this, "Label1", {24, 12, -96, 26}, task, Look::heading),
+      Label2(*this, "Label2", {24, 40, -96, 20}, heading, Look::subheading),
+      toolkit(owner) {}
+
+void Page::showTask(bool edit) { Label1.setCaption(edit ? "Edit A Product" : "Create A Product Wizard"); }
+
+void Page::showTaskOfLastPage(bool edit) {
+    showTask(edit);
+    NextBtnLbl.setCaption(edit ? "Finish" : "Next >");
+}
+
+void Page::goToHub() { goTo(toolkit.edit2); }
+
+void Page::goToMain() { goTo(toolkit.toolkitMain); }
+
+void Page::endEdit(bool& edit) {
+    goToHub();
+    edit = false;
+}
+
+void Page::exitGroup(bool& edit) {
+    if (edit) {
+        endEdit(edit);
+    } else {
+        goToMain();
+    }
+}
+
+void Page::tell(const std::string& title, const std::string& text) { windows().ask(text, title, Buttons::ok); }
+
+void Page::browse(CommonDialog& dialog, TextBox& box) {
+    dialog.ShowOpen();
+    box.setText(dialog.FileName);
+}
+
+}  // namespace vrix

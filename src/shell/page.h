@@ -1,0 +1,56 @@
+#pragma once
+
+#include "forms/buttons.h"
+#include "forms/common_dialog.h"
+#include "forms/form.h"
+#include "forms/frame.h"
+#include "forms/inputs.h"
+#include "shell/toolkit.h"
+
+namespace vrix {
+
+inline constexpr Size pageSize{640, 480};
+
+// What all pages share: the title band, the frame for the page's own controls, and the three buttons. A page is left
+// and entered by its actions alone; it keeps its content while it is hidden.
+class Page : public Form {
+public:
+    Picture TitleImg{*this, "TitleImg", {-72, 12, 48, 48}, Art::logo};
+    Label Label1;  // the task
+    Label Label2;  // the page
+    Frame Frame2{*this, "Frame2", {24, 88, -24, -72}};
+    ImageButton BackBtn{*this, "BackBtn", {-312, -44, 88, 28}, "< Back"};
+    ImageButton NextBtn{*this, "NextBtn", {-218, -44, 88, 28}, "Next >"};
+    ImageButton ExitBtn{*this, "ExitBtn", {-112, -44, 88, 28}, "Exit"};
+    ButtonLabel& BackBtnLbl = BackBtn.label;
+    ButtonLabel& NextBtnLbl = NextBtn.label;
+    ButtonLabel& ExitBtnLbl = ExitBtn.label;
+
+    // Closing a page by its window frame is its Exit.
+    void closed() override { ExitBtn.action(); }
+
+protected:
+    Page(Toolkit& toolkit, std::string_view name, std::string_view task, std::string_view heading);
+
+    // The caption of the task: editing a Product or creating one.
+    void showTask(bool edit);
+    // The same on a page that ends its group, where Next means Finish when editing.
+    void showTaskOfLastPage(bool edit);
+
+    void goTo(Form& next) { leaveFor(*this, next); }
+    void goToHub();
+    void goToMain();
+    // Leaves an edited group for the hub and ends its edit mode.
+    void endEdit(bool& edit);
+    // Exit of every page of a group: to the hub when editing, to the main screen otherwise.
+    void exitGroup(bool& edit);
+
+    // Shows a message with one OK button.
+    void tell(const std::string& title, const std::string& text);
+    // Lets the user choose a file. The box takes the dialog's file name whatever the user did there.
+    static void browse(CommonDialog& dialog, TextBox& box);
+
+    Toolkit& toolkit;
+};
+
+}  // namespace vrix

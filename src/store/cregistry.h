@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/registry.h"
+#include "store/variant.h"
+
+namespace vrix {
+
+// A cursor over the registry: the caller says which hive, which key path and which value are meant, then reads or
+// writes it. The fields keep what they hold from call to call. No operation throws or reports a registry failure
+// otherwise than its result says.
+class cRegistry {
+public:
+    explicit cRegistry(Registry& registry) : registry_(registry) {}
+
+    std::int32_t ClassKey = 0;   // a predefined hive
+    std::string SectionKey;      // the key path below the hive
+    std::string ValueKey;        // the value's name; empty names the key's default value
+    std::int32_t ValueType = 0;  // how to write; Value() sets it to the type that it found
+    Variant Default;             // what Value() gives when it finds nothing
+
+    // Deletes the key at SectionKey; true if it is gone now. A key that has subkeys stays.
+    bool DeleteKey();
+    // Deletes the value; true if it was there and is gone now.
+    bool DeleteValue();
+
+    // Reads the value: strings as text without their last terminator, expandable ones expanded, numbers of 32 bits
+    // as such, everything else as its bytes with one zero byte behind them. Default if there is no such value.
+    Variant Value();
+    // Writes the value as ValueType says, making the key if need be. Strings with two percent signs that enclose at
+    // least one character are stored as expandable. Bytes go without their last two; numbers of type 4 and 5 need an
+    // integer. A write that fits no type stores nothing, and no failure is told.
+    void Value(const Variant& value);
+
+    // Gives the names of all values in the order of the platform, the unnamed one among them. Always true; a key that
+    // cannot be opened has none.
+    bool EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount);
+
+private:
+    std::string readText(RegistryKey key, std::uint32_t size);
+    std::int32_t readNumber(RegistryKey key);
+    Variant readBytes(RegistryKey key, std::uint32_t size);
+    void writeText(RegistryKey key, const std::string& text);
+    void writeBytes(RegistryKey key, const Variant& value);
+    void writeNumber(RegistryKey key, const Variant& value);
+    void write(RegistryKey key, std::uint32_t type, const void* data, std::uint32_t size);
+    std::string ExpandEnvStr(const std::string& text) { return registry_.expandEnvironment(text); }
+    static std::int32_t SwapEndian(std::int32_t value);
+
+    Registry& registry_;
+};
+
+}  // namespace vrix

@@ -1,0 +1,62 @@
+#include "store/product_reg.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "common/number.h"
+#include "store/cregistry_functions.h"
+
+namespace vrix {
+
+namespace {
+
+// Counting stops at what 16 bits hold: every step beyond fails by itself, and these failures are ignored.
+std::int16_t counted(std::size_t cells) {
+    constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::min(cells, most));
+}
+
+std::size_t filledCells(const SettingsTable& table) {
+    if (!table.isTable()) return 0;
+    std::size_t filled = 0;
+    for (std::size_t index = 0; index < table.cellCount(); ++index) {
+        if (!table.cell(index).empty()) ++filled;
+    }
+    return filled;
+}
+
+}  // namespace
+
+void ProductReg::GetProducts() {
+    Products = settings_.GetAllSettings(application, "Products");
+    DevelopProducts = settings_.GetAllSettings(application, "Toolkit\\Products");
+    DevelopSomeProducts = DevelopProducts.isTable();
+    // Each row counts by its two cells, an empty cell not at all.
+    const std::size_t installed = filledCells(Products);
+    const std::size_t develop = filledCells(DevelopProducts);
+    CountProducts = halved(counted(installed + develop));
+    DevelopCountProducts = halved(counted(develop));
+}
+
+void ProductReg::GetTopics(const std::string& ProductRegKey) {
+    ProductTopics = settings_.GetAllSettings(application, ProductRegKey + "\\Topics");
+    // As soon as any Product of the develop tree is known, the second table stays unread, whatever is selected.
+    const bool onlyFirst = DevelopSomeProducts && installedRows() >= 0;
+    ToolkitTopics =
+        onlyFirst ? SettingsTable() : settings_.GetAllSettings(application, ProductRegKey + "\\Toolkit\\Topics");
+    ToolkitTopicsValid = ToolkitTopics.isTable();
+    // The walk over a missing first table fails at its start but counts one cell; alone that rounds away.
+    const std::size_t first = ProductTopics.isTable() ? ProductTopics.cellCount() : 1;
+    const std::size_t second = ToolkitTopicsValid ? ToolkitTopics.cellCount() : 0;
+    CountTopics = halved(counted(first + second));
+    ToolkitCountTopics = halved(counted(second));
+}
+
+Topic ProductReg::topic(int row) const {
+    const bool standard = !ToolkitTopicsValid || row < standardRows();
+    const SettingsTable& table = standard ? ProductTopics : ToolkitTopics;
+    const int place = standard ? row : row - standardRows();
+    return {table.name(place), table.text(place)};
+}
+
+}  // namespace vrix

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vrix {
+
+// What a registry value is read as and written from: nothing, text, a number, or bytes.
+using Variant = std::variant<std::monostate, std::string, std::int16_t, std::int32_t, std::vector<std::uint8_t>>;
+
+// The value as text: numbers in decimal, bytes as they stand, nothing as empty text.
+std::string textOf(const Variant& value);
+
+}  // namespace vrix

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "shell/page.h"
+
+namespace vrix {
+
+// The order of the Topics, in pages of six option buttons. The names of the move and page buttons count rows and pages,
+// not directions: up raises a Topic's row number, which moves it down the screen.
+class Create20 final : public Page {
+public:
+    static constexpr int optionCount = 6;
+
+    Label OrderLbl{Frame2, "OrderLbl", {0, 0, 0, 18}, "Topics:"};
+    std::array<OptionButton, optionCount> OrderOption{
+        OptionButton{Frame2, "OrderOption(0)", {0, 26, -140, 22}},
+        OptionButton{Frame2, "OrderOption(1)", {0, 58, -140, 22}},
+        OptionButton{Frame2, "OrderOption(2)", {0, 90, -140, 22}},
+        OptionButton{Frame2, "OrderOption(3)", {0, 122, -140, 22}},
+        OptionButton{Frame2, "OrderOption(4)", {0, 154, -140, 22}},
+        OptionButton{Frame2, "OrderOption(5)", {0, 186, -140, 22}},
+    };
+    ImageButton MoveDownBtn{Frame2, "MoveDownBtn", {-120, 84, 56, 28}, "-"};
+    ImageButton MoveUpBtn{Frame2, "MoveUpBtn", {-120, 122, 56, 28}, "+"};
+    ImageButton PageDownBtn{Frame2, "PageDownBtn", {0, 236, 120, 28}, "Previous Page"};
+    Label PageNum{Frame2, "PageNum", {136, 241, 64, 18}, "x/x"};
+    ImageButton PageUpBtn{Frame2, "PageUpBtn", {204, 236, 120, 28}, "Next Page"};
+
+    std::int16_t OrderCurrentView = 0;   // the page on show, from 1
+    std::int16_t OrderChosenOption = 0;  // the chosen row on the page
+    std::int16_t ordermodulecount = 0;   // part of the page's public face; nothing uses it
+    bool Edit = false;
+
+    explicit Create20(Toolkit& toolkit);
+    void initThis20();
+
+private:
+    void load() override;
+    void turnPage(int step, int lastPage);
+    void nextThis20();
+    void rewriteTopicKeys();
+    void backThis20();
+    void exitThis20();
+};
+
+}  // namespace vrix

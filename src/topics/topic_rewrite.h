@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "common/runtime_failure.h"
+#include "common/text_table.h"
+
+namespace vrix {
+
+class cRegistryFunctions;
+
+// A list of Topics: names and paths by row, and the number of rows.
+struct TopicRows {
+    const TextTable& names;
+    const TextTable& paths;
+    std::int16_t count;
+};
+
+enum class FailuresAre { ignored, fatal };
+
+// Rewrites the Topics of an existing Product in the order of a list, which is the one way in which their order reaches
+// the store, and carries each Topic's index and dependency row over as far as they are found. With failures ignored,
+// a statement that fails is skipped and the next one runs, and one more entry of index and row is written behind the
+// last Topic. Otherwise a failure leaves the keys half written.
+class TopicRewrite {
+public:
+    // `root` is the Product's; rows below `standardRows` belong to the installed Product, unless it is a developer's,
+    // whose rows all count alike.
+    TopicRewrite(cRegistryFunctions& settings, const std::string& root, bool isDeveloper, int standardRows,
+                 FailuresAre failures)
+        : settings_(settings),
+          root_(root),
+          isDeveloper_(isDeveloper),
+          standardRows_(standardRows),
+          ignoreFailures_(failures == FailuresAre::ignored) {}
+
+    void run(const TopicRows& topics);
+
+private:
+    template <class Statement>
+    void statement(Statement&& run) {
+        if (ignoreFailures_) {
+            ignoring(run);
+        } else {
+            run();
+        }
+    }
+    void sizeTables(std::int16_t n);
+    void deleteTopics();
+    void readOldIndexTable();
+    void saveSingleTopic(const TopicRows& topics);
+    void saveTopic(const TopicRows& topics, int r);
+    void writeBack(const TopicRows& topics);
+
+    cRegistryFunctions& settings_;
+    std::string root_;
+    bool isDeveloper_;
+    int standardRows_;
+    bool ignoreFailures_;
+
+    TextTable keptIndex_;
+    TextTable keptRows_;
+    TextTable oldIndexCells_;
+    std::string old_;  // keeps its text from row to row when a read of it fails
+};
+
+}  // namespace vrix

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "shell/page.h"
+
+namespace vrix {
+
+// A page with one check box for each user defined field.
+class FieldOptionsPage : public Page {
+public:
+    Label Label3;
+
+    void initThis();
+    // The ten boxes, in number order.
+    std::vector<Control*> boxes() const;
+
+protected:
+    // `boxName` is the name of the boxes without their number.
+    FieldOptionsPage(Toolkit& toolkit, std::string_view name, std::string_view prompt, std::string_view boxName);
+    virtual void nextThis() = 0;
+    virtual void backThis() = 0;
+
+private:
+    void load() override { initThis(); }
+    std::vector<std::unique_ptr<CheckBox>> boxes_;
+};
+
+class Create14 final : public FieldOptionsPage {
+public:
+    explicit Create14(Toolkit& owner)
+        : FieldOptionsPage(owner, "Create14", "Allow User To Disable:", "AllowNoUserDefined") {}
+
+private:
+    void nextThis() override;
+    void backThis() override;
+};
+
+class Create15 final : public FieldOptionsPage {
+public:
+    explicit Create15(Toolkit& owner) : FieldOptionsPage(owner, "Create15", "Selected By Default:", "DefaultUserDef") {}
+
+private:
+    void nextThis() override;
+    void backThis() override;
+};
+
+// Ends the group of the user defined fields, and alone writes it.
+class Create16 final : public FieldOptionsPage {
+public:
+    explicit Create16(Toolkit& owner)
+        : FieldOptionsPage(owner, "Create16", "Display User Defined Fields:", "ShowUserDefined") {}
+
+private:
+    std::vector<Control*> group() const;
+    void nextThis() override;
+    void backThis() override;
+};
+
+}  // namespace vrix
