@@ -1,0 +1,140 @@
+#include "common/number.h"
+#include "common/runtime_failure.h"
+#include "forms/event.h"
+#include "walk.h"
+
+namespace vrix {
+namespace {
+
+int failureOf(const std::function<void()>& statement) { return static_cast<int>(ignoring(statement)); }
+
+TEST(Numbers, TextBecomesA16BitNumberOrItsFailure) {
+    const std::vector<std::pair<std::string, int>> accepted{
+        {"0", 0},   {" 12 ", 12}, {"-1", -1},   {"+7", 7},          {"0.5", 0},         {"1.5", 2},
+        {"2.5", 2}, {"2.51", 3},  {"-0.5", 0},  {"-1.5", -2},       {".5", 0},          {"3.", 3},
+        {"007", 7}, {"2.49", 2},  {"3.500", 4}, {"32767.4", 32767}, {"-32768", -32768}, {"-32768.5", -32768},
+    };
+    for (const auto& [text, value] : accepted) EXPECT_EQ(toInt16(text), value) << '"' << text << '"';
+    for (const char* text : {"", " ", "x", "1x", "1 2", "--1", "-", ".", "1.2.3", "0x1", "1e2", "\xA0"}) {
+        EXPECT_EQ(failureOf([&] { toInt16(text); }), 13) << '"' << text << '"';
+    }
+    for (const char* text : {"32768", "32767.5", "-32769", "99999999999999999999"}) {
+        EXPECT_EQ(failureOf([&] { toInt16(text); }), 6) << text;
+    }
+    EXPECT_EQ(failureOf([] { add16(32767, 1); }), 6);
+    const std::vector<std::pair<std::int16_t, int>> halves{{0, 0}, {1, 0}, {2, 1},        {3, 2},
+                                                           {5, 2}, {7, 4}, {32767, 16384}};
+    for (const auto& [count, half] : halves) EXPECT_EQ(halved(count), half) << count;
+}
+
+// A form of its own, with two buttons and a list.
+class Bench : public Form {
+public:
+    explicit Bench(Windows& windows) : Form(windows, "Bench", "Bench", {200, 200}) {}
+    void closed() override {}
+    ImageButton NextBtn{*this, "NextBtn", {0, 0, 80, 28}, "Next >"};
+    ImageButton BackBtn{*this, "BackBtn", {90, 0, 80, 28}, "< Back"};
+    ComboBox List{*this, "List", {0, 40, 100, 24}};
+    CheckBox Box{*this, "Box", {0, 70, 100, 22}, "Box"};
+};
+
+TEST(ImageButtons, KeepToOneFaceThroughHoverPressAndRelease) {
+    using Face = ImageButton::Face;
+    HeadlessWindows windows;
+    Bench form(windows);
+    int actions = 0;
+    form.NextBtn.action = [&] { ++actions; };
+
+    form.NextBtn.moveOverPicture(false);
+    EXPECT_EQ(form.NextBtn.face(), Face::hover);
+    form.BackBtn.moveOverLabel();
+    EXPECT_EQ(form.NextBtn.face(), Face::normal);  // the neighbour's hover put it back
+    EXPECT_EQ(form.BackBtn.face(), Face::hover);
+    form.mouseMove();
+    EXPECT_EQ(form.BackBtn.face(), Face::normal);
+
+    form.BackBtn.moveOverPicture(true);  // held, coming from elsewhere: nothing over the picture
+    EXPECT_EQ(form.BackBtn.face(), Face::normal);
+    form.BackBtn.moveOverLabel();
+    EXPECT_EQ(form.BackBtn.face(), Face::hover);
+
+    form.NextBtn.mouseDown();
+    EXPECT_EQ(form.NextBtn.face(), Face::pressed);
+    form.NextBtn.moveOverLabel();
+    EXPECT_EQ(form.NextBtn.face(), Face::pressed);
+    form.NextBtn.mouseUp();
+    EXPECT_EQ(form.NextBtn.face(), Face::hover);
+    EXPECT_EQ(actions, 1);
+
+    form.NextBtn.setDisabled(true);
+    form.NextBtn.mouseDown();
+    form.NextBtn.moveOverPicture(false);
+    form.NextBtn.moveOverLabel();
+    form.NextBtn.mouseUp();
+    form.resetButtons();
+    EXPECT_EQ(form.NextBtn.face(), Face::disabled);
+    EXPECT_EQ(actions, 1);
+}
+
+TEST(Lists, RaiseTheirClickWhenTheCurrentRowChanges) {
+    HeadlessWindows windows;
+    Bench form(windows);
+    int clicks = 0;
+    form.List.onClick = [&] { ++clicks; };
+    for (const char* row : {"a", "b", "c"}) form.List.addItem(row);
+    EXPECT_EQ(form.List.listIndex(), -1);
+    form.List.setListIndex(2);
+    form.List.setListIndex(2);
+    EXPECT_EQ(clicks, 1);
+    form.List.userChooses(2);  // the user's choice of the current row counts
+    EXPECT_EQ(clicks, 2);
+    form.List.removeItem(0);
+    EXPECT_EQ(form.List.text(), "c");
+    form.List.removeItem(1);
+    EXPECT_EQ(form.List.listIndex(), -1);
+    EXPECT_EQ(form.List.text(), "");
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(failureOf([&] { form.List.setListIndex(1); }), 380);
+    EXPECT_EQ(failureOf([&] { form.List.removeItem(-1); }), 5);
+    EXPECT_EQ(failureOf([&] { form.List.restore("-1"); }), 380);
+    EXPECT_EQ(failureOf([&] { form.Box.setValue(2); }), 380);
+    form.List.clear();
+    EXPECT_EQ(clicks, 2);
+}
+
+// Places must not let controls of a page lie over each other or leave their container.
+TEST(Pages, NoControlLiesOverAnotherOrOutside) {
+    Walk walk;
+    const auto takesRoom = [](const Control& c) {
+        return c.kind() != ControlKind::frame && c.kind() != ControlKind::buttonLabel;
+    };
+    for (const Form* form : walk.pages.forms) {
+        const auto controls = form->controls();
+        for (const Control* one : controls) {
+            const Bounds a = one->bounds();
+            const Bounds room = one->parent().bounds();
+            EXPECT_TRUE(a.left >= room.left && a.top >= room.top && a.left + a.width <= room.left + room.width &&
+                        a.top + a.height <= room.top + room.height && a.width > 0 && a.height > 0)
+                << one->name() << " leaves " << form->name();
+            for (const Control* other : controls) {
+                if (one >= other || !takesRoom(*one) || !takesRoom(*other)) continue;
+                const Bounds b = other->bounds();
+                const bool apart = a.left + a.width <= b.left || b.left + b.width <= a.left ||
+                                   a.top + a.height <= b.top || b.top + b.height <= a.top;
+                EXPECT_TRUE(apart) << one->name() << " lies over " << other->name() << " on " << form->name();
+            }
+        }
+    }
+}
+
+TEST(Events, WhatEscapesIsReportedAndEndsTheProgram) {
+    HeadlessWindows windows;
+    runEvent(windows, [] { throw RuntimeFailure(FailureNumber::typeMismatch); });
+    ASSERT_EQ(windows.messages.size(), 1u);
+    EXPECT_EQ(windows.messages[0].title, "Vrix 3.0 Administrative Toolkit");
+    EXPECT_EQ(windows.messages[0].text, "Run-time error '13':\r\n\r\nType mismatch");
+    EXPECT_TRUE(windows.ended);
+}
+
+}  // namespace
+}  // namespace vrix

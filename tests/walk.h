@@ -1,0 +1,61 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/embedded/memory_registry.h"
+#include "platform/headless/headless_user.h"
+#include "platform/standard/standard_files.h"
+#include "program/program.h"
+
+namespace vrix {
+
+// The whole program on a registry in memory, windows without a screen, a clock that stands, and files in a folder of
+// its own, with a user at its windows.
+class Walk {
+public:
+    Walk();
+    ~Walk();
+
+    MemoryRegistry registry;
+    HeadlessWindows windows;
+    HeadlessFileDialog dialog;
+    StandardFiles files;
+    SetClock clock;
+    Program program;
+    HeadlessUser user{windows};
+    Toolkit& pages = program.toolkit();
+
+    // From the splash to the main screen.
+    Walk& start();
+    // Through the create chain to that page, with the least that each page before it needs: two Topics, one path of a
+    // user defined field.
+    Walk& createTo(const std::string& page);
+    // Makes a Product of the develop tree with two Topics, and comes back to the main screen.
+    Walk& createProduct(const std::string& name);
+    // From the main screen through the selection of a Product to the hub.
+    Walk& editProduct(int row = 0);
+    Walk& addTopic(const std::string& name, const std::string& path);
+
+    std::string front() { return user.form().name(); }
+    // The last message as "title: text", or nothing; it is forgotten then.
+    std::string message();
+    std::string text(const std::string& form, const std::string& name);  // a control's content or caption
+    std::string path(const std::string& name) const { return (folder_ / name).string(); }
+    std::string file(const std::string& name) const;
+
+    void put(const std::string& section, const std::string& name, const std::string& data);
+    // All keys and values below a section of the family key, in the registry's order: "[key]" and "name=text" lines.
+    std::string tree(const std::string& section = "");
+
+private:
+    std::filesystem::path folder_;
+};
+
+// A file that lies beside the tests.
+std::string expected(const std::string& name);
+
+}  // namespace vrix
