@@ -4,25 +4,11 @@
 #include <array>
 #include <bit>
 
+#include "store/open_key.h"
+
 namespace vrix {
 
 namespace {
-
-// A key that is open until the end of its scope; 0 when it could not be opened.
-class OpenKey {
-public:
-    explicit OpenKey(Registry& registry) : registry_(registry) {}
-    ~OpenKey() {
-        if (key != 0) registry_.closeKey(key);
-    }
-    OpenKey(const OpenKey&) = delete;
-    OpenKey& operator=(const OpenKey&) = delete;
-
-    RegistryKey key = 0;
-
-private:
-    Registry& registry_;
-};
 
 bool isExpandable(const std::string& text) {
     const auto first = text.find('%');

@@ -9,6 +9,22 @@
 
 namespace vrix {
 
+// A file type and the program that opens it. An empty menu text stands for the usual one.
+struct ExeAssociation {
+    std::string sExePath;  // quoted or not
+    std::string sClassName;
+    std::string sClassDescription;
+    std::string sAssociation;  // the extension, without its dot
+    std::string sOpenMenuText;
+    bool bSupportPrint = false;
+    std::string sPrintMenuText;
+    bool bSupportNew = false;
+    std::string sNewMenuText;
+    bool bSupportInstall = false;
+    std::string sInstallMenuText;
+    std::int32_t lDefaultIconIndex = -1;  // -1: no icon of its own
+};
+
 // A cursor over the registry: the caller says which hive, which key path and which value are meant, then reads or
 // writes it. The fields keep what they hold from call to call. No operation throws or reports a registry failure
 // otherwise than its result says.
@@ -22,6 +38,9 @@ public:
     std::int32_t ValueType = 0;  // how to write; Value() sets it to the type that it found
     Variant Default;             // what Value() gives when it finds nothing
 
+    bool KeyExists();
+    // Makes the key at SectionKey with all keys on the way; true if it stands now.
+    bool CreateKey();
     // Deletes the key at SectionKey; true if it is gone now. A key that has subkeys stays.
     bool DeleteKey();
     // Deletes the value; true if it was there and is gone now.
@@ -39,7 +58,19 @@ public:
     // cannot be opened has none.
     bool EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount);
 
+    // Gives the names of all subkeys in the order of the platform. Always true; a key that cannot be opened has none.
+    bool EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount);
+
+    // Registers a file type, in the classes view and in its machine copy. ClassKey is the local machine afterwards.
+    void CreateEXEAssociation(const ExeAssociation& type);
+    // Adds verbs to a class below ClassKey that exists: threes of verb key, menu text and command line. Any other
+    // number of items does nothing.
+    void CreateAdditionalEXEAssociations(const std::string& sClassName, const std::vector<std::string>& vItems);
+
 private:
+    void SetClassValue(const std::string& text);
+    void setClassDefault(const std::string& section, const std::string& text);
+    void setVerb(const std::string& section, const std::string& menuText, const std::string& command);
     std::string readText(RegistryKey key, std::uint32_t size);
     std::int32_t readNumber(RegistryKey key);
     Variant readBytes(RegistryKey key, std::uint32_t size);

@@ -1,8 +1,10 @@
 #include "topics/create8.h"
 
+#include "common/letters.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
 #include "edit/edit1.h"
+#include "platform/files.h"
 #include "store/product_reg.h"
 #include "topics/create20.h"
 #include "topics/topic_rewrite.h"
@@ -72,15 +74,40 @@ void Create8::createThis8() {
         tell("Empty Topic Path", "You have not entered a path for your topic.");
         return;
     }
-    const std::int16_t upper = add16(i, 1);
-    TopicNames.growTo(upper);
-    TopicPaths.growTo(upper);
-    TopicNames.at(i) = TopicName.text();
+    const std::string name = TopicName.text();
+    growTables();
+    TopicNames.at(i) = name;
     TopicPaths.at(i) = TopicPath.text();
-    Topics.addItem(TopicName.text());
+    appendRow(name);
+}
+
+void Create8::growTables() {
+    TopicNames.growTo(add16(i, 1));
+    TopicPaths.growTo(add16(i, 1));
+}
+
+// Lists the row that the tables have taken already.
+void Create8::appendRow(const std::string& name) {
+    Topics.addItem(name);
     Topics.setListIndex(i);
-    i = upper;
+    i = add16(i, 1);
     emptyBoxes();
+}
+
+void Create8::ImportFile(const std::string& path) {
+    const auto stream = toolkit.platform.files.openText(path);
+    const std::string folder = path.substr(0, path.rfind('\\') + 1);
+    while (!stream->atEnd()) {
+        const std::string line = stream->readLine();
+        const auto colon = line.find(':');
+        const std::string name = line.substr(0, colon);
+        growTables();
+        TopicNames.at(i) = name;
+        if (colon == std::string::npos) throw RuntimeFailure(FailureNumber::subscript);
+        const std::string stem = line.substr(colon + 1, line.find(':', colon + 1) - colon - 1);
+        TopicPaths.at(i) = folder + lowerCase(stem) + ".doc";
+        appendRow(name);
+    }
 }
 
 void Create8::updateThis8() {

@@ -32,12 +32,17 @@ public:
 
     explicit Create8(Toolkit& toolkit);
     void initThis8();
+    // Adds the Topics of a text file, one "name:stem" line each; the files lie in the folder of the text file. Failures
+    // as in Files, and 9 for a line without ":"; the Topics before it stay.
+    void ImportFile(const std::string& path);
 
 private:
     void load() override { initThis8(); }
     void loadTopics();
     void showCurrentTopic();
     void emptyBoxes();
+    void growTables();
+    void appendRow(const std::string& name);
     void createThis8();
     void updateThis8();
     void deleteThis8();

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/registry.h"
+
+namespace vrix {
+
+// A key that is open until the end of its scope; 0 when it could not be opened.
+class OpenKey {
+public:
+    explicit OpenKey(Registry& registry) : registry_(registry) {}
+    ~OpenKey() {
+        if (key != 0) registry_.closeKey(key);
+    }
+    OpenKey(const OpenKey&) = delete;
+    OpenKey& operator=(const OpenKey&) = delete;
+
+    RegistryKey key = 0;
+
+private:
+    Registry& registry_;
+};
+
+}  // namespace vrix
