@@ -15,6 +15,8 @@ enum class Status : std::int32_t {
     badPathName = 161,
     moreData = 234,
     noMoreItems = 259,
+    noAccess = 998,
+    registryIoFailed = 1016,
     keyDeleted = 1018,
 };
 
