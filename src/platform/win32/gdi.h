@@ -1,0 +1,62 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <type_traits>
+
+namespace vrix {
+
+struct GdiDeleter {
+    void operator()(HGDIOBJ object) const { DeleteObject(object); }
+};
+
+// A font, brush, pen or bitmap with its owner.
+template <class Handle>
+using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
+
+// Puts an object into a device context and takes it out again.
+class Selected {
+public:
+    Selected(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
+    ~Selected() { SelectObject(dc_, before_); }
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+
+private:
+    HDC dc_;
+    HGDIOBJ before_;
+};
+
+// A picture in memory that is drawn on first and comes to the screen whole, so that nothing flickers.
+class Buffer {
+public:
+    Buffer(HDC target, const RECT& area)
+        : target_(target),
+          area_(area),
+          dc_(CreateCompatibleDC(target)),
+          bitmap_(CreateCompatibleBitmap(target, area.right - area.left, area.bottom - area.top)),
+          before_(SelectObject(dc_, bitmap_.get())) {
+        SetViewportOrgEx(dc_, -area.left, -area.top, nullptr);
+        SetBkMode(dc_, TRANSPARENT);
+    }
+    ~Buffer() {
+        BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top, dc_, area_.left,
+               area_.top, SRCCOPY);
+        SelectObject(dc_, before_);
+        DeleteDC(dc_);
+    }
+    Buffer(const Buffer&) = delete;
+    Buffer& operator=(const Buffer&) = delete;
+
+    HDC dc() const { return dc_; }
+
+private:
+    HDC target_;
+    RECT area_;
+    HDC dc_;
+    Owned<HBITMAP> bitmap_;
+    HGDIOBJ before_;
+};
+
+}  // namespace vrix
