@@ -1,0 +1,255 @@
+#include "platform/win32/input_windows.h"
+
+#include <algorithm>
+
+#include "platform/win32/pictures.h"
+
+namespace vrix {
+
+namespace {
+
+constexpr UINT settleChoices = WM_APP;
+constexpr UINT setMostRowsSeen = 0x1701;  // CB_SETMINVISIBLE
+constexpr int rowsSeen = 12;              // of an open list, at most
+
+// A box of one line, as high as its font wants it, in the middle of the control's place.
+RECT lineBox(RECT place, int height) {
+    const int spare = std::max(0, static_cast<int>(place.bottom - place.top) - height);
+    return {place.left, place.top + spare / 2, place.right, place.bottom - (spare - spare / 2)};
+}
+
+// Text for a native control that would take "&" for a key mark.
+std::string unmarked(const std::string& text) {
+    std::string result;
+    for (const char c : text) result.append(c == '&' ? 2 : 1, c);
+    return result;
+}
+
+}  // namespace
+
+TextBoxWindow::TextBoxWindow(FormWindow& owner, TextBox& box)
+    : ControlWindow(owner, box, {"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
+    send(EM_SETLIMITTEXT, 0);  // no limit
+}
+
+RECT TextBoxWindow::place() const { return lineBox(ControlWindow::place(), owner().style().lineBoxHeight()); }
+
+void TextBoxWindow::update() {
+    ControlWindow::update();
+    if (windowText(handle()) == box_.text()) return;
+    DWORD start = 0;
+    DWORD end = 0;
+    send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    setText(box_.text());
+    send(EM_SETSEL, start, static_cast<LPARAM>(end));
+}
+
+void TextBoxWindow::notified(int code) {
+    if (code == EN_CHANGE) event([this] { box_.setText(windowText(handle())); });
+}
+
+CheckBoxWindow::CheckBoxWindow(FormWindow& owner, CheckBox& box)
+    : ControlWindow(owner, box, {"BUTTON", WS_TABSTOP | WS_GROUP | BS_CHECKBOX}), box_(box) {}
+
+void CheckBoxWindow::update() {
+    ControlWindow::update();
+    setText(unmarked(box_.caption()));
+    const auto state = static_cast<WPARAM>(box_.value() == 1 ? BST_CHECKED : BST_UNCHECKED);
+    if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
+}
+
+void CheckBoxWindow::notified(int code) {
+    if (code == BN_CLICKED) event([this] { box_.setValue(1 - box_.value()); });
+}
+
+OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
+    : ControlWindow(owner, button, {"BUTTON", BS_RADIOBUTTON}), button_(button) {}
+
+void OptionButtonWindow::update() {
+    ControlWindow::update();
+    setText(button_.caption());
+    const auto state = static_cast<WPARAM>(button_.chosen() ? BST_CHECKED : BST_UNCHECKED);
+    if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
+    placeTabStop();
+}
+
+// Tab stops at the chosen button of the group, or at its first while none is chosen.
+void OptionButtonWindow::placeTabStop() {
+    const OptionButton* stop = nullptr;
+    for (const Control* sibling : button_.parent().children()) {
+        if (sibling->kind() != ControlKind::optionButton) continue;
+        const auto* other = static_cast<const OptionButton*>(sibling);
+        if (stop == nullptr || other->chosen()) stop = other;
+    }
+    for (const Control* sibling : button_.parent().children()) {
+        if (sibling->kind() != ControlKind::optionButton) continue;
+        if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*sibling))) {
+            window->setStyle(WS_TABSTOP, sibling == stop);
+        }
+    }
+}
+
+void OptionButtonWindow::notified(int code) {
+    if (code == BN_CLICKED) event([this] { button_.choose(); });
+}
+
+ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
+    : ControlWindow(owner, box, {"COMBOBOX", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS}),
+      box_(box) {
+    send(setMostRowsSeen, rowsSeen);
+    send(CB_INITSTORAGE, box.rows().size(), 32);
+    for (int row = 0; row < box.count(); ++row) rowsChanged(RowChange::inserted, row);
+}
+
+// The native control's own height is that of the list which it opens.
+RECT ComboBoxWindow::place() const {
+    RECT area = lineBox(ControlWindow::place(), owner().style().lineBoxHeight());
+    area.bottom += static_cast<LONG>(rowsSeen * send(CB_GETITEMHEIGHT, 0)) + owner().style().px(2);
+    return area;
+}
+
+void ComboBoxWindow::layout() {
+    ControlWindow::layout();
+    constexpr auto ownBox = static_cast<WPARAM>(-1);
+    RECT closed{};
+    GetWindowRect(handle(), &closed);
+    const LRESULT border = closed.bottom - closed.top - send(CB_GETITEMHEIGHT, ownBox);
+    send(CB_SETITEMHEIGHT, ownBox, owner().style().lineBoxHeight() - border);
+}
+
+void ComboBoxWindow::rowsChanged(RowChange change, int row) {
+    const auto at = static_cast<WPARAM>(row);
+    if (change == RowChange::inserted) send(CB_INSERTSTRING, at, box_.rows()[at]);
+    if (change == RowChange::removed) send(CB_DELETESTRING, at);
+    if (change == RowChange::cleared) send(CB_RESETCONTENT);
+    rowsDiffer_ = true;
+}
+
+void ComboBoxWindow::update() {
+    ControlWindow::update();
+    if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
+    rowsDiffer_ = false;
+    send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
+}
+
+// One choice comes as several notifications, in an order that differs with what the user did. They are taken together
+// behind the last.
+void ComboBoxWindow::notified(int code) {
+    if (code == CBN_DROPDOWN) raised_ = false;
+    if (code == CBN_SELENDOK) confirmed_ = true;
+    if (code != CBN_SELENDOK && code != CBN_SELCHANGE && code != CBN_CLOSEUP) return;
+    if (!settling_) settling_ = PostMessageA(handle(), settleChoices, 0, 0) != FALSE;
+}
+
+LRESULT ComboBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != settleChoices) return ControlWindow::message(message, wParam, lParam);
+    choicesSettled();
+    return 0;
+}
+
+void ComboBoxWindow::choicesSettled() {
+    const auto row = static_cast<int>(send(CB_GETCURSEL));
+    const bool again = confirmed_ && !raised_;  // the user chose the row that was current before
+    settling_ = false;
+    confirmed_ = false;
+    if (row < 0 || (row == box_.listIndex() && !again)) return;
+    raised_ = wantsEnter();
+    event([&] { box_.userChooses(row); });
+}
+
+bool ComboBoxWindow::wantsEnter() const { return send(CB_GETDROPPEDSTATE) != 0; }
+
+MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
+    : ControlWindow(owner, list,
+                    {"LISTBOX",
+                     WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED |
+                         LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
+                     WS_EX_CLIENTEDGE}),
+      list_(list) {
+    freeze();
+    send(LB_INITSTORAGE, list.rows().size(), 32);
+    for (int row = 0; row < list.count(); ++row) rowsChanged(RowChange::inserted, row);
+}
+
+void MarkListWindow::layout() {
+    ControlWindow::layout();
+    const HFONT font = owner().style().font(Look::body);
+    send(LB_SETITEMHEIGHT, 0, lineHeight(font) + owner().style().px(5));
+}
+
+void MarkListWindow::freeze() {
+    if (!frozen_) send(WM_SETREDRAW, FALSE);
+    frozen_ = true;
+}
+
+void MarkListWindow::update() {
+    if (frozen_) {
+        send(WM_SETREDRAW, TRUE);
+        InvalidateRect(handle(), nullptr, TRUE);
+    }
+    frozen_ = false;
+    ControlWindow::update();
+}
+
+bool MarkListWindow::isMarked(int row) const { return send(LB_GETSEL, static_cast<WPARAM>(row)) > 0; }
+
+void MarkListWindow::rowsChanged(RowChange change, int row) {
+    const auto at = static_cast<WPARAM>(row);
+    if (change != RowChange::marked) freeze();
+    if (change == RowChange::inserted) send(LB_INSERTSTRING, at, list_.rows()[at].text);
+    if (change == RowChange::removed) send(LB_DELETESTRING, at);
+    if (change == RowChange::cleared) send(LB_RESETCONTENT);
+    if (change != RowChange::inserted && change != RowChange::marked) return;
+    const bool marked = list_.rows()[at].marked;
+    if (marked == isMarked(row)) return;
+    // Marking by code moves neither the focused row nor what is seen of the list.
+    const auto caret = static_cast<WPARAM>(send(LB_GETCARETINDEX));
+    const auto top = static_cast<WPARAM>(send(LB_GETTOPINDEX));
+    send(LB_SETSEL, marked, static_cast<LPARAM>(row));
+    send(LB_SETCARETINDEX, caret, TRUE);
+    send(LB_SETTOPINDEX, top);
+}
+
+void MarkListWindow::notified(int code) {
+    if (code == LBN_SELCHANGE) takeMarks();
+}
+
+// Not every platform notifies of a row marked by keyboard.
+LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = ControlWindow::message(message, wParam, lParam);
+    if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) takeMarks();
+    return result;
+}
+
+void MarkListWindow::takeMarks() {
+    for (int row = 0; row < list_.count(); ++row) {
+        const bool marked = isMarked(row);
+        if (marked != list_.rows()[static_cast<std::size_t>(row)].marked) event([&] { list_.userMarks(row, marked); });
+    }
+}
+
+void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
+    const Style& style = owner().style();
+    const bool empty = item.itemID >= list_.rows().size();
+    const Buffer buffer(item.hDC, item.rcItem);
+    FillRect(buffer.dc(), &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
+    if (!empty) {
+        const bool live = (item.itemState & ODS_DISABLED) == 0;
+        const int side = style.px(13);
+        const LONG left = item.rcItem.left + style.px(4);
+        const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
+        drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
+                 style.palette());
+        const std::string& text = list_.rows()[item.itemID].text;
+        RECT area{left + side + style.px(6), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
+        const Selected font(buffer.dc(), style.font(Look::body));
+        SetTextColor(buffer.dc(), live ? style.palette().text : style.palette().greyText);
+        DrawTextA(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
+                  DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    }
+    if ((item.itemState & ODS_FOCUS) == 0) return;
+    SetTextColor(buffer.dc(), style.palette().text);
+    DrawFocusRect(buffer.dc(), &item.rcItem);
+}
+
+}  // namespace vrix

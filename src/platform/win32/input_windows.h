@@ -1,0 +1,79 @@
+#pragma once
+
+#include "forms/inputs.h"
+#include "platform/win32/control_window.h"
+
+namespace vrix {
+
+class TextBoxWindow final : public ControlWindow {
+public:
+    TextBoxWindow(FormWindow& owner, TextBox& box);
+    void update() override;
+    void notified(int code) override;
+
+private:
+    RECT place() const override;
+    TextBox& box_;
+};
+
+class CheckBoxWindow final : public ControlWindow {
+public:
+    CheckBoxWindow(FormWindow& owner, CheckBox& box);
+    void update() override;
+    void notified(int code) override;
+
+private:
+    CheckBox& box_;
+};
+
+class OptionButtonWindow final : public ControlWindow {
+public:
+    OptionButtonWindow(FormWindow& owner, OptionButton& button);
+    void update() override;
+    void notified(int code) override;
+
+private:
+    void placeTabStop();
+    OptionButton& button_;
+};
+
+class ComboBoxWindow final : public ControlWindow {
+public:
+    ComboBoxWindow(FormWindow& owner, ComboBox& box);
+    void layout() override;
+    void update() override;
+    void rowsChanged(RowChange change, int row) override;
+    void notified(int code) override;
+    bool wantsEnter() const override;
+
+private:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    RECT place() const override;
+    void choicesSettled();
+
+    ComboBox& box_;
+    bool rowsDiffer_ = true;  // the rows changed since the current one was last shown
+    bool settling_ = false;   // a look at the user's choice is on its way
+    bool confirmed_ = false;  // the user confirmed the current row, be it another one or not
+    bool raised_ = false;     // a choice was raised since the list was opened
+};
+
+class MarkListWindow final : public ControlWindow {
+public:
+    MarkListWindow(FormWindow& owner, MarkList& list);
+    void layout() override;
+    void update() override;
+    void rowsChanged(RowChange change, int row) override;
+    void notified(int code) override;
+    void drawRow(const DRAWITEMSTRUCT& item) override;
+
+private:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void takeMarks();
+    void freeze();
+    bool isMarked(int row) const;
+    MarkList& list_;
+    bool frozen_ = false;  // it does not draw while many rows change
+};
+
+}  // namespace vrix
