@@ -1,0 +1,11 @@
+#include "platform/win32/startup.h"
+#include "platform/win32/win32_registry.h"
+#include "program/run_on_windows.h"
+
+// The product: works on the machine's registry.
+int main() {
+    vrix::hardenProcess();
+    vrix::Win32Registry registry;
+    vrix::Win32Windows windows;
+    return vrix::runOnWindows(registry, windows);
+}

@@ -1,0 +1,29 @@
+#include <cstdlib>
+
+#include "platform/embedded/journal_registry.h"
+#include "platform/win32/file_lock.h"
+#include "platform/win32/startup.h"
+#include "program/run_on_windows.h"
+
+namespace {
+
+std::optional<std::string> environment(const std::string& name) {
+    const char* text = std::getenv(name.c_str());
+    return text == nullptr ? std::nullopt : std::optional<std::string>(text);
+}
+
+}  // namespace
+
+// The same program over a store of its own, kept in one file of the user. It leaves the machine's registry alone.
+int main() {
+    vrix::hardenProcess();
+    vrix::Win32Windows windows;
+    try {
+        vrix::JournalRegistry registry(vrix::localDataFile("Vrix Toolkit Trial", "store.journal"), &environment,
+                                       vrix::makeFileLock());
+        return vrix::runOnWindows(registry, windows);
+    } catch (const vrix::JournalError& error) {
+        windows.ask(error.what(), vrix::programTitle, vrix::Buttons::ok);
+        return 1;
+    }
+}
