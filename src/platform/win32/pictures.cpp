@@ -18,9 +18,9 @@ void drawRing(Canvas& canvas, const Palette& palette) {
         const auto place = [&](std::vector<Point> points) {
             return turned(turned(std::move(points), -0.42, {24, 10}), angle, middle);
         };
-        const Colour colour = palette.highContrast ? palette.text
-                              : i == 0             ? RGB(226, 148, 40)
-                                                   : mixed(RGB(12, 62, 92), RGB(64, 158, 178), (i - 1) / 4.0);
+        const Colour colour = palette.usersOwn ? palette.text
+                              : i == 0         ? RGB(226, 148, 40)
+                                               : mixed(RGB(12, 62, 92), RGB(64, 158, 178), (i - 1) / 4.0);
         canvas.polygon(place({{18.5, 2}, {26, 2}, {30, 6}, {30, 18}, {18.5, 18}}), colour);
         canvas.polygon(place({{26, 2}, {30, 6}, {26, 6}}), palette.window);
         canvas.stroke(place({{21, 9.5}, {27.5, 9.5}}), 1.4, palette.window);
@@ -72,7 +72,7 @@ void drawPencil(Canvas& canvas, const Palette& palette, double x, double y) {
                       -std::numbers::pi / 4, tip);
     };
     canvas.polygon(pencil(0, 29, 5.2), palette.window);
-    const Colour wood = palette.highContrast ? palette.text : RGB(226, 148, 40);
+    const Colour wood = palette.usersOwn ? palette.text : RGB(226, 148, 40);
     canvas.polygon(turned({tip, {tip.x + 7, tip.y - 3.8}, {tip.x + 7, tip.y + 3.8}}, -std::numbers::pi / 4, tip),
                    mixed(wood, palette.text, 0.55));
     canvas.polygon(pencil(7, 21.5, 3.8), wood);
@@ -82,8 +82,7 @@ void drawPencil(Canvas& canvas, const Palette& palette, double x, double y) {
 void drawTile(Canvas& canvas, bool pressed, bool focused, const Palette& palette) {
     const double line = pressed ? 2.4 : 1;
     canvas.box({0, 0}, {artSize, artSize}, 4, pressed ? palette.accent : palette.rule);
-    const Colour fill =
-        palette.highContrast ? palette.window : mixed(palette.window, palette.accent, pressed ? 0.2 : 0.03);
+    const Colour fill = palette.usersOwn ? palette.window : mixed(palette.window, palette.accent, pressed ? 0.2 : 0.03);
     canvas.box({line, line}, {artSize - line, artSize - line}, 4 - line, fill);
     if (!focused) return;
     canvas.box({2.2, 2.2}, {artSize - 2.2, artSize - 2.2}, 2.4, palette.text);
@@ -126,14 +125,14 @@ void drawFace(HDC dc, const RECT& area, const FaceLook& look, const Style& style
     const double line = live ? 2 : 1;
     const double radius = 4;
 
-    Colour edge = look.isDefault ? palette.accent : mixed(palette.face, palette.faceText, 0.5);
+    Colour edge = look.isDefault ? palette.accent : palette.edge;
     if (live) edge = palette.accent;
-    if (look.face == Face::disabled) edge = palette.highContrast ? palette.greyText : palette.rule;
+    if (look.face == Face::disabled) edge = palette.usersOwn ? palette.greyText : palette.rule;
     Colour fill = mixed(palette.window, palette.face, 0.3);
     if (look.face == Face::hover) fill = mixed(palette.window, palette.accent, 0.1);
     if (look.face == Face::pressed) fill = mixed(palette.window, palette.accent, 0.28);
     if (look.face == Face::disabled) fill = background;
-    if (palette.highContrast) fill = palette.window;
+    if (palette.usersOwn) fill = palette.face;
 
     Canvas canvas(area.right - area.left, area.bottom - area.top, style.scale(), background);
     canvas.box({0, 0}, {width, height}, radius, edge);
@@ -150,8 +149,8 @@ void drawMark(HDC dc, const RECT& area, bool marked, bool enabled, const Palette
     const int side = area.right - area.left;
     Canvas canvas(side, side, side / 13.0, palette.window);
     const Colour ink = enabled ? palette.text : palette.greyText;
-    const Colour fill = marked && enabled && !palette.highContrast ? palette.accent : palette.window;
-    const Colour edge = marked && enabled ? (palette.highContrast ? ink : fill) : mixed(ink, palette.window, 0.25);
+    const Colour fill = marked && enabled && !palette.usersOwn ? palette.accent : palette.window;
+    const Colour edge = !enabled ? ink : fill == palette.window ? palette.edge : fill;
     canvas.box({0, 0}, {13, 13}, 2, edge);
     canvas.box({1, 1}, {12, 12}, 1, fill);
     if (marked) canvas.stroke({{3.2, 6.8}, {5.5, 9.2}, {9.9, 4}}, 1.5, fill == palette.window ? ink : palette.window);

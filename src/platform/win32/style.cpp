@@ -13,6 +13,8 @@ bool highContrastOn() {
     return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
+bool isDark(Colour colour) { return (colour & 0xFFu) + ((colour >> 8) & 0xFFu) + ((colour >> 16) & 0xFFu) < 3 * 128; }
+
 LOGFONTA messageFont() {
     NONCLIENTMETRICSA metrics{};
     metrics.cbSize = sizeof(metrics);
@@ -38,7 +40,7 @@ int screenDpi() {
 }  // namespace
 
 Palette currentPalette() {
-    Palette colours{highContrastOn(),
+    Palette colours{highContrastOn() || isDark(GetSysColor(COLOR_WINDOW)),
                     GetSysColor(COLOR_WINDOW),
                     GetSysColor(COLOR_WINDOWTEXT),
                     GetSysColor(COLOR_BTNFACE),
@@ -47,9 +49,11 @@ Palette currentPalette() {
                     GetSysColor(COLOR_WINDOWTEXT),
                     GetSysColor(COLOR_WINDOWTEXT),
                     GetSysColor(COLOR_WINDOWTEXT),
+                    GetSysColor(COLOR_WINDOWTEXT),
                     GetSysColor(COLOR_HIGHLIGHT),
                     GetSysColor(COLOR_WINDOWTEXT)};
-    if (!colours.highContrast) {
+    if (!colours.usersOwn) {
+        colours.edge = mixed(colours.window, colours.text, 0.5);
         colours.rule = mixed(colours.window, colours.text, 0.16);
         colours.heading = RGB(12, 62, 92);
         colours.secondary = mixed(colours.window, colours.text, 0.66);

@@ -8,14 +8,15 @@
 
 namespace vrix {
 
-// The colours of the screen. With high contrast on, the user's own colours and no others.
+// The colours of the screen. With high contrast on, or on a dark background, the user's own colours and no others.
 struct Palette {
-    bool highContrast;
+    bool usersOwn;
     Colour window;  // behind the page
     Colour text;
     Colour face;  // behind the row of buttons
     Colour faceText;
     Colour greyText;
+    Colour edge;       // round what can be pressed or marked
     Colour rule;       // thin lines that part the page
     Colour heading;    // of the task
     Colour secondary;  // text that matters less
