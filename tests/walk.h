@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,10 +18,13 @@ namespace vrix {
 // its own, with a user at its windows.
 class Walk {
 public:
-    Walk();
+    Walk() : Walk(freshRegistry()) {}
+    // On a store that another run of the program left behind.
+    explicit Walk(std::shared_ptr<MemoryRegistry> left);
     ~Walk();
 
-    MemoryRegistry registry;
+    std::shared_ptr<MemoryRegistry> stored;
+    MemoryRegistry& registry = *stored;
     HeadlessWindows windows;
     HeadlessFileDialog dialog;
     StandardFiles files;
@@ -52,6 +56,7 @@ public:
     std::string tree(const std::string& section = "");
 
 private:
+    static std::shared_ptr<MemoryRegistry> freshRegistry();
     std::filesystem::path folder_;
 };
 

@@ -1,0 +1,154 @@
+#include "screen.h"
+
+#include <oleacc.h>
+
+namespace vrix::driver {
+
+namespace {
+
+constexpr UINT patience = 5000;  // milliseconds that a window may take for an answer
+
+BOOL CALLBACK collect(HWND window, LPARAM list) {
+    if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+std::string className(HWND window) {
+    char name[64]{};
+    GetClassNameA(window, name, sizeof(name));
+    return name;
+}
+
+bool isList(HWND window) { return isClass(window, "LISTBOX") || isClass(window, "ComboLBox"); }
+
+std::string narrow(const wchar_t* text) {
+    char narrowed[1024]{};
+    WideCharToMultiByte(CP_ACP, 0, text, -1, narrowed, sizeof(narrowed) - 1, nullptr, nullptr);
+    return narrowed;
+}
+
+}  // namespace
+
+bool isClass(HWND window, const char* name) { return lstrcmpiA(className(window).c_str(), name) == 0; }
+
+Kind kindOf(HWND window) {
+    if (isClass(window, "STATIC")) return Kind::label;
+    if (isClass(window, "BUTTON")) return Kind::button;
+    const bool input = isClass(window, "EDIT") || isClass(window, "COMBOBOX") || isClass(window, "LISTBOX");
+    return input ? Kind::input : Kind::other;
+}
+
+LRESULT ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutA(window, message, wParam, lParam, SMTO_ABORTIFHUNG, patience, &answer);
+    return static_cast<LRESULT>(answer);
+}
+
+std::string textOf(HWND window) {
+    std::string text(static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, '\0');
+    ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    return text.c_str();
+}
+
+std::string captionOf(HWND button) {
+    std::string shown;
+    const std::string text = textOf(button);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '&' && i + 1 < text.size()) ++i;
+        shown += text[i];
+    }
+    return shown;
+}
+
+RECT areaOf(HWND window) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
+}
+
+bool live(HWND window) {
+    return IsWindowVisible(window) && IsWindowEnabled(window) && IsWindowEnabled(GetAncestor(window, GA_ROOT));
+}
+
+std::vector<HWND> controlsOf(HWND window) {
+    std::vector<HWND> controls;
+    EnumChildWindows(window, &collect, reinterpret_cast<LPARAM>(&controls));
+    return controls;
+}
+
+std::vector<HWND> windowsOf(DWORD process) {
+    std::vector<HWND> all;
+    EnumWindows(&collect, reinterpret_cast<LPARAM>(&all));
+    std::erase_if(all, [&](HWND window) {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(window, &owner);
+        return owner != process;
+    });
+    return all;
+}
+
+HWND focusOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    return info.hwndFocus;
+}
+
+std::string spokenNameOf(HWND control) {
+    IAccessible* object = nullptr;
+    void** place = reinterpret_cast<void**>(&object);
+    if (FAILED(AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, place)))
+        return {};
+    VARIANT self{};
+    self.vt = VT_I4;
+    BSTR name = nullptr;
+    object->get_accName(self, &name);
+    object->Release();
+    const std::string spoken = name == nullptr ? std::string() : narrow(name);
+    SysFreeString(name);
+    return spoken;
+}
+
+std::vector<std::string> rowsOf(HWND list) {
+    const bool plain = isList(list);
+    std::vector<std::string> rows(static_cast<std::size_t>(ask(list, plain ? LB_GETCOUNT : CB_GETCOUNT)));
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        std::string text(static_cast<std::size_t>(ask(list, plain ? LB_GETTEXTLEN : CB_GETLBTEXTLEN, i)) + 1, '\0');
+        ask(list, plain ? LB_GETTEXT : CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()));
+        rows[i] = text.c_str();
+    }
+    return rows;
+}
+
+std::string contentOf(HWND control) {
+    if (kindOf(control) == Kind::button) return ask(control, BM_GETCHECK) == BST_CHECKED ? "checked" : "unchecked";
+    if (!isList(control)) return textOf(control);
+    std::string marked;
+    const auto rows = rowsOf(control);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (ask(control, LB_GETSEL, i) > 0) marked += (marked.empty() ? "" : ", ") + rows[i];
+    }
+    return marked;
+}
+
+std::string sketchOf(HWND window) {
+    std::string sketch = '"' + textOf(window) + '"';
+    sketch += !IsWindowEnabled(window) ? " (takes no input)" : window == GetForegroundWindow() ? " (in front)" : "";
+    for (const HWND control : controlsOf(window)) {
+        if (kindOf(control) == Kind::label && !textOf(control).empty()) sketch += " / " + textOf(control);
+    }
+    return sketch;
+}
+
+std::string listOf(HWND window) {
+    std::string list = sketchOf(window) + '\n';
+    for (const HWND control : controlsOf(window)) {
+        const RECT area = areaOf(control);
+        list += "  " + className(control) + " \"" + textOf(control) + "\" at " + std::to_string(area.left) + ',' +
+                std::to_string(area.top) + " to " + std::to_string(area.right) + ',' + std::to_string(area.bottom) +
+                (IsWindowEnabled(control) ? "" : " disabled") + '\n';
+    }
+    return list;
+}
+
+}  // namespace vrix::driver
