@@ -84,14 +84,15 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::makeControls() {
-    bool buttonBefore = false;
+    auto kindBefore = ControlKind::frame;
     for (Control* control : form_.controls()) {
-        if (control->kind() == ControlKind::buttonLabel) continue;
+        const ControlKind kind = control->kind();
+        if (kind == ControlKind::buttonLabel) continue;
         auto window = makeControlWindow(*this, *control);
         if (window == nullptr) continue;
-        const bool button = control->kind() == ControlKind::imageButton;
-        if (button && buttonBefore) window->joinGroup();
-        buttonBefore = button;
+        const bool button = kind == ControlKind::imageButton;
+        if (kind == kindBefore && (button || kind == ControlKind::optionButton)) window->joinGroup();
+        kindBefore = kind;
         byControl_[control] = window.get();
         if (button) byControl_[&static_cast<ImageButton*>(control)->label] = window.get();
         if (button && control->name() == "NextBtn") default_ = window.get();
@@ -203,6 +204,8 @@ bool FormWindow::isDefault(const Control& control) const {
 
 bool FormWindow::translate(MSG& message) {
     constexpr LPARAM wasDown = LPARAM{1} << 30;
+    // Nothing on a page has a key mark, whatever "&" its texts hold.
+    if (message.message == WM_CHAR || message.message == WM_SYSCHAR) return false;
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN) {
         const ControlWindow* focused = message.hwnd == handle_ ? nullptr : ControlWindow::of(message.hwnd);
         if (focused == nullptr || !focused->wantsEnter()) {

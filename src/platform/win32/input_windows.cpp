@@ -63,7 +63,7 @@ void CheckBoxWindow::notified(int code) {
 }
 
 OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
-    : ControlWindow(owner, button, {"BUTTON", BS_RADIOBUTTON}), button_(button) {}
+    : ControlWindow(owner, button, {"BUTTON", WS_GROUP | BS_AUTORADIOBUTTON}), button_(button) {}
 
 void OptionButtonWindow::update() {
     ControlWindow::update();

@@ -98,11 +98,12 @@ void PressableWindow::notified(int code) {
 }
 
 LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
-    const bool isDefault = owner().isDefault(control());
     if (mouseMessage(message, wParam, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) return 0;
     if (keyMessage(message, wParam, lParam)) return 0;
     switch (message) {
-        case WM_GETDLGCODE: return DLGC_BUTTON | (isDefault ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+        case WM_GETDLGCODE:
+            if (!takesFocus()) return DLGC_STATIC;
+            return DLGC_BUTTON | (owner().isDefault(control()) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
         case BM_CLICK: press(); return 0;
         case BM_SETSTYLE:  // the dialog manager would make it a button of the platform's look
         case BM_SETSTATE: return 0;
@@ -215,6 +216,15 @@ void ImageButtonWindow::paint(HDC dc, const RECT& area) {
 
 bool ImageButtonWindow::enabled() const {
     return button_.face() != ImageButton::Face::disabled && PressableWindow::enabled();
+}
+
+// The hover that a press leaves behind stays only where the pointer really is.
+bool ImageButtonWindow::press() {
+    PressableWindow::press();
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    if (WindowFromPoint(pointer) != handle()) event([this] { button_.reset(); });
+    return true;
 }
 
 void ImageButtonWindow::pressed(POINT at) {

@@ -79,6 +79,7 @@ public:
     ImageButtonWindow(FormWindow& owner, ImageButton& button);
     void layout() override;
     void update() override;
+    bool press() override;
 
 private:
     void paint(HDC dc, const RECT& area) override;

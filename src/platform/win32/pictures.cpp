@@ -9,18 +9,22 @@ namespace {
 
 constexpr double artSize = 48;  // the units of a picture across and down
 
-// The six sheets of a set, laid round in a ring.
+constexpr int sheets = 6;  // of the set that is the program's mark
+
+Colour sheetColour(const Palette& palette, int sheet) {
+    if (palette.usersOwn) return palette.text;
+    return sheet == 0 ? RGB(226, 148, 40) : mixed(RGB(12, 62, 92), RGB(64, 158, 178), (sheet - 1) / 4.0);
+}
+
+// The sheets of a set, laid round in a ring.
 void drawRing(Canvas& canvas, const Palette& palette) {
-    constexpr int sheets = 6;
     const Point middle{24, 24};
     for (int i = 0; i < sheets; ++i) {
         const double angle = 2 * std::numbers::pi * i / sheets;
         const auto place = [&](std::vector<Point> points) {
             return turned(turned(std::move(points), -0.42, {24, 10}), angle, middle);
         };
-        const Colour colour = palette.usersOwn ? palette.text
-                              : i == 0         ? RGB(226, 148, 40)
-                                               : mixed(RGB(12, 62, 92), RGB(64, 158, 178), (i - 1) / 4.0);
+        const Colour colour = sheetColour(palette, i);
         canvas.polygon(place({{18.5, 2}, {26, 2}, {30, 6}, {30, 18}, {18.5, 18}}), colour);
         canvas.polygon(place({{26, 2}, {30, 6}, {26, 6}}), palette.window);
         canvas.stroke(place({{21, 9.5}, {27.5, 9.5}}), 1.4, palette.window);
@@ -28,12 +32,11 @@ void drawRing(Canvas& canvas, const Palette& palette) {
     }
 }
 
+// The ring as a small mark.
 void drawEmblem(Canvas& canvas, const Palette& palette) {
-    constexpr int sheets = 3;
     for (int i = 0; i < sheets; ++i) {
         const double angle = 2 * std::numbers::pi * i / sheets;
-        const Colour colour = i == 0 ? palette.accent : mixed(palette.accent, palette.window, 0.25 * i);
-        canvas.polygon(turned({{16, 3}, {27, 3}, {33, 9}, {33, 22}, {16, 22}}, angle, {24, 24}), colour);
+        canvas.circle(turned({{24, 9}}, angle, {24, 24}).front(), 6, sheetColour(palette, i));
     }
 }
 
