@@ -22,10 +22,25 @@ std::string filterPairs(std::string filter) {
     return filter + '\0';
 }
 
+using Show = BOOL(WINAPI*)(OPENFILENAMEA*);
+
+// The library of dialogs pulls in much of the shell, so it is loaded at the first dialog and not at the start.
+HMODULE dialogLibrary() {
+    static const HMODULE library = LoadLibraryA("comdlg32.dll");
+    return library;
+}
+
+template <class Function>
+Function dialogFunction(const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(dialogLibrary(), name)));
+}
+
 const char* orNothing(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
 
-std::optional<std::string> ask(Win32Windows& windows, const FileQuestion& question,
-                               BOOL(WINAPI* show)(OPENFILENAMEA*)) {
+std::optional<std::string> ask(Win32Windows& windows, const FileQuestion& question, const char* dialogName) {
+    const auto show = dialogFunction<Show>(dialogName);
+    const auto failure = dialogFunction<DWORD(WINAPI*)()>("CommDlgExtendedError");
+    if (show == nullptr || failure == nullptr) return std::nullopt;
     const std::string filter = filterPairs(question.filter);
     const std::string extension = question.defaultExtension.substr(question.defaultExtension.rfind('.') + 1);
     std::vector<char> path(roomForPath);
@@ -45,7 +60,7 @@ std::optional<std::string> ask(Win32Windows& windows, const FileQuestion& questi
     windows.modal([&](HWND owner) {
         dialog.hwndOwner = owner;
         chosen = show(&dialog) != FALSE;
-        if (chosen || CommDlgExtendedError() != FNERR_INVALIDFILENAME) return;
+        if (chosen || failure() != FNERR_INVALIDFILENAME) return;
         path[0] = '\0';  // a name that no file can have: the dialog opens without one
         chosen = show(&dialog) != FALSE;
     });
@@ -56,11 +71,11 @@ std::optional<std::string> ask(Win32Windows& windows, const FileQuestion& questi
 }  // namespace
 
 std::optional<std::string> Win32FileDialog::askOpen(const FileQuestion& question) {
-    return ask(windows_, question, &GetOpenFileNameA);
+    return ask(windows_, question, "GetOpenFileNameA");
 }
 
 std::optional<std::string> Win32FileDialog::askSave(const FileQuestion& question) {
-    return ask(windows_, question, &GetSaveFileNameA);
+    return ask(windows_, question, "GetSaveFileNameA");
 }
 
 }  // namespace vrix
