@@ -10,7 +10,7 @@ public:
     Label Label3{Frame2, "Label3", {0, 0, 0, 18}, "Please Select A Product To Delete:"};
     ComboBox ProductList{Frame2, "ProductList", {0, 22, 400, 24}};  // installed tree first, then develop tree
 
-    explicit Delete1(Toolkit& toolkit);
+    explicit Delete1(Toolkit& owner);
     void initDelete1();
 
 private:

@@ -16,7 +16,7 @@ public:
                  "the individual topics comprising the Product will not be removed - if you wish to remove these as "
                  "well, you must delete them from the relevent locations."};
 
-    explicit Delete2(Toolkit& toolkit);
+    explicit Delete2(Toolkit& owner);
 
 private:
     void DeleteProduct();

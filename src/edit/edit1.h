@@ -15,7 +15,7 @@ public:
     bool isDeveloper = false;   // the Product lies in the develop tree
     std::string ProductRegKey;  // its root below the family key
 
-    explicit Edit1(Toolkit& toolkit);
+    explicit Edit1(Toolkit& owner);
     void initEdit1();
 
     // The section in which the names of the selected Product's tree stand.

@@ -20,7 +20,7 @@ public:
     ImageButton MiscellaneousSettingsBtn{Frame2, "MiscellaneousSettingsBtn", {404, 88, 188, 32}, "Document Control"};
     ImageButton ExportSettingsBtn{Frame2, "ExportSettingsBtn", {404, 132, 188, 32}, "Export Settings"};
 
-    explicit Edit2(Toolkit& toolkit);
+    explicit Edit2(Toolkit& owner);
 
 private:
     // Opens the first page of a group: edit mode on, the hub left, the page shown, its start routine called.

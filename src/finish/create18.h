@@ -15,7 +15,7 @@ public:
     CommonDialog CommonDialog1;
     bool Edit = false;
 
-    explicit Create18(Toolkit& toolkit);
+    explicit Create18(Toolkit& owner);
     void initThis18();
     // A path as it stands in a settings file.
     static std::string regslashes(const std::string& path);

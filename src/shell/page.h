@@ -30,7 +30,7 @@ public:
     void closed() override { ExitBtn.action(); }
 
 protected:
-    Page(Toolkit& toolkit, std::string_view name, std::string_view task, std::string_view heading);
+    Page(Toolkit& owner, std::string_view name, std::string_view task, std::string_view heading);
 
     // The caption of the task: editing a Product or creating one.
     void showTask(bool edit);

@@ -25,7 +25,7 @@ public:
     std::int16_t SmartFieldCount = 0;
     bool Edit = false;
 
-    explicit Create19(Toolkit& toolkit);
+    explicit Create19(Toolkit& owner);
     void initThis19();
 
 private:

@@ -33,7 +33,7 @@ public:
     std::int16_t ordermodulecount = 0;   // part of the page's public face; nothing uses it
     bool Edit = false;
 
-    explicit Create20(Toolkit& toolkit);
+    explicit Create20(Toolkit& owner);
     void initThis20();
 
 private:

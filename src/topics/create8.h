@@ -30,7 +30,7 @@ public:
     std::int16_t thisTopicCount = 0;  // elements of TopicNames less 1, set by Next alone
     bool Edit = false;
 
-    explicit Create8(Toolkit& toolkit);
+    explicit Create8(Toolkit& owner);
     void initThis8();
     // Adds the Topics of a text file, one "name:stem" line each; the files lie in the folder of the text file. Failures
     // as in Files, and 9 for a line without ":"; the Topics before it stay.

@@ -17,7 +17,7 @@ public:
     TextTable EditTopicNames;  // when editing, the Topics' names in list order
     bool Edit = false;
 
-    explicit Create9(Toolkit& toolkit);
+    explicit Create9(Toolkit& owner);
     void initThis9();
 
 private:

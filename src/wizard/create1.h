@@ -22,7 +22,7 @@ public:
                  "Product and that they are in a location that is reachable from this computer, as well as from any "
                  "that may be compiling this Product in Vrix."};
 
-    explicit Create1(Toolkit& toolkit);
+    explicit Create1(Toolkit& owner);
 
 private:
     void nextThis1();

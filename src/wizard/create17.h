@@ -20,7 +20,7 @@ public:
     CommonDialog CommonDialog1;  // one for both
     bool Edit = false;
 
-    explicit Create17(Toolkit& toolkit);
+    explicit Create17(Toolkit& owner);
     void initThis17();
 
 private:

@@ -17,7 +17,7 @@ public:
 
     bool Edit = false;
 
-    explicit Create2(Toolkit& toolkit);
+    explicit Create2(Toolkit& owner);
     void initThis2();
 
 private:

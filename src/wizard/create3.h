@@ -31,7 +31,7 @@ public:
     CommonDialog CommonDialog1;  // one for all three
     bool Edit = false;
 
-    explicit Create3(Toolkit& toolkit);
+    explicit Create3(Toolkit& owner);
     void initThis3();
     // The six boxes in the order in which they are stored.
     std::vector<Control*> boxes();

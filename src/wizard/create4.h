@@ -16,7 +16,7 @@ public:
     Label Label3{Frame2, "Label3", {0, 108, 0, 18}, "Default Cover Page:"};
     ComboBox DefaultCoverPage{Frame2, "DefaultCoverPage", {0, 130, 400, 24}};
 
-    explicit Create4(Toolkit& toolkit);
+    explicit Create4(Toolkit& owner);
     void initThis4();
 
 private:

@@ -18,7 +18,7 @@ public:
 
 protected:
     // `boxName` is the name of the boxes without their number.
-    FieldOptionsPage(Toolkit& toolkit, std::string_view name, std::string_view prompt, std::string_view boxName);
+    FieldOptionsPage(Toolkit& owner, std::string_view name, std::string_view prompt, std::string_view boxName);
     virtual void nextThis() = 0;
     virtual void backThis() = 0;
 

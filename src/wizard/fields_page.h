@@ -31,7 +31,7 @@ public:
     UserField& field(int number) { return *fields_[static_cast<std::size_t>(number - first_)]; }
 
 protected:
-    FieldsPage(Toolkit& toolkit, std::string_view name, int first, int last);
+    FieldsPage(Toolkit& owner, std::string_view name, int first, int last);
     virtual void nextThis() = 0;
     virtual void backThis() = 0;
 

@@ -34,7 +34,7 @@ public:
     void initThis();
 
 protected:
-    OptionalSection(Toolkit& toolkit, const SectionNames& names);
+    OptionalSection(Toolkit& owner, const SectionNames& names);
     virtual void goToNext() = 0;
     virtual void goToPrevious() = 0;
 
@@ -48,7 +48,7 @@ private:
 // The content summary, in its controls still called by its older name.
 class Create5 final : public OptionalSection {
 public:
-    explicit Create5(Toolkit& toolkit);
+    explicit Create5(Toolkit& owner);
 
 private:
     void goToNext() override;
@@ -58,7 +58,7 @@ private:
 // The table of contents.
 class Create6 final : public OptionalSection {
 public:
-    explicit Create6(Toolkit& toolkit);
+    explicit Create6(Toolkit& owner);
 
 private:
     void goToNext() override;
@@ -68,7 +68,7 @@ private:
 // The conclusion.
 class Create7 final : public OptionalSection {
 public:
-    explicit Create7(Toolkit& toolkit);
+    explicit Create7(Toolkit& owner);
 
 private:
     void goToNext() override;

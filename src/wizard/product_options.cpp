@@ -22,7 +22,7 @@ struct Row {
 };
 
 constexpr bool isPath = true;
-constexpr std::string_view fieldPage = "";
+constexpr std::string_view fieldPage{};
 
 constexpr std::array rows{
     Row{"AllowChangeCourseName", "Create17", "AllowChangeCourseName"},

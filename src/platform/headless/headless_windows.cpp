@@ -54,7 +54,7 @@ Answer HeadlessWindows::ask(const std::string& text, const std::string& title, B
 std::optional<std::string> HeadlessFileDialog::answer(const FileQuestion& question) {
     questions.push_back(question);
     if (answers.empty()) return std::nullopt;
-    const auto chosen = answers.front();
+    auto chosen = answers.front();
     answers.pop_front();
     return chosen;
 }
