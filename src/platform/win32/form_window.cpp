@@ -15,7 +15,6 @@ namespace vrix {
 
 namespace {
 
-constexpr UINT dpiChanged = 0x02E0;  // WM_DPICHANGED
 constexpr DWORD pageStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr DWORD posterStyle = WS_POPUP | WS_CLIPCHILDREN;
 constexpr int bandGap = 16;  // from the title band to the content
@@ -203,15 +202,17 @@ bool FormWindow::isDefault(const Control& control) const {
 }
 
 bool FormWindow::translate(MSG& message) {
-    constexpr LPARAM wasDown = LPARAM{1} << 30;
     // Nothing on a page has a key mark, whatever "&" its texts hold.
     if (message.message == WM_CHAR || message.message == WM_SYSCHAR) return false;
-    if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN) {
+    if (message.message == WM_KEYDOWN && (message.wParam == VK_RETURN || message.wParam == VK_SPACE)) {
+        constexpr LPARAM wasDown = LPARAM{1} << 30;
+        const bool held = (message.lParam & wasDown) != 0;
         const ControlWindow* focused = message.hwnd == handle_ ? nullptr : ControlWindow::of(message.hwnd);
-        if (focused == nullptr || !focused->wantsEnter()) {
-            if ((message.lParam & wasDown) == 0) pressEnter();
-            return true;
-        }
+        const bool text = focused != nullptr && focused->control().kind() == ControlKind::textBox;
+        const bool enter = message.wParam == VK_RETURN && (focused == nullptr || !focused->wantsEnter());
+        if (enter && !held) pressEnter();
+        // A key that is held while the page changes does nothing on the next one.
+        if (enter || (held && !text)) return true;
     }
     return IsDialogMessageA(handle_, &message) != FALSE;
 }
@@ -302,7 +303,7 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
             if (item.CtlType == ODT_LISTBOX) ControlWindow::of(item.hwndItem)->drawRow(item);
             return TRUE;
         }
-        case dpiChanged: {
+        case WM_DPICHANGED: {
             const RECT& area = *reinterpret_cast<const RECT*>(lParam);
             SetWindowPos(handle_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
                          SWP_NOZORDER | SWP_NOACTIVATE);

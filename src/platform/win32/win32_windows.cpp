@@ -134,9 +134,8 @@ void Win32Windows::catchUp() {
         const FormWindow* before = active();
         for (Form* form : forms) {
             if (!form->visible()) continue;
-            auto& window = forms_[form];
-            if (window == nullptr) window = std::make_unique<FormWindow>(*this, *form);
-            window->show(before);
+            if (windowOf(*form) == nullptr) forms_.emplace(form, std::make_unique<FormWindow>(*this, *form));
+            windowOf(*form)->show(before);
         }
         for (Form* form : forms) {
             if (form->visible()) continue;
@@ -153,7 +152,7 @@ FormWindow* Win32Windows::windowOf(Form& form) const {
 FormWindow* Win32Windows::active() const {
     FormWindow* any = nullptr;
     for (const auto& [form, window] : forms_) {
-        if (window == nullptr || !window->onScreen()) continue;
+        if (!window->onScreen()) continue;
         if (window->handle() == GetActiveWindow()) return window.get();
         any = window.get();
     }
