@@ -20,9 +20,9 @@ public:
     Label Label4{Frame2, "Label4", {100, 124, -32, 24}, "Edit An Existing Product", Look::subheading};
     TaskPicture DeleteImg{Frame2, "DeleteImg", {0, 192, 80, 80}, Art::remove, "Delete An Existing Product"};
     Label Label5{Frame2, "Label5", {100, 220, -32, 24}, "Delete An Existing Product", Look::subheading};
-    Picture Image1{Frame2, "Image1", {-24, 28, 24, 24}, Art::emblem};
-    Picture Image2{Frame2, "Image2", {-24, 220, 24, 24}, Art::emblem};
     Frame Frame3{*this, "Frame3", {0, -60, 0, 0}};
+    Picture Image1{Frame3, "Image1", {32, 18, 24, 24}, Art::emblem};
+    Picture Image2{Frame3, "Image2", {64, 18, 24, 24}, Art::emblem};
     ImageButton ExitBtn{Frame3, "ExitBtn", {-112, 16, 88, 28}, "Exit"};
     ButtonLabel& ExitBtnLbl = ExitBtn.label;
 
