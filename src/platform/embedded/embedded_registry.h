@@ -1,12 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/embedded/ordered_names.h"
@@ -21,10 +22,14 @@ using Environment = std::function<std::optional<std::string>(const std::string& 
 struct Change {
     enum class Kind : std::uint8_t { makeKey = 1, removeKey, setValue, removeValue };
 
-    Kind kind = Kind::makeKey;
+    explicit Change(Kind kind_, std::string path_, std::string name_ = {}, std::uint32_t type_ = 0,
+                    std::string data_ = {})
+        : kind(kind_), path(std::move(path_)), name(std::move(name_)), type(type_), data(std::move(data_)) {}
+
+    Kind kind;
     std::string path;
     std::string name;
-    std::uint32_t type = 0;
+    std::uint32_t type;
     std::string data;
 };
 
@@ -54,10 +59,59 @@ protected:
     // Called with each change before it is made. Any status but success refuses it and leaves the registry as it was.
     virtual Status keep(const Change& change) = 0;
 
-    // Makes a change that was kept earlier. False when it does not fit what is there.
-    bool repeat(const Change& change);
+    // Makes a change that was kept earlier. False, and nothing made, when it does not fit what is there.
+    bool repeat(Change change);
     // The changes that lead from an empty registry to this one, in order.
-    void tell(const std::function<void(const Change&)>& listener) const;
+    using Listener = std::function<void(const Change&)>;
+    void tell(const Listener& listener) const;
+
+private:
+    struct Value {
+        std::uint32_t type = 0;
+        std::string data;
+    };
+    struct Key;
+    using KeyPointer = std::shared_ptr<Key>;
+    struct Key {
+        std::string name;
+        Key* parent = nullptr;  // none for the hive; not to be followed from a removed key
+        std::size_t level = 0;
+        bool permanent = false;
+        bool removed = false;
+        OrderedNames<KeyPointer> keys;
+        OrderedNames<Value> values;
+        std::map<std::size_t, std::size_t> nameLengths;  // how many value names have each length
+    };
+    // The deepest key of a path that exists, and the parts that lead on from it.
+    struct Place {
+        KeyPointer key;
+        std::vector<std::string> missing;
+    };
+    struct Open {
+        KeyPointer key;
+        std::uint32_t rights = 0;
+    };
+
+    Status reach(RegistryKey handle, std::uint32_t rights, KeyPointer& key) const;
+    Status locate(RegistryKey parent, const std::string& path, Place& place) const;
+    RegistryKey open(const KeyPointer& key, std::uint32_t rights);
+    void tell(const Key& key, const std::string& path, const Listener& listener) const;
+
+    static Status follow(const std::string& path, Place& place);
+    static Status mayMake(const Place& place);
+    static Status mayRemove(const Key& key);
+    static std::string pathOf(const Key& key);
+    static KeyPointer makeKeys(const Place& place);
+    static KeyPointer makeKey(Key& parent, const std::string& name);
+    static void removeKey(Key& key);
+    static void put(Key& key, Change change);
+    static void removeValue(Key& key, const std::string& name);
+
+    Environment environment_;
+    KeyPointer machine_;
+    KeyPointer classes_;
+    std::map<RegistryKey, Open> open_;
+    RegistryKey lastHandle_ = 0;
 };
 
 }  // namespace vrix

@@ -22,7 +22,7 @@ public:
     std::size_t at(std::size_t index) const;
 
 private:
-    std::vector<std::size_t> sums_;  // sums_[i - 1] counts the used slots among the i & -i that end with slot i - 1
+    std::vector<std::size_t> sums_;  // a binary indexed tree of how many are in use
     std::size_t used_ = 0;
 };
 

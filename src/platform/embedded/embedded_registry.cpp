@@ -1,0 +1,315 @@
+#include "platform/embedded/embedded_registry.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+namespace vrix {
+
+namespace {
+
+constexpr std::size_t longestPath = 260;  // in one call, as the platform's narrow calls have it
+constexpr std::size_t longestKeyName = 255;
+constexpr std::size_t longestValueName = 16'383;
+constexpr std::size_t deepestLevel = 512;
+constexpr std::uint32_t largestValue = 1u << 30;
+constexpr std::uint32_t setValueRight = 2;
+
+// A text as the platform's calls see it: up to its first zero byte.
+std::string cut(const std::string& text) { return text.c_str(); }
+
+bool isText(std::uint32_t type) {
+    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
+}
+
+bool isHive(RegistryKey key) { return key == hive::localMachine || key == hive::classesRoot; }
+
+}  // namespace
+
+EmbeddedRegistry::EmbeddedRegistry(Environment environment)
+    : environment_(std::move(environment)), machine_(std::make_shared<Key>()) {
+    const KeyPointer software = makeKey(*machine_, "Software");
+    classes_ = makeKey(*software, "Classes");
+    machine_->permanent = software->permanent = classes_->permanent = true;
+}
+
+// ---- Calls ----
+
+Status EmbeddedRegistry::openKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) {
+    key = 0;
+    Place place;
+    if (const Status status = locate(parent, path, place); status != Status::success) return status;
+    if (!place.missing.empty()) return Status::fileNotFound;
+    // A hive opened by no path is the hive itself, with all its rights.
+    key = isHive(parent) && cut(path).empty() ? parent : open(place.key, rights);
+    return Status::success;
+}
+
+Status EmbeddedRegistry::createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
+                                   RegistryKey& key) {
+    key = 0;
+    Place place;
+    Status status = locate(parent, path, place);
+    if (status == Status::success) status = mayMake(place);
+    if (status == Status::success && !place.missing.empty()) {
+        Change change(Change::Kind::makeKey, pathOf(*place.key));
+        for (const std::string& part : place.missing) change.path += '\\' + part;
+        status = keep(change);
+    }
+    if (status == Status::success) key = open(makeKeys(place), rights);
+    return status;
+}
+
+Status EmbeddedRegistry::closeKey(RegistryKey key) {
+    return isHive(key) || open_.erase(key) > 0 ? Status::success : Status::invalidHandle;
+}
+
+Status EmbeddedRegistry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
+                                    std::uint32_t& size) {
+    KeyPointer found;
+    if (const Status status = reach(key, access::queryValue, found); status != Status::success) return status;
+    const auto* entry = found->values.find(cut(name));
+    if (entry == nullptr) return Status::fileNotFound;
+    const std::string& bytes = entry->item.data;
+    const std::uint32_t room = size;
+    type = entry->item.type;
+    size = static_cast<std::uint32_t>(bytes.size());
+    if (data == nullptr) return Status::success;
+    if (room < size) return Status::moreData;
+    bytes.copy(static_cast<char*>(data), size);
+    return Status::success;
+}
+
+Status EmbeddedRegistry::setValue(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
+                                  std::uint32_t size) {
+    if (data == nullptr && size > 1) return Status::noAccess;
+    if (!isHive(key) && !open_.contains(key)) return Status::invalidHandle;
+    if (cut(name).size() > longestValueName || size > largestValue) return Status::invalidParameter;
+    KeyPointer found;
+    if (const Status status = reach(key, setValueRight, found); status != Status::success) return status;
+    Change change(Change::Kind::setValue, pathOf(*found), cut(name), type);
+    if (size > 0)
+        change.data = data == nullptr ? std::string(1, '\0') : std::string(static_cast<const char*>(data), size);
+    // The platform counts a terminator that stands behind the text. Here it is not looked for there but added.
+    if (isText(type) && size > 0 && change.data.back() != '\0') change.data += '\0';
+    if (const Status status = keep(change); status != Status::success) return status;
+    put(*found, std::move(change));
+    return Status::success;
+}
+
+Status EmbeddedRegistry::deleteKey(RegistryKey parent, const std::string& path) {
+    Place place;
+    if (const Status status = locate(parent, path, place); status != Status::success) return status;
+    if (!place.missing.empty()) return Status::fileNotFound;
+    Status status = mayRemove(*place.key);
+    if (status == Status::success) status = keep(Change(Change::Kind::removeKey, pathOf(*place.key)));
+    if (status == Status::success) removeKey(*place.key);
+    return status;
+}
+
+Status EmbeddedRegistry::deleteValue(RegistryKey key, const std::string& name) {
+    KeyPointer found;
+    Status status = reach(key, setValueRight, found);
+    if (status != Status::success) return status;
+    const std::string known = cut(name);
+    if (found->values.find(known) == nullptr) return Status::fileNotFound;
+    status = keep(Change(Change::Kind::removeValue, pathOf(*found), known));
+    if (status == Status::success) removeValue(*found, known);
+    return status;
+}
+
+Status EmbeddedRegistry::enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) {
+    KeyPointer found;
+    if (const Status status = reach(key, access::enumerateSubKeys, found); status != Status::success) return status;
+    if (index >= found->keys.size()) return Status::noMoreItems;
+    const std::string& text = found->keys.at(index).name;
+    if (text.size() >= capacity) return Status::moreData;
+    std::memcpy(name, text.c_str(), text.size() + 1);
+    return Status::success;
+}
+
+Status EmbeddedRegistry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) {
+    KeyPointer found;
+    if (const Status status = reach(key, access::queryValue, found); status != Status::success) return status;
+    if (index >= found->values.size()) return Status::noMoreItems;
+    const std::string& text = found->values.at(index).name;
+    if (text.size() >= length) return Status::moreData;
+    std::memcpy(name, text.c_str(), text.size() + 1);
+    length = static_cast<std::uint32_t>(text.size());
+    return Status::success;
+}
+
+Status EmbeddedRegistry::queryInfoKey(RegistryKey key, std::uint32_t& longestName) {
+    KeyPointer found;
+    longestName = 0;
+    if (const Status status = reach(key, access::queryValue, found); status != Status::success) return status;
+    if (!found->nameLengths.empty()) longestName = static_cast<std::uint32_t>(found->nameLengths.rbegin()->first);
+    return Status::success;
+}
+
+std::string EmbeddedRegistry::expandEnvironment(const std::string& source) {
+    const std::string text = cut(source);
+    std::string expanded;
+    std::size_t from = 0;
+    for (;;) {
+        const auto start = text.find('%', from);
+        const auto end = start == std::string::npos ? start : text.find('%', start + 1);
+        if (end == std::string::npos) return expanded + text.substr(from);
+        const std::string name = text.substr(start + 1, end - start - 1);
+        const auto value = name.empty() || !environment_ ? std::nullopt : environment_(name);
+        expanded += text.substr(from, start - from) + value.value_or('%' + name + '%');
+        from = end + 1;
+    }
+}
+
+// ---- Handles and paths ----
+
+Status EmbeddedRegistry::reach(RegistryKey handle, std::uint32_t rights, KeyPointer& key) const {
+    if (isHive(handle)) {
+        key = handle == hive::localMachine ? machine_ : classes_;
+        return Status::success;
+    }
+    const auto found = open_.find(handle);
+    if (found == open_.end()) return Status::invalidHandle;
+    if ((found->second.rights & rights) != rights) return Status::accessDenied;
+    if (found->second.key->removed) return Status::keyDeleted;
+    key = found->second.key;
+    return Status::success;
+}
+
+// The rights of the parent's handle do not matter for a path below it, as on the platform.
+Status EmbeddedRegistry::locate(RegistryKey parent, const std::string& path, Place& place) const {
+    const std::string known = cut(path);
+    if (!isHive(parent) && !open_.contains(parent)) return Status::invalidHandle;
+    if (known.size() > longestPath) return Status::moreData;
+    const Status status = reach(parent, 0, place.key);
+    return status == Status::success ? follow(known, place) : status;
+}
+
+Status EmbeddedRegistry::follow(const std::string& path, Place& place) {
+    if (path.starts_with('\\')) return Status::badPathName;
+    std::size_t from = 0;
+    while ((from = path.find_first_not_of('\\', from)) != std::string::npos) {
+        const std::string part = path.substr(from, path.find('\\', from) - from);
+        from += part.size();
+        const auto* next = place.missing.empty() ? place.key->keys.find(part) : nullptr;
+        if (next != nullptr) {
+            place.key = next->item;
+        } else if (part.size() > longestKeyName && place.missing.empty()) {
+            return Status::invalidParameter;
+        } else {
+            place.missing.push_back(part);
+        }
+    }
+    return Status::success;
+}
+
+RegistryKey EmbeddedRegistry::open(const KeyPointer& key, std::uint32_t rights) {
+    constexpr RegistryKey step = 4;
+    constexpr RegistryKey highest = std::numeric_limits<std::int32_t>::max() - step;
+    do lastHandle_ = lastHandle_ < highest ? lastHandle_ + step : step;
+    while (open_.contains(lastHandle_));
+    open_[lastHandle_] = {key, rights};
+    return lastHandle_;
+}
+
+std::string EmbeddedRegistry::pathOf(const Key& key) {
+    std::string path = key.name;
+    for (const Key* above = key.parent; above != nullptr && above->parent != nullptr; above = above->parent) {
+        path.insert(0, above->name + '\\');
+    }
+    return path;
+}
+
+// ---- Changes ----
+
+Status EmbeddedRegistry::mayMake(const Place& place) {
+    if (place.missing.empty()) return Status::success;
+    const bool inHive = place.key->parent == nullptr;
+    const bool tooDeep = place.key->level + place.missing.size() > deepestLevel;
+    const bool tooLong = std::any_of(place.missing.begin(), place.missing.end(),
+                                     [](const std::string& part) { return part.size() > longestKeyName; });
+    return inHive || tooDeep || tooLong ? Status::invalidParameter : Status::success;
+}
+
+Status EmbeddedRegistry::mayRemove(const Key& key) {
+    return key.permanent || key.keys.size() > 0 ? Status::accessDenied : Status::success;
+}
+
+EmbeddedRegistry::KeyPointer EmbeddedRegistry::makeKeys(const Place& place) {
+    KeyPointer key = place.key;
+    for (const std::string& part : place.missing) key = makeKey(*key, part);
+    return key;
+}
+
+EmbeddedRegistry::KeyPointer EmbeddedRegistry::makeKey(Key& parent, const std::string& name) {
+    auto key = std::make_shared<Key>();
+    key->name = name;
+    key->parent = &parent;
+    key->level = parent.level + 1;
+    parent.keys.add(name, key);
+    return key;
+}
+
+void EmbeddedRegistry::removeKey(Key& key) {
+    key.removed = true;
+    key.parent->keys.remove(key.name);
+}
+
+void EmbeddedRegistry::put(Key& key, Change change) {
+    if (auto* entry = key.values.find(change.name)) {
+        entry->item = {change.type, std::move(change.data)};
+        return;
+    }
+    ++key.nameLengths[change.name.size()];
+    key.values.add(std::move(change.name), {change.type, std::move(change.data)});
+}
+
+void EmbeddedRegistry::removeValue(Key& key, const std::string& name) {
+    const auto counted = key.nameLengths.find(name.size());
+    if (--counted->second == 0) key.nameLengths.erase(counted);
+    key.values.remove(name);
+}
+
+bool EmbeddedRegistry::repeat(Change change) {
+    Place place{machine_, {}};
+    if (follow(change.path, place) != Status::success) return false;
+    const bool makes = change.kind == Change::Kind::makeKey;
+    if (makes == place.missing.empty()) return false;
+    switch (change.kind) {
+        case Change::Kind::makeKey:
+            if (mayMake(place) != Status::success) return false;
+            makeKeys(place);
+            return true;
+        case Change::Kind::removeKey:
+            if (mayRemove(*place.key) != Status::success) return false;
+            removeKey(*place.key);
+            return true;
+        case Change::Kind::setValue:
+            if (change.name.size() > longestValueName) return false;
+            put(*place.key, std::move(change));
+            return true;
+        case Change::Kind::removeValue:
+            if (place.key->values.find(change.name) == nullptr) return false;
+            removeValue(*place.key, change.name);
+            return true;
+    }
+    return false;
+}
+
+void EmbeddedRegistry::tell(const Listener& listener) const { tell(*machine_, "", listener); }
+
+void EmbeddedRegistry::tell(const Key& key, const std::string& path, const Listener& listener) const {
+    if (!key.permanent) listener(Change(Change::Kind::makeKey, path));
+    for (std::size_t i = 0; i < key.values.size(); ++i) {
+        const auto& [name, value] = key.values.at(i);
+        listener(Change(Change::Kind::setValue, path, name, value.type, value.data));
+    }
+    for (std::size_t i = 0; i < key.keys.size(); ++i) {
+        const auto& [name, below] = key.keys.at(i);
+        tell(*below, path.empty() ? name : path + '\\' + name, listener);
+    }
+}
+
+}  // namespace vrix

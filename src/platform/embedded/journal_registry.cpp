@@ -1,0 +1,59 @@
+#include "platform/embedded/journal_registry.h"
+
+#include <optional>
+#include <utility>
+
+#include "platform/standard/native_path.h"
+
+namespace vrix {
+
+namespace {
+
+// A record is the kind in one byte, then the type and the lengths of path and name, then path, name and data.
+constexpr std::size_t fixedSize = 13;
+
+std::string recordOf(const Change& change) {
+    std::string record(1, static_cast<char>(change.kind));
+    record += packed(change.type);
+    record += packed(static_cast<std::uint32_t>(change.path.size()));
+    record += packed(static_cast<std::uint32_t>(change.name.size()));
+    return record + change.path + change.name + change.data;
+}
+
+std::optional<Change> changeOf(const std::string& record) {
+    if (record.size() < fixedSize) return std::nullopt;
+    const std::size_t path = unpacked(record, 5);
+    const std::size_t name = unpacked(record, 9);
+    const std::size_t rest = record.size() - fixedSize;
+    if (path > rest || name > rest - path) return std::nullopt;
+    return Change(static_cast<Change::Kind>(record[0]), record.substr(fixedSize, path),
+                  record.substr(fixedSize + path, name), unpacked(record, 1), record.substr(fixedSize + path + name));
+}
+
+}  // namespace
+
+JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalLock> lock)
+    : EmbeddedRegistry(std::move(environment)), lock_(std::move(lock)) {
+    if (!isFolder(folderOf(path))) throw JournalError("The folder of the file \"" + path + "\" does not exist.");
+    if (!lock_->acquire(path)) throw JournalError("The file \"" + path + "\" is in use by another program.");
+    file_ = std::make_unique<JournalFile>(path, [this](const std::string& record) {
+        auto change = changeOf(record);
+        return change && repeat(std::move(*change));
+    });
+    rewriteIfWorth();
+}
+
+void JournalRegistry::rewriteIfWorth() {
+    constexpr std::uint64_t smallFile = 16'384;
+    std::uint64_t needed = 0;
+    tell([&](const Change& change) { needed += JournalFile::headSize + recordOf(change).size(); });
+    if (file_->size() <= smallFile + 2 * needed) return;
+    file_->rewrite(
+        [this](const JournalFile::Writer& write) { tell([&](const Change& change) { write(recordOf(change)); }); });
+}
+
+Status JournalRegistry::keep(const Change& change) {
+    return file_->append(recordOf(change)) ? Status::success : Status::registryIoFailed;
+}
+
+}  // namespace vrix
