@@ -42,13 +42,13 @@ void dump(Registry& registry, cRegistryFunctions& settings, const std::string& s
 
 }  // namespace
 
-std::shared_ptr<MemoryRegistry> Walk::freshRegistry() {
+std::shared_ptr<EmbeddedRegistry> Walk::freshRegistry() {
     return std::make_shared<MemoryRegistry>([](const std::string& name) -> std::optional<std::string> {
         return name == "DOCS" ? std::optional<std::string>("C:\\Docs") : std::nullopt;
     });
 }
 
-Walk::Walk(std::shared_ptr<MemoryRegistry> left)
+Walk::Walk(std::shared_ptr<EmbeddedRegistry> left)
     : stored(std::move(left)), program({registry, windows, dialog, files, clock}), folder_(freshFolder()) {}
 
 Walk::~Walk() { std::filesystem::remove_all(folder_); }

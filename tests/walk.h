@@ -20,11 +20,11 @@ class Walk {
 public:
     Walk() : Walk(freshRegistry()) {}
     // On a store that another run of the program left behind.
-    explicit Walk(std::shared_ptr<MemoryRegistry> left);
+    explicit Walk(std::shared_ptr<EmbeddedRegistry> left);
     ~Walk();
 
-    std::shared_ptr<MemoryRegistry> stored;
-    MemoryRegistry& registry = *stored;
+    std::shared_ptr<EmbeddedRegistry> stored;
+    EmbeddedRegistry& registry = *stored;
     HeadlessWindows windows;
     HeadlessFileDialog dialog;
     StandardFiles files;
@@ -56,7 +56,7 @@ public:
     std::string tree(const std::string& section = "");
 
 private:
-    static std::shared_ptr<MemoryRegistry> freshRegistry();
+    static std::shared_ptr<EmbeddedRegistry> freshRegistry();
     std::filesystem::path folder_;
 };
 
