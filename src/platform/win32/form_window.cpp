@@ -54,10 +54,6 @@ RECT withFrame(RECT client, HWND window, int dpi) {
     return client;
 }
 
-bool sameSize(const RECT& a, const RECT& b) {
-    return a.right - a.left == b.right - b.left && a.bottom - a.top == b.bottom - b.top;
-}
-
 RECT windowRect(HWND window) {
     RECT area{};
     GetWindowRect(window, &area);
@@ -112,9 +108,11 @@ void FormWindow::measureRegions() {
 }
 
 void FormWindow::placeOnScreen() {
-    RECT client = style_->px(form_.bounds());
-    OffsetRect(&client, style_->px(form_.left()), style_->px(form_.top()));
+    const RECT client = style_->px(form_.bounds());
     RECT area = withFrame(client, handle_, style_->dpi());
+    // The form stands in the middle with its frame, which counts half on each side.
+    OffsetRect(&area, style_->px(form_.left()) - (area.left + area.right - client.right) / 2,
+               style_->px(form_.top()) - (area.top + area.bottom - client.bottom) / 2);
     RECT work{};
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
     OffsetRect(&area, 0, std::min<int>(0, work.bottom - area.bottom));
@@ -129,15 +127,11 @@ void FormWindow::applyStyle(int dpi) {
     RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
-void FormWindow::show(const FormWindow* before) {
+void FormWindow::show() {
     takeEnabled();
     if (onScreen_) return;
     onScreen_ = true;
     lastFocus_ = nullptr;
-    if (before != nullptr && sameSize(windowRect(before->handle_), windowRect(handle_))) {
-        const RECT area = windowRect(before->handle_);
-        SetWindowPos(handle_, nullptr, area.left, area.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
     ShowWindow(handle_, SW_SHOW);
     if (GetActiveWindow() == handle_) activated(true);
     RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);

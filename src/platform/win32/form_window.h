@@ -29,8 +29,8 @@ public:
     UINT_PTR nextId() const { return firstId + controls_.size(); }
 
     bool onScreen() const { return onScreen_; }
-    // Comes up in front with the focus on its first input, in place of `before` if that has the same size.
-    void show(const FormWindow* before);
+    // Comes up in front with the focus on its first input.
+    void show();
     void hide();
     void takeEnabled();
 

@@ -131,11 +131,10 @@ void Win32Windows::catchUp() {
     const auto forms = std::exchange(changedForms_, {});
     quietly([&] {
         for (const Control* control : controls) windowOf(control->form())->update(*control);
-        const FormWindow* before = active();
         for (Form* form : forms) {
             if (!form->visible()) continue;
             if (windowOf(*form) == nullptr) forms_.emplace(form, std::make_unique<FormWindow>(*this, *form));
-            windowOf(*form)->show(before);
+            windowOf(*form)->show();
         }
         for (Form* form : forms) {
             if (form->visible()) continue;

@@ -1,0 +1,43 @@
+# Sourced by the scripts at the root: what they say, and what the machine must have.
+
+say() { printf '%s\n' "$*"; }
+
+fail() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+# need PACKAGE ...: installs the Debian packages that are missing, and says which.
+need() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    command -v apt-get >/dev/null || fail "This machine has no apt-get. Please install by hand: ${missing[*]}"
+    local root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || fail "Please run this as root, or install as root: ${missing[*]}"
+        root=(sudo)
+    fi
+    say "Installing what this machine lacks: ${missing[*]}"
+    mkdir -p build/logs
+    {
+        "${root[@]}" apt-get update &&
+            "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
+    } >build/logs/install.log 2>&1 </dev/null ||
+        fail "The packages could not be installed; build/logs/install.log says why. They are: ${missing[*]}"
+}
+
+# build PRESET LOG [CMAKE-OPTION ...] -- TARGET ...: configures and builds; false when either fails.
+build() {
+    local preset=$1 log=build/logs/$2 options=()
+    shift 2
+    while [ "$1" != -- ]; do
+        options+=("$1")
+        shift
+    done
+    shift
+    mkdir -p build/logs
+    { cmake --preset "$preset" "${options[@]}" && cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1
+}

@@ -1,0 +1,64 @@
+# Sourced by the scripts that run Windows programs: a Wine of this folder's own, and a display that nobody sees.
+
+export WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES='winedbg.exe=d;mscoree=d;mshtml=d'
+
+# The path as a Windows program sees it.
+windows_path() {
+    local path
+    path=$(realpath -m "$1")
+    printf 'Z:%s' "${path//\//\\}"
+}
+
+# use_wine FOLDER: makes Wine's settings in the folder, anew if they are broken.
+use_wine() {
+    WINEPREFIX=$(realpath -m "$1")
+    export WINEPREFIX
+    local try
+    for try in 1 2; do
+        if [ -f "$WINEPREFIX/ready" ] && timeout 60 wine cmd /c exit >/dev/null 2>&1; then return 0; fi
+        timeout 10 wineserver -k >/dev/null 2>&1 || true
+        rm -rf "$WINEPREFIX"
+        mkdir -p "$WINEPREFIX"
+        timeout 180 wineboot -i >/dev/null 2>&1 </dev/null && timeout 60 wineserver -w && : >"$WINEPREFIX/ready"
+    done
+    fail "Wine could not be set up in $1 (try $try)."
+}
+
+# Windows of all programs lie on one desktop of Wine's own, which gives them frames and keeps track of the focus.
+use_wine_desktop() {
+    wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1024x768 /f >/dev/null 2>&1
+    wineserver -w
+}
+
+# Starts a display that nobody sees, and ends it and Wine with the script.
+start_display() {
+    local pipe
+    pipe=$(mktemp -u)
+    mkfifo "$pipe"
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$pipe" >/dev/null 2>&1 </dev/null &
+    display_process=$!
+    local number
+    read -r -t 30 number <"$pipe" || number=
+    rm -f "$pipe"
+    [ -n "$number" ] || fail "The virtual display did not start."
+    export DISPLAY=:$number
+}
+
+end_wine() {
+    [ -z "${WINEPREFIX:-}" ] || timeout 20 wineserver -k >/dev/null 2>&1 || true
+    [ -z "${display_process:-}" ] || kill "$display_process" 2>/dev/null || true
+}
+trap end_wine EXIT
+
+# forget_trial: removes the Trial program's store.
+forget_trial() { rm -rf "$WINEPREFIX"/drive_c/users/*/AppData/Local/'Vrix Toolkit Trial'; }
+
+# drive WALK PROGRAM FOLDER: works the program's windows as the walk says; pictures and files go into the folder.
+drive() {
+    local folder
+    folder=$(windows_path "$3")
+    mkdir -p "$3"
+    timeout 300 wine build/win64/tests/driver/vrix_driver.exe "$1" "program=$(windows_path "$2")" \
+        "pictures=$folder\\" "folder=$folder\\" </dev/null
+}
