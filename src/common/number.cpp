@@ -72,6 +72,11 @@ std::int16_t count16(std::size_t count) {
     return add16(0, static_cast<int>(std::min(count, tooLarge)));
 }
 
+std::int16_t cappedCount16(std::size_t count) {
+    constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::min(count, most));
+}
+
 std::int16_t halved(std::int16_t count) {
     const int whole = count / 2;
     const int odd = count % 2;  // -1, 0 or 1

@@ -16,6 +16,9 @@ std::int16_t add16(std::int16_t value, int more);
 // The number as a 16-bit count; failure 6 when it does not fit.
 std::int16_t count16(std::size_t count);
 
+// The number as a 16-bit count that was counted up with failures ignored: beyond what fits, no step counts.
+std::int16_t cappedCount16(std::size_t count);
+
 // Half of a count, rounded to the nearest whole number with halves to the even neighbour.
 std::int16_t halved(std::int16_t count);
 

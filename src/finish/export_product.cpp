@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/number.h"
 #include "edit/edit1.h"
 #include "finish/settings_file.h"
 #include "store/cregistry_functions.h"
@@ -33,6 +34,11 @@ SettingsTable ProductExport::list(const std::string& below) const {
     return toolkit_.settings.GetAllSettings(application, root_ + below);
 }
 
+// A listing's rows are counted by their cells, in 16 bits.
+int ProductExport::rowsOf(const SettingsTable& table) const {
+    return halved(ignoreFailures_ ? cappedCount16(table.cellCount()) : count16(table.cellCount()));
+}
+
 void ProductExport::header(SettingsFile& file, const std::string& below) {
     statement([&] { file.header(root_ + below); });
 }
@@ -44,7 +50,7 @@ void ProductExport::section(SettingsFile& file, const std::string& below, Data d
 }
 
 void ProductExport::entries(SettingsFile& file, const SettingsTable& table, Data data) {
-    const int rows = table.rowCount();
+    const int rows = rowsOf(table);
     for (int r = 0; r < rows; ++r) {
         statement([&] { file.entry(table.name(r), data == Data::path ? escapedPath(table.text(r)) : table.text(r)); });
     }
@@ -82,7 +88,7 @@ void ProductExport::options(SettingsFile& file) {
     SettingsTable table;
     statement([&] { table = list("\\Options"); });
     int rows = 0;
-    statement([&] { rows = table.rowCount(); });
+    statement([&] { rows = rowsOf(table); });
     for (int r = 0; r < rows; ++r) {
         if (isPathName(table.name(r))) continue;
         statement([&] { file.entry(table.name(r), table.text(r)); });

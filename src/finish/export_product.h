@@ -32,6 +32,7 @@ private:
     }
     std::string read(const std::string& section, const std::string& name) const;
     SettingsTable list(const std::string& below) const;
+    int rowsOf(const SettingsTable& table) const;
     void header(SettingsFile& file, const std::string& below);
     void section(SettingsFile& file, const std::string& below, Data data);
     void entries(SettingsFile& file, const SettingsTable& table, Data data);

@@ -1,8 +1,5 @@
 #include "smartfields/create19.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "common/number.h"
 #include "common/runtime_failure.h"
 #include "edit/edit1.h"
@@ -42,8 +39,7 @@ void Create19::loadFromStore() {
         [&] { stored = toolkit.settings.GetAllSettings(application, toolkit.edit1.ProductRegKey + "\\SmartFields"); });
     std::size_t cells = 0;
     ignoring([&] { cells = stored.cellCount(); });
-    constexpr std::size_t mostCells = std::numeric_limits<std::int16_t>::max();
-    const std::int16_t rows = halved(static_cast<std::int16_t>(std::min(cells, mostCells)));
+    const std::int16_t rows = halved(cappedCount16(cells));
     for (int r = 0; r < rows; ++r) {
         ignoring([&] { SmartFields.addItem(stored.text(r)); });
         ignoring([&] { list().growTo(SmartFieldCount); });

@@ -86,8 +86,8 @@ void cRegistry::CreateAdditionalEXEAssociations(const std::string& sClassName, c
     if (vItems.size() % 3 != 0) return;
     SectionKey = sClassName;
     if (!KeyExists()) return;
-    ValueType = static_cast<std::int32_t>(valuetype::string);
     for (std::size_t i = 0; i < vItems.size(); i += 3) {
+        ValueType = static_cast<std::int32_t>(valuetype::string);
         setVerb(sClassName + "\\shell\\" + vItems[i], vItems[i + 1], vItems[i + 2]);
     }
 }

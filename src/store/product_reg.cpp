@@ -1,20 +1,11 @@
 #include "store/product_reg.h"
 
-#include <algorithm>
-#include <limits>
-
 #include "common/number.h"
 #include "store/cregistry_functions.h"
 
 namespace vrix {
 
 namespace {
-
-// Counting stops at what 16 bits hold: every step beyond fails by itself, and these failures are ignored.
-std::int16_t counted(std::size_t cells) {
-    constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::min(cells, most));
-}
 
 std::size_t filledCells(const SettingsTable& table) {
     if (!table.isTable()) return 0;
@@ -34,8 +25,8 @@ void ProductReg::GetProducts() {
     // Each row counts by its two cells, an empty cell not at all.
     const std::size_t installed = filledCells(Products);
     const std::size_t develop = filledCells(DevelopProducts);
-    CountProducts = halved(counted(installed + develop));
-    DevelopCountProducts = halved(counted(develop));
+    CountProducts = halved(cappedCount16(installed + develop));
+    DevelopCountProducts = halved(cappedCount16(develop));
 }
 
 void ProductReg::GetTopics(const std::string& ProductRegKey) {
@@ -48,8 +39,8 @@ void ProductReg::GetTopics(const std::string& ProductRegKey) {
     // The walk over a missing first table fails at its start but counts one cell; alone that rounds away.
     const std::size_t first = ProductTopics.isTable() ? ProductTopics.cellCount() : 1;
     const std::size_t second = ToolkitTopicsValid ? ToolkitTopics.cellCount() : 0;
-    CountTopics = halved(counted(first + second));
-    ToolkitCountTopics = halved(counted(second));
+    CountTopics = halved(cappedCount16(first + second));
+    ToolkitCountTopics = halved(cappedCount16(second));
 }
 
 Topic ProductReg::topic(int row) const {

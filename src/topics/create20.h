@@ -15,18 +15,18 @@ public:
 
     Label OrderLbl{Frame2, "OrderLbl", {0, 0, 0, 18}, "Topics:"};
     std::array<OptionButton, optionCount> OrderOption{
-        OptionButton{Frame2, "OrderOption(0)", {0, 26, -140, 22}},
-        OptionButton{Frame2, "OrderOption(1)", {0, 58, -140, 22}},
-        OptionButton{Frame2, "OrderOption(2)", {0, 90, -140, 22}},
-        OptionButton{Frame2, "OrderOption(3)", {0, 122, -140, 22}},
-        OptionButton{Frame2, "OrderOption(4)", {0, 154, -140, 22}},
-        OptionButton{Frame2, "OrderOption(5)", {0, 186, -140, 22}},
+        OptionButton{Frame2, "OrderOption(0)", {0, 26, -80, 22}},
+        OptionButton{Frame2, "OrderOption(1)", {0, 58, -80, 22}},
+        OptionButton{Frame2, "OrderOption(2)", {0, 90, -80, 22}},
+        OptionButton{Frame2, "OrderOption(3)", {0, 122, -80, 22}},
+        OptionButton{Frame2, "OrderOption(4)", {0, 154, -80, 22}},
+        OptionButton{Frame2, "OrderOption(5)", {0, 186, -80, 22}},
     };
-    ImageButton MoveDownBtn{Frame2, "MoveDownBtn", {-120, 84, 56, 28}, "-"};
-    ImageButton MoveUpBtn{Frame2, "MoveUpBtn", {-120, 122, 56, 28}, "+"};
+    ImageButton MoveDownBtn{Frame2, "MoveDownBtn", {-56, 26, 56, 28}, "-"};
+    ImageButton MoveUpBtn{Frame2, "MoveUpBtn", {-56, 64, 56, 28}, "+"};
     ImageButton PageDownBtn{Frame2, "PageDownBtn", {0, 236, 120, 28}, "Previous Page"};
-    Label PageNum{Frame2, "PageNum", {136, 241, 64, 18}, "x/x"};
-    ImageButton PageUpBtn{Frame2, "PageUpBtn", {204, 236, 120, 28}, "Next Page"};
+    ImageButton PageUpBtn{Frame2, "PageUpBtn", {130, 236, 120, 28}, "Next Page"};
+    Label PageNum{Frame2, "PageNum", {266, 241, 120, 18}, "x/x"};
 
     std::int16_t OrderCurrentView = 0;   // the page on show, from 1
     std::int16_t OrderChosenOption = 0;  // the chosen row on the page

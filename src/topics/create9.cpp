@@ -51,7 +51,7 @@ void Create9::loadTopics() {
 void Create9::loadMatrix() {
     const SettingsTable matrix =
         toolkit.settings.GetAllSettings(application, toolkit.edit1.ProductRegKey + "\\Dependencies\\Matrix");
-    const int rows = matrix.rowCount();
+    const int rows = halved(count16(matrix.cellCount()));
     Depends.sizeTo(Topics.count());
     for (int r = 0; r < rows; ++r) Depends.at(toInt16(matrix.name(r))) = matrix.text(r);
 }
