@@ -19,7 +19,9 @@ use_wine() {
         timeout 10 wineserver -k >/dev/null 2>&1 || true
         rm -rf "$WINEPREFIX"
         mkdir -p "$WINEPREFIX"
-        timeout 180 wineboot -i >/dev/null 2>&1 </dev/null && timeout 60 wineserver -w && : >"$WINEPREFIX/ready"
+        timeout 180 wineboot -i >/dev/null 2>&1 </dev/null && timeout 60 wineserver -w || continue
+        cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"  # Wine does not find them where they lie
+        : >"$WINEPREFIX/ready"
     done
     fail "Wine could not be set up in $1 (try $try)."
 }
