@@ -14,12 +14,20 @@ void send(std::vector<INPUT> events) {
     if (SendInput(count, events.data(), sizeof(INPUT)) != count) throw StepFailure("the screen takes no input");
 }
 
-INPUT mouse(DWORD flags, LONG x = 0, LONG y = 0) {
+// A point in the units of the mouse, 65536 to the screen's width and height.
+LONG inMouseUnits(LONG place, int metric) {
+    const LONG size = GetSystemMetrics(metric);
+    return (place * 65536 + size / 2) / size;
+}
+
+// Each event carries its place: an event that only followed a move could meet the pointer elsewhere, where the screen's
+// own report of an older move comes late.
+INPUT mouse(POINT at, DWORD button) {
     INPUT event{};
     event.type = INPUT_MOUSE;
-    event.mi.dwFlags = flags;
-    event.mi.dx = x;
-    event.mi.dy = y;
+    event.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button;
+    event.mi.dx = inMouseUnits(at.x, SM_CXSCREEN);
+    event.mi.dy = inMouseUnits(at.y, SM_CYSCREEN);
     return event;
 }
 
@@ -42,30 +50,13 @@ WORD keyNamed(const std::string& name) {
     return found->second;
 }
 
-// A point in the units of the mouse, 65536 to the screen's width and height.
-LONG inMouseUnits(LONG place, int metric) {
-    const LONG size = GetSystemMetrics(metric);
-    return (place * 65536 + size / 2) / size;
-}
-
 }  // namespace
 
 POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
 
-void moveTo(POINT point) {
-    send({mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, inMouseUnits(point.x, SM_CXSCREEN),
-                inMouseUnits(point.y, SM_CYSCREEN))});
-}
+void moveTo(POINT point) { send({mouse(point, 0)}); }
 
-void press() { send({mouse(MOUSEEVENTF_LEFTDOWN)}); }
-
-void release() { send({mouse(MOUSEEVENTF_LEFTUP)}); }
-
-void click(POINT point) {
-    moveTo(point);
-    press();
-    release();
-}
+void drag(POINT from, POINT to) { send({mouse(from, MOUSEEVENTF_LEFTDOWN), mouse(to, MOUSEEVENTF_LEFTUP)}); }
 
 void type(const std::string& text) {
     std::wstring characters(text.size() + 1, L'\0');

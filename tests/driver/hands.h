@@ -10,9 +10,9 @@ namespace vrix::driver::hands {
 POINT middleOf(const RECT& area);
 
 void moveTo(POINT point);
-void press();
-void release();
-void click(POINT point);
+// Presses the left button at one place and lets go at another.
+void drag(POINT from, POINT to);
+inline void click(POINT point) { drag(point, point); }
 
 // Types characters, whatever keys they lie on.
 void type(const std::string& text);

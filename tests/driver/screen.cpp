@@ -2,6 +2,8 @@
 
 #include <oleacc.h>
 
+#include <algorithm>
+
 namespace vrix::driver {
 
 namespace {
@@ -21,10 +23,20 @@ std::string className(HWND window) {
 
 bool isList(HWND window) { return isClass(window, "LISTBOX") || isClass(window, "ComboLBox"); }
 
-std::string narrow(const wchar_t* text) {
-    char narrowed[1024]{};
-    WideCharToMultiByte(CP_ACP, 0, text, -1, narrowed, sizeof(narrowed) - 1, nullptr, nullptr);
-    return narrowed;
+std::string narrow(const std::wstring& text) {
+    std::string narrowed(text.size() * 2, '\0');
+    const int length = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrowed.data(),
+                                           static_cast<int>(narrowed.size()), nullptr, nullptr);
+    return narrowed.substr(0, static_cast<std::size_t>(length));
+}
+
+// Wide, since Wine does not narrow the rows of a list on their way from another program.
+std::string row(HWND list, UINT lengthMessage, UINT textMessage, WPARAM index) {
+    std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(0, ask(list, lengthMessage, index))) + 1, L'\0');
+    DWORD_PTR length = 0;
+    SendMessageTimeoutW(list, textMessage, index, reinterpret_cast<LPARAM>(text.data()), SMTO_ABORTIFHUNG, patience,
+                        &length);
+    return narrow(text.c_str());
 }
 
 }  // namespace
@@ -113,9 +125,7 @@ std::vector<std::string> rowsOf(HWND list) {
     const bool plain = isList(list);
     std::vector<std::string> rows(static_cast<std::size_t>(ask(list, plain ? LB_GETCOUNT : CB_GETCOUNT)));
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        std::string text(static_cast<std::size_t>(ask(list, plain ? LB_GETTEXTLEN : CB_GETLBTEXTLEN, i)) + 1, '\0');
-        ask(list, plain ? LB_GETTEXT : CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()));
-        rows[i] = text.c_str();
+        rows[i] = plain ? row(list, LB_GETTEXTLEN, LB_GETTEXT, i) : row(list, CB_GETLBTEXTLEN, CB_GETLBTEXT, i);
     }
     return rows;
 }

@@ -109,11 +109,12 @@ HWND Walker::awaitWindow(const std::string& what, const std::function<bool(HWND)
 }
 
 void Walker::enter(HWND window, const std::string& name) {
+    if (!name_.empty()) throw StepFailure("\"" + name_ + "\" went by without a picture");
     window_ = window;
-    name_ = name;
+    if (pictured_.insert(name).second) name_ = name;
 }
 
-// The pointer goes aside first, to where it is over no control.
+// Keeps the window's picture if it has none yet. The pointer goes aside first, to where it is over no control.
 void Walker::leave() {
     if (name_.empty()) return;
     const RECT area = areaOf(window_);
@@ -295,11 +296,8 @@ void Walker::press(const Step& step) {
 void Walker::slip(const Step& step) {
     const HWND button = liveButton(step.target(0));
     leave();
-    hands::moveTo(reachable(button, areaOf(button)));
-    hands::press();
     const RECT area = areaOf(button);
-    hands::moveTo({area.right + 2, area.bottom + 2});
-    hands::release();
+    hands::drag(reachable(button, area), {area.right + 2, area.bottom + 2});
 }
 
 void Walker::check(const Step& step) {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,7 @@ private:
     HWND window_ = nullptr;  // the one that the steps are about
     HWND before_ = nullptr;  // the page under a message
     std::string name_;       // of the window, until its picture is taken
+    std::set<std::string> pictured_;
 };
 
 }  // namespace vrix::driver
