@@ -20,10 +20,12 @@ store() {
 }
 store >"$out/store"
 time=$(sed -n 's/^.*|Creation Date=//p' "$out/store")
-awk '/^\[/ { gsub(/[][]/, ""); key = $0 == "" ? "" : "\\" $0; print key "|"; next } { print key "|" $0 }' \
+awk '/^\[]/ { next } /^\[/ { gsub(/[][]/, ""); key = "\\" $0; print key "|"; next } { print key "|" $0 }' \
     tests/expected/sample.tree | sed "s|Creation Date=.*|Creation Date=$time|" | sort | diff - "$out/store"
 
-wine reg delete 'HKLM\Software\Vrix' /f >/dev/null
+wine reg delete 'HKLM\Software\Vrix' /f >/dev/null 2>&1 || true
+[ -z "$(store)" ]
 wine regedit /S "$(windows_path "$out/sample.kls")"
-wineserver -w
-store | diff <(sed 's/|Creation Date=/|CreationDate=/; /SmartFields/d' "$out/store" | sort) <(store | grep -v SmartFields)
+# The file has a section for SmartFields, and the merge makes its key, where the store has none.
+store | grep -vxF '\Toolkit\SampleKey\SmartFields|' >"$out/merged"
+sed 's/|Creation Date=/|CreationDate=/' "$out/store" | sort | diff - "$out/merged"
