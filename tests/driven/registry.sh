@@ -1,0 +1,19 @@
+# Sourced by the checks on the machine's registry.
+
+# The store as the platform's own tool lists it: a sorted "key|" line for each key, "key|name=text" for each value.
+store() {
+    wine reg query 'HKLM\Software\Vrix' /s 2>/dev/null | tr -d '\r' | awk '
+        /^HKEY_/ { key = substr($0, length("HKEY_LOCAL_MACHINE\\Software\\Vrix") + 1); print key "|"; next }
+        match($0, /    REG_(EXPAND_)?SZ    ?/) {
+            print key "|" substr($0, 5, RSTART - 5) "=" substr($0, RSTART + RLENGTH)
+        }' | sort
+}
+
+values() { grep -v '|$'; }
+
+empty_store() {
+    wine reg delete 'HKLM\Software\Vrix' /f >/dev/null 2>&1 || true
+    [ -z "$(store)" ]
+}
+
+merge() { wine regedit /S "$(windows_path "$1")"; }
