@@ -168,11 +168,15 @@ TEST(Dependencies, OfAStoredProductGoByIndexAndAreSavedByRow) {
 TEST(EditMode, OnlyAnInstalledProductAloneHasAddedTopics) {
     StoredTopics installed(mixed, false);
     installed.walk.user.press("TopicsBtn").choose("Topics", 1).press("DeleteBtn");
-    EXPECT_NE(installed.walk.message().find("part of the standard installation set"), std::string::npos);
+    const std::string standard =
+        "Confirm Deletion: This topic is part of the standard installation set for this product. If you delete it, you "
+        "will not be able to recreate this topic, except with a reinstallation of the product. Are you sure you would "
+        "like to continue?";
+    EXPECT_EQ(installed.walk.message(), standard);
     installed.walk.user.choose("Topics", 2).press("DeleteBtn");
     EXPECT_EQ(installed.walk.message(), "Confirm Deletion: Are you sure you want to delete this topic?");
     installed.walk.user.choose("Topics", 2).press("DeleteBtn");  // the one behind now counts as standard
-    EXPECT_NE(installed.walk.message().find("part of the standard installation set"), std::string::npos);
+    EXPECT_EQ(installed.walk.message(), standard);
 
     StoredTopics beside(mixed, false);
     beside.walk.put("Toolkit\\Products", "D", "d");
