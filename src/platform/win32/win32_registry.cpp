@@ -82,13 +82,15 @@ Status Win32Registry::queryInfoKey(RegistryKey key, std::uint32_t& longestValueN
 }
 
 std::string Win32Registry::expandEnvironment(const std::string& text) {
+    constexpr std::size_t longestText = 32'766;  // the platform loses what is longer
+    const std::string known = text.c_str();
     std::string expanded;
-    DWORD needed = ExpandEnvironmentStringsA(text.c_str(), nullptr, 0);
+    DWORD needed = known.size() > longestText ? 0 : ExpandEnvironmentStringsA(known.c_str(), nullptr, 0);
     while (needed > expanded.size()) {
         expanded.assign(needed, '\0');
-        needed = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
+        needed = ExpandEnvironmentStringsA(known.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
     }
-    return expanded.c_str();
+    return needed == 0 ? known : expanded.c_str();
 }
 
 }  // namespace vrix

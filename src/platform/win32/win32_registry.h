@@ -4,7 +4,8 @@
 
 namespace vrix {
 
-// The registry of the machine, straight by the platform's narrow calls.
+// The registry of the machine, straight by the platform's narrow calls. A text of more than 32,766 characters is not
+// expanded, and an expansion ends there: the platform has no more.
 class Win32Registry final : public Registry {
 public:
     Status openKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) override;
