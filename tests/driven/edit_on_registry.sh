@@ -7,15 +7,16 @@ set -euo pipefail
 trap - EXIT
 out=build/driven/edit
 rm -rf "$out"
+mkdir -p "$out"
 empty_store
 merge tests/expected/sample.kls
-store >"$out.before"
+store >"$out/before"
 drive tests/walks/edit.walk build/win64/VrixToolkit.exe "$out"
 store >"$out/store"
 
 # What was edited, and only that. An unnamed value stands behind the rewritten Topics' index and matrix.
 root='\Toolkit\SampleKey'
-diff "$out.before" "$out/store" >"$out/changes" && exit 1
+diff "$out/before" "$out/store" >"$out/changes" && exit 1
 diff - <(grep '^[<>]' "$out/changes" | sort) <<END
 < $root\Options|AllowUseAlternateCoverPage=0
 < $root\Options|CoverPage2=
