@@ -1,11 +1,10 @@
-#include "hands.h"
-
+#include <algorithm>
+#include <cstdlib>
 #include <map>
-#include <vector>
 
 #include "screen.h"
 
-namespace vrix::driver::hands {
+namespace vrix::driver {
 
 namespace {
 
@@ -17,11 +16,9 @@ void send(std::vector<INPUT> events) {
 // A point in the units of the mouse, 65536 to the screen's width and height.
 LONG inMouseUnits(LONG place, int metric) {
     const LONG size = GetSystemMetrics(metric);
-    return (place * 65536 + size / 2) / size;
+    return (place * 65536 + size - 1) / size;
 }
 
-// Each event carries its place: an event that only followed a move could meet the pointer elsewhere, where the screen's
-// own report of an older move comes late.
 INPUT mouse(POINT at, DWORD button) {
     INPUT event{};
     event.type = INPUT_MOUSE;
@@ -41,10 +38,10 @@ INPUT key(WORD virtualKey, WORD character, DWORD flags) {
 }
 
 WORD keyNamed(const std::string& name) {
-    static const std::map<std::string, WORD> names{
-        {"Tab", VK_TAB},    {"Shift", VK_SHIFT}, {"Ctrl", VK_CONTROL},  {"Alt", VK_MENU},    {"Enter", VK_RETURN},
-        {"Esc", VK_ESCAPE}, {"Space", VK_SPACE}, {"Delete", VK_DELETE}, {"Home", VK_HOME},   {"End", VK_END},
-        {"Up", VK_UP},      {"Down", VK_DOWN},   {"Left", VK_LEFT},     {"Right", VK_RIGHT}, {"F4", VK_F4}};
+    static const std::map<std::string, WORD> names{{"Tab", VK_TAB},       {"Shift", VK_SHIFT}, {"Alt", VK_MENU},
+                                                   {"Enter", VK_RETURN},  {"Esc", VK_ESCAPE},  {"Space", VK_SPACE},
+                                                   {"Delete", VK_DELETE}, {"Home", VK_HOME},   {"End", VK_END},
+                                                   {"Up", VK_UP},         {"Down", VK_DOWN},   {"F4", VK_F4}};
     const auto found = names.find(name);
     if (found == names.end()) throw StepFailure("no key is called \"" + name + '"');
     return found->second;
@@ -52,13 +49,30 @@ WORD keyNamed(const std::string& name) {
 
 }  // namespace
 
-POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
+// The screen reports the pointer's moves to the windows below it, and a late report of an older move takes the pointer
+// back. So it must rest at its place while those windows answer, several times in a row.
+void moveTo(POINT point) {
+    constexpr int enough = 4;
+    constexpr int mostLooks = 500;
+    int resting = 0;
+    for (int look = 0; look < mostLooks && resting < enough; ++look) {
+        POINT at{};
+        GetCursorPos(&at);
+        resting = at.x == point.x && at.y == point.y ? resting + 1 : 0;
+        if (resting == 0) send({mouse(point, 0)});
+        ask(GetForegroundWindow(), WM_NULL);
+        ask(GetDesktopWindow(), WM_NULL);
+        Sleep(5);
+    }
+    if (resting < enough) throw StepFailure("the pointer does not rest");
+}
 
-void moveTo(POINT point) { send({mouse(point, 0)}); }
+void drag(POINT from, POINT to) {
+    moveTo(from);
+    send({mouse(from, MOUSEEVENTF_LEFTDOWN), mouse(to, MOUSEEVENTF_LEFTUP)});
+}
 
-void drag(POINT from, POINT to) { send({mouse(from, MOUSEEVENTF_LEFTDOWN), mouse(to, MOUSEEVENTF_LEFTUP)}); }
-
-void type(const std::string& text) {
+void typeCharacters(const std::string& text) {
     std::wstring characters(text.size() + 1, L'\0');
     const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), characters.data(),
                                            static_cast<int>(characters.size()));
@@ -70,7 +84,7 @@ void type(const std::string& text) {
     if (!events.empty()) send(std::move(events));
 }
 
-void keys(const std::string& names) {
+void pressKeys(const std::string& names) {
     std::vector<INPUT> down;
     std::vector<INPUT> up;
     for (std::size_t at = 0; at < names.size();) {
@@ -86,4 +100,4 @@ void keys(const std::string& names) {
     send(std::move(down));
 }
 
-}  // namespace vrix::driver::hands
+}  // namespace vrix::driver

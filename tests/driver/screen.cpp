@@ -21,34 +21,24 @@ std::string className(HWND window) {
     return name;
 }
 
-bool isList(HWND window) { return isClass(window, "LISTBOX") || isClass(window, "ComboLBox"); }
-
-std::string narrow(const std::wstring& text) {
-    std::string narrowed(text.size() * 2, '\0');
-    const int length = WideCharToMultiByte(CP_ACP, 0, text.data(), static_cast<int>(text.size()), narrowed.data(),
-                                           static_cast<int>(narrowed.size()), nullptr, nullptr);
-    return narrowed.substr(0, static_cast<std::size_t>(length));
+std::string narrow(const wchar_t* text) {
+    char narrowed[4096]{};
+    WideCharToMultiByte(CP_ACP, 0, text, -1, narrowed, sizeof(narrowed) - 1, nullptr, nullptr);
+    return narrowed;
 }
 
 // Wide, since Wine does not narrow the rows of a list on their way from another program.
 std::string row(HWND list, UINT lengthMessage, UINT textMessage, WPARAM index) {
     std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(0, ask(list, lengthMessage, index))) + 1, L'\0');
     DWORD_PTR length = 0;
-    SendMessageTimeoutW(list, textMessage, index, reinterpret_cast<LPARAM>(text.data()), SMTO_ABORTIFHUNG, patience,
-                        &length);
+    const auto place = reinterpret_cast<LPARAM>(text.data());
+    SendMessageTimeoutW(list, textMessage, index, place, SMTO_ABORTIFHUNG, patience, &length);
     return narrow(text.c_str());
 }
 
 }  // namespace
 
 bool isClass(HWND window, const char* name) { return lstrcmpiA(className(window).c_str(), name) == 0; }
-
-Kind kindOf(HWND window) {
-    if (isClass(window, "STATIC")) return Kind::label;
-    if (isClass(window, "BUTTON")) return Kind::button;
-    const bool input = isClass(window, "EDIT") || isClass(window, "COMBOBOX") || isClass(window, "LISTBOX");
-    return input ? Kind::input : Kind::other;
-}
 
 LRESULT ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     DWORD_PTR answer = 0;
@@ -62,24 +52,14 @@ std::string textOf(HWND window) {
     return text.c_str();
 }
 
-std::string captionOf(HWND button) {
-    std::string shown;
-    const std::string text = textOf(button);
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '&' && i + 1 < text.size()) ++i;
-        shown += text[i];
-    }
-    return shown;
+bool live(HWND window) {
+    return IsWindowVisible(window) && IsWindowEnabled(window) && IsWindowEnabled(GetAncestor(window, GA_ROOT));
 }
 
 RECT areaOf(HWND window) {
     RECT area{};
     GetWindowRect(window, &area);
     return area;
-}
-
-bool live(HWND window) {
-    return IsWindowVisible(window) && IsWindowEnabled(window) && IsWindowEnabled(GetAncestor(window, GA_ROOT));
 }
 
 std::vector<HWND> controlsOf(HWND window) {
@@ -122,17 +102,17 @@ std::string spokenNameOf(HWND control) {
 }
 
 std::vector<std::string> rowsOf(HWND list) {
-    const bool plain = isList(list);
-    std::vector<std::string> rows(static_cast<std::size_t>(ask(list, plain ? LB_GETCOUNT : CB_GETCOUNT)));
+    const bool combo = isClass(list, "COMBOBOX");
+    std::vector<std::string> rows(static_cast<std::size_t>(ask(list, combo ? CB_GETCOUNT : LB_GETCOUNT)));
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows[i] = plain ? row(list, LB_GETTEXTLEN, LB_GETTEXT, i) : row(list, CB_GETLBTEXTLEN, CB_GETLBTEXT, i);
+        rows[i] = combo ? row(list, CB_GETLBTEXTLEN, CB_GETLBTEXT, i) : row(list, LB_GETTEXTLEN, LB_GETTEXT, i);
     }
     return rows;
 }
 
 std::string contentOf(HWND control) {
-    if (kindOf(control) == Kind::button) return ask(control, BM_GETCHECK) == BST_CHECKED ? "checked" : "unchecked";
-    if (!isList(control)) return textOf(control);
+    if (isClass(control, "BUTTON")) return ask(control, BM_GETCHECK) == BST_CHECKED ? "checked" : "unchecked";
+    if (!isClass(control, "LISTBOX")) return textOf(control);
     std::string marked;
     const auto rows = rowsOf(control);
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -141,22 +121,13 @@ std::string contentOf(HWND control) {
     return marked;
 }
 
-std::string sketchOf(HWND window) {
-    std::string sketch = '"' + textOf(window) + '"';
-    sketch += !IsWindowEnabled(window) ? " (takes no input)" : window == GetForegroundWindow() ? " (in front)" : "";
-    for (const HWND control : controlsOf(window)) {
-        if (kindOf(control) == Kind::label && !textOf(control).empty()) sketch += " / " + textOf(control);
-    }
-    return sketch;
-}
-
 std::string listOf(HWND window) {
-    std::string list = sketchOf(window) + '\n';
+    std::string list = "\"" + textOf(window) + (window == GetForegroundWindow() ? "\" in front\n" : "\"\n");
     for (const HWND control : controlsOf(window)) {
         const RECT area = areaOf(control);
         list += "  " + className(control) + " \"" + textOf(control) + "\" at " + std::to_string(area.left) + ',' +
                 std::to_string(area.top) + " to " + std::to_string(area.right) + ',' + std::to_string(area.bottom) +
-                (IsWindowEnabled(control) ? "" : " disabled") + '\n';
+                (live(control) ? "\n" : " takes nothing\n");
     }
     return list;
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+// The screen as a user has it: what there is to see of another program's windows, and a hand on mouse and keyboard.
 namespace vrix::driver {
 
 // A step that did not come true, told as a sentence.
@@ -14,32 +15,29 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-enum class Kind { label, button, input, other };
-
-// What a user can see of a window that belongs to another program.
-Kind kindOf(HWND window);
 bool isClass(HWND window, const char* name);
-std::string textOf(HWND window);
-// The text as it is shown, and as a screen reader says it: without key marks.
-std::string captionOf(HWND button);
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-RECT areaOf(HWND window);
+std::string textOf(HWND window);
 bool live(HWND window);  // seen, and takes input
-
-// The visible controls of a window, in reading order.
-std::vector<HWND> controlsOf(HWND window);
-// The visible windows of a process, the front one first.
-std::vector<HWND> windowsOf(DWORD process);
+RECT areaOf(HWND window);
+std::vector<HWND> controlsOf(HWND window);   // the visible ones, in reading order
+std::vector<HWND> windowsOf(DWORD process);  // the visible ones, the front one first
 HWND focusOf(HWND window);
-// The name by which a screen reader calls what has the focus.
-std::string spokenNameOf(HWND control);
-
+std::string spokenNameOf(HWND control);  // by which a screen reader calls it
 std::vector<std::string> rowsOf(HWND list);
-// What an input holds: a text, the current row, the marked rows; of a button whether it is checked.
+// The text, the current row, or the marked rows of an input; of a button whether it is checked.
 std::string contentOf(HWND control);
+std::string listOf(HWND window);  // with all its controls
 
-// The window in one sentence, and with all its controls.
-std::string sketchOf(HWND window);
-std::string listOf(HWND window);
+// Keeps a part of the screen as a PNG file, once it stands still. Throws for a part that shows nothing.
+void takePicture(const RECT& area, const std::string& file);
+
+void moveTo(POINT point);
+// Presses the left button at one place and lets go at another.
+void drag(POINT from, POINT to);
+// Types characters, whatever keys they lie on.
+void typeCharacters(const std::string& text);
+// Presses keys together: "Tab", "Shift+Tab". Throws for a name that no key has.
+void pressKeys(const std::string& names);
 
 }  // namespace vrix::driver

@@ -1,0 +1,385 @@
+// Works the windows of a program from outside, as a walk tells it:
+//     vrix_driver WALK [NAME=VALUE ...]
+// A walk has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in double quotes as
+// they are on the screen, single words need none, a name in braces stands for a value given to the driver. "pictures"
+// names the folder for pictures. The exit code is 0 for a walk that came true in every step.
+
+#include <objbase.h>
+
+#include <algorithm>
+#include <fstream>
+#include <functional>
+#include <iomanip>
+#include <iostream>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "screen.h"
+
+namespace vrix::driver {
+
+namespace {
+
+constexpr DWORD patience = 30000;  // milliseconds until a step has waited in vain
+constexpr DWORD betweenLooks = 10;
+
+using Values = std::map<std::string, std::string>;
+// What a step names: one text, or a text behind others on the page, as in "Cover Page 2" > "Path:".
+using Target = std::vector<std::string>;
+
+struct Step {
+    std::string verb;
+    std::vector<Target> targets;
+
+    const Target& target(std::size_t i) const {
+        if (i >= targets.size()) throw StepFailure("the step takes more than that");
+        return targets[i];
+    }
+    const std::string& text(std::size_t i) const { return target(i).back(); }
+    std::vector<std::string> textsFrom(std::size_t i) const {
+        std::vector<std::string> texts;
+        for (; i < targets.size(); ++i) texts.push_back(text(i));
+        return texts;
+    }
+};
+
+Step readStep(const std::string& source, const Values& values) {
+    std::istringstream words(source);
+    Step step;
+    words >> step.verb;
+    bool behind = false;
+    for (std::string word; words >> std::quoted(word, '"', '\0'); behind = word == ">") {
+        if (word == ">") continue;
+        if (!behind) step.targets.emplace_back();
+        std::string text = word;
+        for (const auto& [name, value] : values) {
+            const auto at = text.find('{' + name + '}');
+            if (at != std::string::npos) text.replace(at, name.size() + 2, value);
+        }
+        step.targets.back().push_back(text);
+    }
+    return step;
+}
+
+std::string joined(const std::vector<std::string>& texts, const char* separator) {
+    std::string all;
+    for (const std::string& text : texts) all += (all.empty() ? "" : separator) + text;
+    return all;
+}
+
+bool isLabel(HWND control, const std::string& text) { return isClass(control, "STATIC") && textOf(control) == text; }
+bool isButton(HWND control, const std::string& text) { return isClass(control, "BUTTON") && textOf(control) == text; }
+bool isDialog(HWND window) { return isClass(window, "#32770"); }
+
+POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
+
+// Works one program's windows as its user would. Every step waits until the screen is as it should be; one that waits
+// in vain throws StepFailure. Each window that the walk meets gets its picture before it is left.
+class Walker {
+public:
+    explicit Walker(std::string pictures) : pictures_(std::move(pictures)) {}
+    ~Walker() {
+        if (process_ != nullptr) TerminateProcess(process_, 1);
+    }
+    Walker(const Walker&) = delete;
+    Walker& operator=(const Walker&) = delete;
+
+    bool running() const { return process_ != nullptr; }
+
+    // What stands on the screen, in words and as a picture.
+    std::string sight() const {
+        std::string words;
+        for (const HWND window : windowsOf(processId_)) words += listOf(window);
+        takePicture(areaOf(GetDesktopWindow()), pictures_ + "failure.png");
+        return words;
+    }
+
+    void take(const Step& step) {
+        using Action = void (Walker::*)(const Step&);
+        static const std::map<std::string, Action> actions{
+            {"start", &Walker::start},     {"end", &Walker::end},         {"page", &Walker::page},
+            {"message", &Walker::message}, {"answer", &Walker::answer},   {"file", &Walker::file},
+            {"press", &Walker::press},     {"slip", &Walker::slip},       {"type", &Walker::type},
+            {"check", &Walker::check},     {"uncheck", &Walker::check},   {"option", &Walker::check},
+            {"choose", &Walker::choose},   {"mark", &Walker::mark},       {"key", &Walker::key},
+            {"expect", &Walker::expect},   {"rows", &Walker::rows},       {"disabled", &Walker::disabled},
+            {"focus", &Walker::focus},     {"picture", &Walker::picture}, {"list", &Walker::list}};
+        const auto found = actions.find(step.verb);
+        if (found == actions.end()) throw StepFailure("there is no such step");
+        if (!running() && step.verb != "start") throw StepFailure("the program does not run");
+        (this->*found->second)(step);
+    }
+
+private:
+    void start(const Step& step) {
+        std::string command = '"' + step.text(0) + '"';
+        STARTUPINFOA how{};
+        how.cb = sizeof(how);
+        PROCESS_INFORMATION made{};
+        if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made)) {
+            throw StepFailure("the program cannot be started: error " + std::to_string(GetLastError()));
+        }
+        process_ = made.hProcess;
+        processId_ = made.dwProcessId;
+    }
+
+    void end(const Step& /*step*/) {
+        await("end of the program", [&] { return WaitForSingleObject(process_, 0) == WAIT_OBJECT_0; });
+        DWORD code = 0;
+        GetExitCodeProcess(process_, &code);
+        process_ = nullptr;
+        if (code != 0) throw StepFailure("the program's exit code was " + std::to_string(code));
+    }
+
+    void page(const Step& step) {
+        enter(step.text(0), [texts = step.textsFrom(1)](HWND window) {
+            const auto controls = controlsOf(window);
+            return !isDialog(window) && std::all_of(texts.begin(), texts.end(), [&](const std::string& text) {
+                return std::any_of(controls.begin(), controls.end(),
+                                   [&](HWND control) { return isLabel(control, text) || isButton(control, text); });
+            });
+        });
+    }
+
+    // A message box, with each line of its text.
+    void message(const Step& step) {
+        enter(step.text(0), [&](HWND window) {
+            const auto controls = controlsOf(window);
+            return isDialog(window) && textOf(window) == step.text(1) &&
+                   std::any_of(controls.begin(), controls.end(), [&](HWND control) {
+                       std::string text = textOf(control);
+                       std::erase(text, '\r');
+                       return isClass(control, "STATIC") && text == joined(step.textsFrom(2), "\n");
+                   });
+        });
+    }
+
+    void answer(const Step& step) {
+        press(step);
+        dialogEnds();
+    }
+
+    // A file dialog: types the path and Enter, or only Esc where no path is given.
+    void file(const Step& step) {
+        enter(step.text(0), [&](HWND window) {
+            const HWND focus = focusOf(window);
+            return isDialog(window) && textOf(window) == step.text(1) && focus != nullptr && isClass(focus, "EDIT");
+        });
+        if (step.targets.size() > 2) typeInto(focusOf(window_), step.text(2));
+        leave();
+        pressKeys(step.targets.size() > 2 ? "Enter" : "Esc");
+        dialogEnds();
+    }
+
+    void press(const Step& step) {
+        const HWND button = findLive(step.target(0));
+        leave();
+        click(button, areaOf(button));
+    }
+
+    // Presses a button and lets go outside of it.
+    void slip(const Step& step) {
+        const HWND button = findLive(step.target(0));
+        leave();
+        const RECT area = areaOf(button);
+        awaitFree(button, area);
+        drag(middleOf(area), {area.right + 2, area.bottom + 2});
+    }
+
+    void type(const Step& step) {
+        const HWND box = findLive(step.target(0));
+        click(box, areaOf(box));
+        await("focus in the box", [&] { return focusOf(window_) == box; });
+        typeInto(box, step.text(1));
+    }
+
+    void check(const Step& step) {
+        const HWND box = findLive(step.target(0));
+        const std::string wanted = step.verb == "uncheck" ? "unchecked" : "checked";
+        if (contentOf(box) != wanted) click(box, areaOf(box));
+        await("box that is " + wanted, [&] { return contentOf(box) == wanted; });
+    }
+
+    // Opens the list by mouse and chooses from it by keyboard.
+    void choose(const Step& step) {
+        const HWND box = findLive(step.target(0));
+        const auto row = rowOf(box, step.text(1));
+        click(box, areaOf(box));
+        await("open list", [&] { return ask(box, CB_GETDROPPEDSTATE) != 0; });
+        pressKeys("Home");
+        for (std::size_t i = 0; i < row; ++i) pressKeys("Down");
+        await("way to the row", [&] { return static_cast<std::size_t>(ask(box, CB_GETCURSEL)) == row; });
+        pressKeys("Enter");
+        await("closed list", [&] { return ask(box, CB_GETDROPPEDSTATE) == 0; });
+    }
+
+    // Turns the mark of a row.
+    void mark(const Step& step) {
+        const HWND list = findLive(step.target(0));
+        const auto row = rowOf(list, step.text(1));
+        const LRESULT before = ask(list, LB_GETSEL, row);
+        RECT area{};
+        ask(list, LB_GETITEMRECT, row, reinterpret_cast<LPARAM>(&area));
+        MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&area), 2);
+        click(list, area);
+        await("change of the mark", [&] { return ask(list, LB_GETSEL, row) != before; });
+    }
+
+    void key(const Step& step) {
+        await("window in front", [&] { return GetForegroundWindow() == window_; });
+        pressKeys(step.text(0));
+    }
+
+    void expect(const Step& step) {
+        see(step, [&](HWND control) { return contentOf(control) == step.text(1); });
+    }
+    void rows(const Step& step) {
+        see(step, [&](HWND list) { return rowsOf(list) == step.textsFrom(1); });
+    }
+    void disabled(const Step& step) {
+        see(step, [](HWND control) { return !live(control); });
+    }
+    void focus(const Step& step) {
+        await("focus there", [&] { return spokenNameOf(focusOf(window_)) == step.text(0); });
+    }
+    void picture(const Step& /*step*/) { leave(); }
+    void list(const Step& /*step*/) { std::cout << listOf(window_); }
+
+    void await(const std::string& what, const std::function<bool()>& come) const {
+        for (const ULONGLONG begin = GetTickCount64(); !come(); Sleep(betweenLooks)) {
+            const bool ended = WaitForSingleObject(process_, 0) == WAIT_OBJECT_0 && !come();
+            if (ended) throw StepFailure("the program ended, and there was no " + what);
+            if (GetTickCount64() - begin > patience) throw StepFailure("waited in vain: there was no " + what);
+        }
+    }
+
+    void see(const Step& step, const std::function<bool(HWND)>& isSo) const {
+        await("such control, or not so", [&] {
+            const HWND control = find(step.target(0));
+            return control != nullptr && isSo(control);
+        });
+    }
+
+    void enter(const std::string& name, const std::function<bool(HWND)>& isIt) {
+        if (!name_.empty()) throw StepFailure("\"" + name_ + "\" went by without a picture");
+        HWND front = nullptr;
+        await("such window in front", [&] {
+            front = GetForegroundWindow();
+            const auto windows = windowsOf(processId_);
+            return std::find(windows.begin(), windows.end(), front) != windows.end() && live(front) && isIt(front);
+        });
+        before_ = window_;
+        window_ = front;
+        if (pictured_.insert(name).second) name_ = name;
+    }
+
+    // Takes the window's picture if there is none yet. The pointer goes aside first, to where it is over no control.
+    void leave() {
+        if (name_.empty()) return;
+        POINT corner{3, 3};
+        ClientToScreen(window_, &corner);
+        moveTo(corner);
+        const std::string number = std::to_string(pictured_.size());
+        takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
+        name_.clear();
+    }
+
+    void dialogEnds() {
+        await("end of the dialog", [&] { return !IsWindow(window_); });
+        window_ = before_;
+    }
+
+    // A button by its caption, an input by the label right before it.
+    HWND find(const Target& target) const {
+        std::size_t part = 0;
+        HWND before = nullptr;
+        for (const HWND control : controlsOf(window_)) {
+            const std::string& text = target[part];
+            if (part + 1 < target.size()) {
+                part += isLabel(control, text) ? 1 : 0;
+            } else if (isButton(control, text) ||
+                       (before != nullptr && isLabel(before, text) && !isClass(control, "STATIC"))) {
+                return control;
+            }
+            before = control;
+        }
+        return nullptr;
+    }
+
+    HWND findLive(const Target& target) const {
+        await("\"" + joined(target, "\" > \"") + "\" that takes anything", [&] {
+            const HWND found = find(target);
+            return found != nullptr && live(found);
+        });
+        return find(target);
+    }
+
+    static std::size_t rowOf(HWND list, const std::string& text) {
+        const auto rows = rowsOf(list);
+        const auto row = std::find(rows.begin(), rows.end(), text);
+        if (row == rows.end()) throw StepFailure("the list has no such row");
+        return static_cast<std::size_t>(row - rows.begin());
+    }
+
+    void awaitFree(HWND control, const RECT& area) const {
+        await("way to it: something lies over it",
+              [&] { return GetForegroundWindow() == window_ && WindowFromPoint(middleOf(area)) == control; });
+    }
+
+    void click(HWND control, const RECT& area) const {
+        awaitFree(control, area);
+        drag(middleOf(area), middleOf(area));
+    }
+
+    void typeInto(HWND box, const std::string& text) const {
+        for (const char* keys : {"Home", "Shift+End", "Delete"}) pressKeys(keys);
+        await("empty box", [&] { return textOf(box).empty(); });
+        typeCharacters(text);
+        await("such text in the box", [&] { return textOf(box) == text; });
+    }
+
+    std::string pictures_;
+    HANDLE process_ = nullptr;
+    DWORD processId_ = 0;
+    HWND window_ = nullptr;  // the one that the steps are about
+    HWND before_ = nullptr;  // the one before it: the page under a dialog
+    std::string name_;       // of the window, until its picture is taken
+    std::set<std::string> pictured_;
+};
+
+void walk(std::istream& stream, const Values& values) {
+    Walker walker(values.at("pictures"));
+    std::string source;
+    int line = 0;
+    try {
+        for (++line; std::getline(stream, source); ++line) {
+            const Step step = readStep(source, values);
+            if (!step.verb.empty() && step.verb.front() != '#') walker.take(step);
+        }
+        if (walker.running()) throw StepFailure("the program still runs at the end of the walk");
+    } catch (const StepFailure& failure) {
+        throw StepFailure("line " + std::to_string(line) + ": " + source + '\n' + failure.what() +
+                          "\nOn the screen:\n" + walker.sight());
+    }
+}
+
+}  // namespace
+
+}  // namespace vrix::driver
+
+int main(int count, char** arguments) {
+    const std::vector<std::string> words(arguments + 1, arguments + count);
+    vrix::driver::Values values;
+    for (const std::string& word : words) values[word.substr(0, word.find('='))] = word.substr(word.find('=') + 1);
+    CoInitialize(nullptr);
+    try {
+        std::ifstream stream(words.at(0));
+        if (!stream) throw std::runtime_error("the walk cannot be read");
+        vrix::driver::walk(stream, values);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::cerr << (words.empty() ? "vrix_driver" : words[0]) << ", " << failure.what() << std::endl;
+        return 1;
+    }
+}
