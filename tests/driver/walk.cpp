@@ -132,12 +132,12 @@ private:
         if (code != 0) throw StepFailure("the program's exit code was " + std::to_string(code));
     }
 
+    // A page, by labels that no page before it shows.
     void page(const Step& step) {
         enter(step.text(0), [texts = step.textsFrom(1)](HWND window) {
             const auto controls = controlsOf(window);
             return !isDialog(window) && std::all_of(texts.begin(), texts.end(), [&](const std::string& text) {
-                return std::any_of(controls.begin(), controls.end(),
-                                   [&](HWND control) { return isLabel(control, text) || isButton(control, text); });
+                return std::any_of(controls.begin(), controls.end(), [&](HWND one) { return isLabel(one, text); });
             });
         });
     }
@@ -255,7 +255,7 @@ private:
     }
 
     void see(const Step& step, const std::function<bool(HWND)>& isSo) const {
-        await("such control, or not so", [&] {
+        await("control that is so", [&] {
             const HWND control = find(step.target(0));
             return control != nullptr && isSo(control);
         });
