@@ -44,4 +44,4 @@ merge "$out/edited.kls"
 store | values | grep -v Dependencies | diff - <(values <"$out/store" | grep -v Dependencies)
 
 drive tests/walks/delete.walk build/win64/VrixToolkit.exe "$out/delete"
-[ "$(store)" = '\Toolkit\Products|' ]
+[ "$(store)" = '\Toolkit\Products|'$'\n''\Toolkit|' ]
