@@ -22,6 +22,7 @@ namespace vrix::driver {
 namespace {
 
 constexpr DWORD patience = 30000;  // milliseconds until a step has waited in vain
+constexpr int looksAtList = 50;
 constexpr DWORD betweenLooks = 10;
 
 using Values = std::map<std::string, std::string>;
@@ -206,7 +207,11 @@ private:
         const HWND box = findLive(step.target(0));
         const auto row = rowOf(box, step.text(1));
         click(box, areaOf(box));
-        await("open list", [&] { return ask(box, CB_GETDROPPEDSTATE) != 0; });
+        // A late report of an older place of the pointer can close the list again; F4 opens it without the pointer.
+        const auto open = [&] { return ask(box, CB_GETDROPPEDSTATE) != 0; };
+        for (int look = 0; look < looksAtList && !open(); ++look) Sleep(betweenLooks);
+        if (!open()) pressKeys("F4");
+        await("open list", open);
         pressKeys("Home");
         for (std::size_t i = 0; i < row; ++i) pressKeys("Down");
         await("way to the row", [&] { return static_cast<std::size_t>(ask(box, CB_GETCURSEL)) == row; });
