@@ -64,7 +64,8 @@ public:
     // size on the way out; too little room is moreData, with nothing copied. An empty name is the key's default value.
     [[nodiscard]] virtual Status queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
                                             std::uint32_t& size) = 0;
-    // Writes a value. No data with size 1 stands for an empty string and is stored as its terminator.
+    // Writes a value. No data with size 1 stands for an empty string and is stored as its terminator. A text whose
+    // terminator is not counted is stored with it; it must stand behind the text all the same.
     [[nodiscard]] virtual Status setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                                           const void* data, std::uint32_t size) = 0;
 

@@ -9,15 +9,15 @@ namespace vrix {
 
 namespace {
 
-constexpr std::size_t longestPath = 260;  // in one call, as the platform's narrow calls have it
-constexpr std::size_t longestKeyName = 255;
-constexpr std::size_t longestValueName = 16'383;
-constexpr std::size_t deepestLevel = 512;
-constexpr std::uint32_t largestValue = 1u << 30;
+constexpr std::size_t pathLimit = 260;  // in one call, as the platform's narrow calls have it
+constexpr std::size_t keyNameLimit = 255;
+constexpr std::size_t valueNameLimit = 16'383;
+constexpr std::size_t levelLimit = 512;
+constexpr std::uint32_t sizeLimit = 1u << 30;
 constexpr std::uint32_t setValueRight = 2;
 
 // A text as the platform's calls see it: up to its first zero byte.
-std::string cut(const std::string& text) { return text.c_str(); }
+std::string cut(const std::string& text) { return text.substr(0, text.find('\0')); }
 
 bool isText(std::uint32_t type) {
     return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
@@ -85,13 +85,13 @@ Status EmbeddedRegistry::setValue(RegistryKey key, const std::string& name, std:
                                   std::uint32_t size) {
     if (data == nullptr && size > 1) return Status::noAccess;
     if (!isHive(key) && !open_.contains(key)) return Status::invalidHandle;
-    if (cut(name).size() > longestValueName || size > largestValue) return Status::invalidParameter;
+    if (cut(name).size() > valueNameLimit || size > sizeLimit) return Status::invalidParameter;
     KeyPointer found;
     if (const Status status = reach(key, setValueRight, found); status != Status::success) return status;
     Change change(Change::Kind::setValue, pathOf(*found), cut(name), type);
     if (size > 0)
         change.data = data == nullptr ? std::string(1, '\0') : std::string(static_cast<const char*>(data), size);
-    // The platform counts a terminator that stands behind the text. Here it is not looked for there but added.
+    // The platform looks behind the text for a terminator that was not counted; here it is added unseen.
     if (isText(type) && size > 0 && change.data.back() != '\0') change.data += '\0';
     if (const Status status = keep(change); status != Status::success) return status;
     put(*found, std::move(change));
@@ -140,25 +140,25 @@ Status EmbeddedRegistry::enumValue(RegistryKey key, std::uint32_t index, char* n
     return Status::success;
 }
 
-Status EmbeddedRegistry::queryInfoKey(RegistryKey key, std::uint32_t& longestName) {
+Status EmbeddedRegistry::queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) {
     KeyPointer found;
-    longestName = 0;
+    longestValueName = 0;
     if (const Status status = reach(key, access::queryValue, found); status != Status::success) return status;
-    if (!found->nameLengths.empty()) longestName = static_cast<std::uint32_t>(found->nameLengths.rbegin()->first);
+    if (!found->nameLengths.empty()) longestValueName = static_cast<std::uint32_t>(found->nameLengths.rbegin()->first);
     return Status::success;
 }
 
-std::string EmbeddedRegistry::expandEnvironment(const std::string& source) {
-    const std::string text = cut(source);
+std::string EmbeddedRegistry::expandEnvironment(const std::string& text) {
+    const std::string known = cut(text);
     std::string expanded;
     std::size_t from = 0;
     for (;;) {
-        const auto start = text.find('%', from);
-        const auto end = start == std::string::npos ? start : text.find('%', start + 1);
-        if (end == std::string::npos) return expanded + text.substr(from);
-        const std::string name = text.substr(start + 1, end - start - 1);
-        const auto value = name.empty() || !environment_ ? std::nullopt : environment_(name);
-        expanded += text.substr(from, start - from) + value.value_or('%' + name + '%');
+        const auto start = known.find('%', from);
+        const auto end = start == std::string::npos ? start : known.find('%', start + 1);
+        if (end == std::string::npos) return expanded + known.substr(from);
+        const std::string name = known.substr(start + 1, end - start - 1);
+        const auto value = environment_ ? environment_(name) : std::nullopt;
+        expanded += known.substr(from, start - from) + value.value_or('%' + name + '%');
         from = end + 1;
     }
 }
@@ -182,7 +182,7 @@ Status EmbeddedRegistry::reach(RegistryKey handle, std::uint32_t rights, KeyPoin
 Status EmbeddedRegistry::locate(RegistryKey parent, const std::string& path, Place& place) const {
     const std::string known = cut(path);
     if (!isHive(parent) && !open_.contains(parent)) return Status::invalidHandle;
-    if (known.size() > longestPath) return Status::moreData;
+    if (known.size() > pathLimit) return Status::moreData;
     const Status status = reach(parent, 0, place.key);
     return status == Status::success ? follow(known, place) : status;
 }
@@ -196,7 +196,7 @@ Status EmbeddedRegistry::follow(const std::string& path, Place& place) {
         const auto* next = place.missing.empty() ? place.key->keys.find(part) : nullptr;
         if (next != nullptr) {
             place.key = next->item;
-        } else if (part.size() > longestKeyName && place.missing.empty()) {
+        } else if (part.size() > keyNameLimit && place.missing.empty()) {
             return Status::invalidParameter;
         } else {
             place.missing.push_back(part);
@@ -227,9 +227,9 @@ std::string EmbeddedRegistry::pathOf(const Key& key) {
 Status EmbeddedRegistry::mayMake(const Place& place) {
     if (place.missing.empty()) return Status::success;
     const bool inHive = place.key->parent == nullptr;
-    const bool tooDeep = place.key->level + place.missing.size() > deepestLevel;
+    const bool tooDeep = place.key->level + place.missing.size() > levelLimit;
     const bool tooLong = std::any_of(place.missing.begin(), place.missing.end(),
-                                     [](const std::string& part) { return part.size() > longestKeyName; });
+                                     [](const std::string& part) { return part.size() > keyNameLimit; });
     return inHive || tooDeep || tooLong ? Status::invalidParameter : Status::success;
 }
 
@@ -287,7 +287,7 @@ bool EmbeddedRegistry::repeat(Change change) {
             removeKey(*place.key);
             return true;
         case Change::Kind::setValue:
-            if (change.name.size() > longestValueName) return false;
+            if (change.name.size() > valueNameLimit) return false;
             put(*place.key, std::move(change));
             return true;
         case Change::Kind::removeValue:
@@ -308,7 +308,9 @@ void EmbeddedRegistry::tell(const Key& key, const std::string& path, const Liste
     }
     for (std::size_t i = 0; i < key.keys.size(); ++i) {
         const auto& [name, below] = key.keys.at(i);
-        tell(*below, path.empty() ? name : path + '\\' + name, listener);
+        std::string pathBelow = path;
+        if (!path.empty()) pathBelow += '\\';
+        tell(*below, pathBelow + name, listener);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "platform/embedded/journal_file.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <system_error>
@@ -39,18 +40,11 @@ bool write(std::FILE* stream, const std::string& bytes) {
     return std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
 }
 
-// The next bytes of a file, fewer at its end.
-std::string take(std::FILE* stream, std::size_t count) {
-    std::string bytes(count, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, count, stream));
-    return bytes;
-}
-
 // Whether nothing but zero bytes follows: room that the system gave to a record and never filled.
 bool onlyZeros(std::FILE* stream) {
     int c = 0;
     while (c == 0) c = std::fgetc(stream);
-    return c == EOF;
+    return std::feof(stream) != 0;
 }
 
 JournalError error(const std::string& path, const std::string& what) {
@@ -71,8 +65,9 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
     return number;
 }
 
-JournalFile::JournalFile(const std::string& path, const Reader& reader) : path_(path) {
-    open();
+JournalFile::JournalFile(const std::string& path) : path_(path) { open(); }
+
+void JournalFile::start(const Reader& reader) {
     read(reader);
     if (torn_ && !cutBack()) throw error(path_, "cannot be written.");
     if (size_ > 0) return;
@@ -91,18 +86,24 @@ void JournalFile::read(const Reader& reader) {
     std::error_code failed;
     const std::uint64_t whole = std::filesystem::file_size(nativePath(path_), failed);
     const Stream source(std::fopen(path_.c_str(), "rb"));
-    if (failed || !source) throw error(path_, "cannot be read.");
-    const std::string first = take(source.get(), signature.size());
+    const auto unreadable = error(path_, "cannot be read.");
+    if (failed || !source) throw unreadable;
+    // Bytes that must be there: one that the disk does not give is no end of the file.
+    const auto take = [&](std::uint64_t count) {
+        std::string bytes(static_cast<std::size_t>(count), '\0');
+        if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
+        return bytes;
+    };
+    const std::string first = take(std::min<std::uint64_t>(whole, signature.size()));
     if (!signature.starts_with(first)) throw error(path_, "is not a journal of this program. It was left as it is.");
     torn_ = first.size() < signature.size() && !first.empty();
     if (first.size() < signature.size()) return;
 
     const auto damaged = error(path_, "is damaged and was left as it is. Restore it from a copy or move it away.");
-    size_ = signature.size();
-    while (size_ < whole) {
+    for (size_ = signature.size(); size_ < whole;) {
         torn_ = true;
-        const std::string head = take(source.get(), headSize);
-        if (head.size() < headSize) return;
+        if (whole - size_ < headSize) return;
+        const std::string head = take(headSize);
         const std::uint64_t length = unpacked(head, 0);
         if (check(head.substr(0, 4)) != unpacked(head, 4)) {
             if (head.find_first_not_of('\0') == std::string::npos && onlyZeros(source.get())) return;
@@ -110,7 +111,7 @@ void JournalFile::read(const Reader& reader) {
         }
         const std::uint64_t end = size_ + headSize + length;
         if (end > whole) return;
-        const std::string record = take(source.get(), static_cast<std::size_t>(length));
+        const std::string record = take(length);
         if (check(record) != unpacked(head, 8)) {
             if (end == whole) return;
             throw damaged;

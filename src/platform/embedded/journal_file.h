@@ -28,10 +28,13 @@ public:
     using Reader = std::function<bool(const std::string& record)>;
     using Writer = std::function<void(const std::string& record)>;
 
-    // Opens the file, or makes it, and hands every record to `reader`, which answers whether it makes sense. A last
+    // Opens the file, or makes an empty one, and changes nothing. Throws JournalError when it cannot be written.
+    explicit JournalFile(const std::string& path);
+
+    // Hands every record to `reader`, which answers whether it makes sense, and makes the file ready for more. A last
     // record that is not whole is cut off. Throws JournalError for a file of another kind, for one that is damaged
-    // before its end, and for one that cannot be opened and written.
-    JournalFile(const std::string& path, const Reader& reader);
+    // before its end, and for one that cannot be read; it is left as it was then.
+    void start(const Reader& reader);
 
     std::uint64_t size() const { return size_; }
 

@@ -3,8 +3,6 @@
 #include <optional>
 #include <utility>
 
-#include "platform/standard/native_path.h"
-
 namespace vrix {
 
 namespace {
@@ -34,9 +32,10 @@ std::optional<Change> changeOf(const std::string& record) {
 
 JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalLock> lock)
     : EmbeddedRegistry(std::move(environment)), lock_(std::move(lock)) {
-    if (!isFolder(folderOf(path))) throw JournalError("The folder of the file \"" + path + "\" does not exist.");
+    // Opened before the lock, which cannot tell why it is refused.
+    file_ = std::make_unique<JournalFile>(path);
     if (!lock_->acquire(path)) throw JournalError("The file \"" + path + "\" is in use by another program.");
-    file_ = std::make_unique<JournalFile>(path, [this](const std::string& record) {
+    file_->start([this](const std::string& record) {
         auto change = changeOf(record);
         return change && repeat(std::move(*change));
     });

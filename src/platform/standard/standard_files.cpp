@@ -15,7 +15,7 @@ namespace {
 
 // What stands in the way of a file at this path, before its existence is asked.
 void checkPlace(const std::string& path) {
-    const bool blank = std::string(path.c_str()).find_first_not_of(" \t") == std::string::npos;
+    const bool blank = path.substr(0, path.find('\0')).find_first_not_of(" \t") == std::string::npos;
     if (blank || !isFolder(folderOf(path))) refuse(FailureNumber::pathNotFound);
     if (isFolder(nativePath(path))) refuse(FailureNumber::permissionDenied);
 }
