@@ -28,7 +28,7 @@ std::string bytesOf(const std::string& path);
 std::unique_ptr<JournalRegistry> openedJournal(const std::string& path, bool isFree = true);
 
 // All below a key as "name:type=data;" and "name{...};".
-std::string listing(Registry& registry, RegistryKey key, bool sorted = false);
+std::string listing(Registry& registry, RegistryKey top, bool sorted = false);
 
 enum class Do { open, make, remove, erase, query, set, setNull, names, values, longest, tree, expand, close };
 
@@ -43,7 +43,7 @@ struct Call {
     std::string data = {};  // of a value to set
 };
 
-// Takes calls for a registry and holds the handles. Place 6 keeps the number of a handle that was closed.
+// Takes calls for a registry and holds the handles. Place 6 keeps what was closed.
 struct Caller {
     explicit Caller(Registry& called, bool listsSorted = false);
     ~Caller();
@@ -58,8 +58,8 @@ extern const std::map<std::string, std::string> testEnvironment;  // by names in
 Environment environmentLookup();
 
 // The suite for every registry, each part on a fresh one. The real one, under Wine, may differ: it lists values and
-// subkeys sorted by name; it takes names of keys of 256 characters, one above the limit, and keys directly in the
-// machine's hive; and it tells the longest value name on a handle without the right to read values.
+// subkeys sorted by name; it takes names of keys of 256 characters, one above the limit, any number of levels, and keys
+// directly in the machine's hive; and it tells the longest value name on a handle without the right to read values.
 void expectConforms(const std::function<std::unique_ptr<Registry>()>& fresh, bool isReal = false);
 // The same random calls on both, every answer and the whole trees compared. The right one may be the real one.
 void expectSameAnswers(unsigned seed, int calls, Registry& left, Registry& right, bool isReal = false);

@@ -14,21 +14,22 @@ TEST(StandardFiles, RefuseByNumber) {
     const std::string file = folder.path("file");
     const std::string missing = folder.path("missing");
     writeBytes(file, "x");
-    const std::vector<std::pair<std::string, FailureNumber>> places = {{"", pathNotFound},
-                                                                       {" \t ", pathNotFound},
-                                                                       {"\0x"s, pathNotFound},
-                                                                       {missing + "/x", pathNotFound},
-                                                                       {file + "/x", pathNotFound},
-                                                                       {folder.path("."), permissionDenied},
-                                                                       {folder.path(""), permissionDenied}};
-    for (const auto& [path, number] : places) {
+    const std::map<std::string, FailureNumber> places = {{"", pathNotFound},
+                                                         {" \t ", pathNotFound},
+                                                         {"\0x"s, pathNotFound},
+                                                         {missing + "/x", pathNotFound},
+                                                         {file + "/x", pathNotFound},
+                                                         {folder.path("."), permissionDenied},
+                                                         {folder.path(""), permissionDenied},
+                                                         {missing, fileNotFound}};
+    for (const auto& place : places) {
+        const std::string& path = place.first;
         EXPECT_FALSE(files.exists(path)) << path;
-        EXPECT_EQ(ignoring([&] { files.openText(path); }), number) << path;
-        EXPECT_EQ(ignoring([&] { files.remove(path); }), number) << path;
-        EXPECT_EQ(ignoring([&] { files.createText(path); }), number) << path;
+        EXPECT_EQ(ignoring([&] { files.openText(path); }), place.second) << path;
+        EXPECT_EQ(ignoring([&] { files.remove(path); }), place.second) << path;
+        if (path == missing) continue;
+        EXPECT_EQ(ignoring([&] { files.createText(path); }), place.second) << path;
     }
-    EXPECT_EQ(ignoring([&] { files.openText(missing); }), fileNotFound);
-    EXPECT_EQ(ignoring([&] { files.remove(missing); }), fileNotFound);
     std::filesystem::permissions(file, std::filesystem::perms::owner_read);
     EXPECT_TRUE(files.exists(file));
     files.remove(file);
