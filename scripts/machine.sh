@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the scripts at the root: what they say, and what the machine must have.
 
 say() { printf '%s\n' "$*"; }
@@ -15,16 +16,16 @@ need() {
     done
     [ ${#missing[@]} -eq 0 ] && return
     command -v apt-get >/dev/null || fail "This machine has no apt-get. Please install by hand: ${missing[*]}"
-    local root=()
+    local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
         command -v sudo >/dev/null || fail "Please run this as root, or install as root: ${missing[*]}"
-        root=(sudo)
+        as_root=(sudo)
     fi
     say "Installing what this machine lacks: ${missing[*]}"
     mkdir -p build/logs
     {
-        "${root[@]}" apt-get update &&
-            "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
+        "${as_root[@]}" apt-get update &&
+            "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
     } >build/logs/install.log 2>&1 </dev/null ||
         fail "The packages could not be installed; build/logs/install.log says why. They are: ${missing[*]}"
 }

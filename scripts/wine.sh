@@ -1,6 +1,8 @@
+# shellcheck shell=bash
 # Sourced by the scripts that run Windows programs: a Wine of this folder's own, and a display that nobody sees.
 
-export WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES='winedbg.exe=d;mscoree=d;mshtml=d'
+# Neither a debugger that waits for someone, nor entries in the user's own menus.
+export WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES='winedbg.exe=d;winemenubuilder.exe=d;mscoree=d;mshtml=d'
 
 # The path as a Windows program sees it.
 windows_path() {
@@ -19,7 +21,7 @@ use_wine() {
         timeout 10 wineserver -k >/dev/null 2>&1 || true
         rm -rf "$WINEPREFIX"
         mkdir -p "$WINEPREFIX"
-        timeout 180 wineboot -i >/dev/null 2>&1 </dev/null && timeout 60 wineserver -w || continue
+        if ! timeout 180 wineboot -i >/dev/null 2>&1 </dev/null || ! timeout 60 wineserver -w; then continue; fi
         cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"  # Wine does not find them where they lie
         : >"$WINEPREFIX/ready"
     done

@@ -15,22 +15,22 @@ drive tests/walks/edit.walk build/win64/VrixToolkit.exe "$out"
 store >"$out/store"
 
 # What was edited, and only that. An unnamed value stands behind the rewritten Topics' index and matrix.
-root='\Toolkit\SampleKey'
+product='\Toolkit\SampleKey'
 diff "$out/before" "$out/store" >"$out/changes" && exit 1
 diff - <(grep '^[<>]' "$out/changes" | sort) <<END
-< $root\Options|AllowUseAlternateCoverPage=0
-< $root\Options|CoverPage2=
-< $root\Options|CoverPage2Name=
-< $root\Options|DefaultCoverPage=0
-> $root\Dependencies\IndexTable|(Default)=
-> $root\Dependencies\IndexTable|Tools & more=2
-> $root\Dependencies\Matrix|(Default)=
-> $root\Dependencies\Matrix|2=
-> $root\Options|AllowUseAlternateCoverPage=1
-> $root\Options|CoverPage2=\\\\Server\Docs\Cover2.doc
-> $root\Options|CoverPage2Name=R&D
-> $root\Options|DefaultCoverPage=1
-> $root\Topics|Tools & more=C:\Docs\Tools.doc
+< $product\Options|AllowUseAlternateCoverPage=0
+< $product\Options|CoverPage2=
+< $product\Options|CoverPage2Name=
+< $product\Options|DefaultCoverPage=0
+> $product\Dependencies\IndexTable|(Default)=
+> $product\Dependencies\IndexTable|Tools & more=2
+> $product\Dependencies\Matrix|(Default)=
+> $product\Dependencies\Matrix|2=
+> $product\Options|AllowUseAlternateCoverPage=1
+> $product\Options|CoverPage2=\\\\Server\Docs\Cover2.doc
+> $product\Options|CoverPage2Name=R&D
+> $product\Options|DefaultCoverPage=1
+> $product\Topics|Tools & more=C:\Docs\Tools.doc
 END
 
 # The exported file holds what the tool reads, but for the unnamed values, which shift what stands behind them.

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the checks on the machine's registry.
 
 # The store as the platform's own tool lists it: a sorted "key|" line for each key, "key|name=text" for each value.
