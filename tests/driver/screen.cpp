@@ -1,8 +1,13 @@
 #include "screen.h"
 
+#include <objidl.h>
+
+#include <gdiplus.h>
 #include <oleacc.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <map>
 
 namespace vrix::driver {
 
@@ -36,6 +41,63 @@ std::string row(HWND list, UINT lengthMessage, UINT textMessage, WPARAM index) {
     return narrow(text.c_str());
 }
 
+using Pixels = std::vector<std::uint32_t>;
+
+Pixels lookAt(const RECT& area, int width, int height) {
+    Pixels pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
+    SelectObject(memory, before);
+    BITMAPINFO form{{sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+    GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), pixels.data(), &form, DIB_RGB_COLORS);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+    return pixels;
+}
+
+void send(std::vector<INPUT> events) {
+    const auto count = static_cast<UINT>(events.size());
+    if (SendInput(count, events.data(), sizeof(INPUT)) != count) throw StepFailure("the screen takes no input");
+}
+
+// A point in the units of the mouse, 65536 to the screen's width and height.
+LONG inMouseUnits(LONG place, int metric) {
+    const LONG size = GetSystemMetrics(metric);
+    return (place * 65536 + size - 1) / size;
+}
+
+INPUT mouse(POINT at, DWORD button) {
+    INPUT event{};
+    event.type = INPUT_MOUSE;
+    event.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button;
+    event.mi.dx = inMouseUnits(at.x, SM_CXSCREEN);
+    event.mi.dy = inMouseUnits(at.y, SM_CYSCREEN);
+    return event;
+}
+
+INPUT key(WORD virtualKey, WORD character, DWORD flags) {
+    INPUT event{};
+    event.type = INPUT_KEYBOARD;
+    event.ki.wVk = virtualKey;
+    event.ki.wScan = character != 0 ? character : static_cast<WORD>(MapVirtualKeyA(virtualKey, MAPVK_VK_TO_VSC));
+    event.ki.dwFlags = flags;
+    return event;
+}
+
+WORD keyNamed(const std::string& name) {
+    static const std::map<std::string, WORD> names{{"Tab", VK_TAB},       {"Shift", VK_SHIFT}, {"Alt", VK_MENU},
+                                                   {"Enter", VK_RETURN},  {"Esc", VK_ESCAPE},  {"Space", VK_SPACE},
+                                                   {"Delete", VK_DELETE}, {"Home", VK_HOME},   {"End", VK_END},
+                                                   {"Up", VK_UP},         {"Down", VK_DOWN},   {"F4", VK_F4}};
+    const auto found = names.find(name);
+    if (found == names.end()) throw StepFailure("no key is called \"" + name + '"');
+    return found->second;
+}
+
 }  // namespace
 
 bool isClass(HWND window, const char* name) { return lstrcmpiA(className(window).c_str(), name) == 0; }
@@ -49,6 +111,7 @@ LRESULT ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 std::string textOf(HWND window) {
     std::string text(static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, '\0');
     ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    std::erase(text, '\r');
     return text.c_str();
 }
 
@@ -130,6 +193,76 @@ std::string listOf(HWND window) {
                 (live(control) ? "\n" : " takes nothing\n");
     }
     return list;
+}
+
+void takePicture(const RECT& area, const std::string& file) {
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    // What the program draws behind our last event is there when several looks in a row are alike. A screen that does
+    // not come to rest is taken as it is.
+    Pixels pixels = lookAt(area, width, height);
+    for (int alike = 0, looks = 0; alike < 4 && looks < 100; ++looks) {
+        Sleep(30);
+        Pixels next = lookAt(area, width, height);
+        alike = next == pixels ? alike + 1 : 0;
+        pixels = std::move(next);
+    }
+    if (std::count(pixels.begin(), pixels.end(), pixels.front()) == static_cast<std::ptrdiff_t>(pixels.size())) {
+        throw StepFailure("the window shows nothing but one colour");
+    }
+    ULONG_PTR session = 0;
+    const Gdiplus::GdiplusStartupInput input;
+    Gdiplus::GdiplusStartup(&session, &input, nullptr);
+    constexpr CLSID png{0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
+    Gdiplus::Bitmap bitmap(width, height, width * 4, PixelFormat32bppRGB, reinterpret_cast<BYTE*>(pixels.data()));
+    const std::wstring name(file.begin(), file.end());
+    if (bitmap.Save(name.c_str(), &png, nullptr) != Gdiplus::Ok) throw StepFailure("no picture can be kept as " + file);
+}
+
+// The screen reports the pointer's moves to the windows below it, and a late report of an older move takes the pointer
+// back. So it must rest at its place while those windows answer, several times in a row.
+void moveTo(POINT point) {
+    constexpr int enough = 4;
+    constexpr int mostLooks = 500;
+    int resting = 0;
+    for (int look = 0; look < mostLooks && resting < enough; ++look) {
+        POINT at{};
+        GetCursorPos(&at);
+        resting = at.x == point.x && at.y == point.y ? resting + 1 : 0;
+        if (resting == 0) send({mouse(point, 0)});
+        ask(GetForegroundWindow(), WM_NULL);
+        ask(GetDesktopWindow(), WM_NULL);
+        Sleep(5);
+    }
+    if (resting < enough) throw StepFailure("the pointer does not rest");
+}
+
+void drag(POINT from, POINT to) {
+    moveTo(from);
+    send({mouse(from, MOUSEEVENTF_LEFTDOWN), mouse(to, MOUSEEVENTF_LEFTUP)});
+}
+
+void typeCharacters(const std::string& text) {
+    for (const char character : text) {
+        const auto code = static_cast<unsigned char>(character);
+        send({key(0, code, KEYEVENTF_UNICODE), key(0, code, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
+    }
+}
+
+void pressKeys(const std::string& names) {
+    std::vector<INPUT> down;
+    std::vector<INPUT> up;
+    for (std::size_t at = 0; at < names.size();) {
+        const std::size_t end = std::min(names.find('+', at), names.size());
+        const WORD virtualKey = keyNamed(names.substr(at, end - at));
+        const bool extended = virtualKey >= VK_END && virtualKey <= VK_DELETE;  // beside the number pad
+        const DWORD flags = extended ? KEYEVENTF_EXTENDEDKEY : 0;
+        down.push_back(key(virtualKey, 0, flags));
+        up.insert(up.begin(), key(virtualKey, 0, flags | KEYEVENTF_KEYUP));
+        at = end + 1;
+    }
+    down.insert(down.end(), up.begin(), up.end());
+    send(std::move(down));
 }
 
 }  // namespace vrix::driver

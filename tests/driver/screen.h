@@ -17,8 +17,8 @@ public:
 
 bool isClass(HWND window, const char* name);
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-std::string textOf(HWND window);
-bool live(HWND window);  // seen, and takes input
+std::string textOf(HWND window);  // lines end with LF
+bool live(HWND window);           // seen, and takes input
 RECT areaOf(HWND window);
 std::vector<HWND> controlsOf(HWND window);   // the visible ones, in reading order
 std::vector<HWND> windowsOf(DWORD process);  // the visible ones, the front one first

@@ -71,6 +71,10 @@ std::string joined(const std::vector<std::string>& texts, const char* separator)
 
 bool isLabel(HWND control, const std::string& text) { return isClass(control, "STATIC") && textOf(control) == text; }
 bool isButton(HWND control, const std::string& text) { return isClass(control, "BUTTON") && textOf(control) == text; }
+bool shows(HWND window, const std::string& text) {
+    const auto controls = controlsOf(window);
+    return std::any_of(controls.begin(), controls.end(), [&](HWND control) { return isLabel(control, text); });
+}
 bool isDialog(HWND window) { return isClass(window, "#32770"); }
 
 POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
@@ -101,7 +105,7 @@ public:
         static const std::map<std::string, Action> actions{
             {"start", &Walker::start},     {"end", &Walker::end},         {"page", &Walker::page},
             {"message", &Walker::message}, {"answer", &Walker::answer},   {"file", &Walker::file},
-            {"press", &Walker::press},     {"slip", &Walker::slip},       {"type", &Walker::type},
+            {"press", &Walker::press},     {"slip", &Walker::press},      {"type", &Walker::type},
             {"check", &Walker::check},     {"uncheck", &Walker::check},   {"option", &Walker::check},
             {"choose", &Walker::choose},   {"mark", &Walker::mark},       {"key", &Walker::key},
             {"expect", &Walker::expect},   {"rows", &Walker::rows},       {"disabled", &Walker::disabled},
@@ -136,23 +140,15 @@ private:
     // A page, by labels that no page before it shows.
     void page(const Step& step) {
         enter(step.text(0), [texts = step.textsFrom(1)](HWND window) {
-            const auto controls = controlsOf(window);
-            return !isDialog(window) && std::all_of(texts.begin(), texts.end(), [&](const std::string& text) {
-                return std::any_of(controls.begin(), controls.end(), [&](HWND one) { return isLabel(one, text); });
-            });
+            const auto seen = [&](const std::string& text) { return shows(window, text); };
+            return !isDialog(window) && std::all_of(texts.begin(), texts.end(), seen);
         });
     }
 
-    // A message box, with each line of its text.
+    // A message box, by its title and each line of its text.
     void message(const Step& step) {
-        enter(step.text(0), [&](HWND window) {
-            const auto controls = controlsOf(window);
-            return isDialog(window) && textOf(window) == step.text(1) &&
-                   std::any_of(controls.begin(), controls.end(), [&](HWND control) {
-                       std::string text = textOf(control);
-                       std::erase(text, '\r');
-                       return isClass(control, "STATIC") && text == joined(step.textsFrom(2), "\n");
-                   });
+        enter(step.text(0), [title = step.text(1), text = joined(step.textsFrom(2), "\n")](HWND window) {
+            return isDialog(window) && textOf(window) == title && shows(window, text);
         });
     }
 
@@ -173,19 +169,13 @@ private:
         dialogEnds();
     }
 
+    // Presses a button; a slip lets go outside of it.
     void press(const Step& step) {
-        const HWND button = findLive(step.target(0));
-        leave();
-        click(button, areaOf(button));
-    }
-
-    // Presses a button and lets go outside of it.
-    void slip(const Step& step) {
         const HWND button = findLive(step.target(0));
         leave();
         const RECT area = areaOf(button);
         awaitFree(button, area);
-        drag(middleOf(area), {area.right + 2, area.bottom + 2});
+        drag(middleOf(area), step.verb == "slip" ? POINT{area.right + 2, area.bottom + 2} : middleOf(area));
     }
 
     void type(const Step& step) {
