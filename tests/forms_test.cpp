@@ -1,6 +1,5 @@
 #include "common/number.h"
 #include "common/runtime_failure.h"
-#include "forms/event.h"
 #include "walk.h"
 
 namespace vrix {
@@ -125,15 +124,6 @@ TEST(Pages, NoControlLiesOverAnotherOrOutside) {
             }
         }
     }
-}
-
-TEST(Events, WhatEscapesIsReportedAndEndsTheProgram) {
-    HeadlessWindows windows;
-    runEvent(windows, [] { throw RuntimeFailure(FailureNumber::typeMismatch); });
-    ASSERT_EQ(windows.messages.size(), 1u);
-    EXPECT_EQ(windows.messages[0].title, "Vrix 3.0 Administrative Toolkit");
-    EXPECT_EQ(windows.messages[0].text, "Run-time error '13':\r\n\r\nType mismatch");
-    EXPECT_TRUE(windows.ended);
 }
 
 }  // namespace

@@ -25,18 +25,12 @@ const std::vector<Moves> createChain{
     {"Create17", "Create18", "Create16"},  {"Create18", "ToolkitMain", "Create17"},
 };
 
-void fillLeast(Walk& walk, const std::string& page) {
-    if (page == "Create2") walk.user.type("ProductName", "Manual");
-    if (page == "Create3") walk.user.type("CoverPage1", "c.doc").type("CoverPage1Name", "Cover");
-    if (page == "Create8") walk.addTopic("A", "a.doc").addTopic("B", "b.doc");
-}
-
 TEST(Moves, EveryPageOfTheCreateChainLeadsWhereItShould) {
     for (const Moves& moves : createChain) {
         for (const char* button : {"NextBtn", "BackBtn", "ExitBtn"}) {
             Walk walk;
             walk.createTo(moves.page);
-            fillLeast(walk, moves.page);
+            walk.fillLeast(moves.page);
             walk.windows.formLog.clear();
             walk.user.press(button);
             const std::string name = button;
@@ -103,7 +97,7 @@ TEST(Moves, ForwardsForgetsAndBackKeeps) {
     walk.user.press("NextBtn");
     EXPECT_EQ(walk.text("Create3", "CoverPage1"), "");
     EXPECT_EQ(walk.text("Create5", "CourseBriefPath"), "s.doc");
-    fillLeast(walk, "Create3");
+    walk.fillLeast("Create3");
     walk.user.press("NextBtn").press("NextBtn");
     EXPECT_EQ(walk.text("Create5", "CourseBriefPath"), "");
 }
@@ -164,6 +158,29 @@ TEST(Moves, EveryGroupOfEditModeComesBackToTheHub) {
                 EXPECT_TRUE((button == "NextBtn" && !inside) || walk.tree() == before) << where;
             }
         }
+    }
+}
+
+TEST(Moves, EditedFieldsWithoutAPathWalkOnUnsaved) {
+    Walk walk;
+    walk.start().createProduct("Manual").editProduct().user.press("UserDefinedFieldsBtn").type("UserDef1Path", "");
+    const std::string before = walk.tree();
+    for (int n = 0; n < 4; ++n) walk.user.press("NextBtn");
+    EXPECT_EQ(walk.front(), "Create19");
+    EXPECT_EQ(walk.text("Create19", "Label1"), "Create A Product Wizard");
+    EXPECT_TRUE(walk.pages.create10.Edit);
+    EXPECT_EQ(walk.tree(), before);
+}
+
+TEST(Moves, AnExportComesBackToTheHub) {
+    for (const char* button : {"NextBtn", "BackBtn", "ExitBtn"}) {
+        Walk walk;
+        walk.start().createProduct("Manual").editProduct().user.press("ExportSettingsBtn");
+        EXPECT_EQ(walk.text("Create18", "Label2"), "Export Settings");
+        walk.user.type("SettingsPath", walk.path("x.kls")).press(button);
+        EXPECT_EQ(walk.front(), "Edit2") << button;
+        EXPECT_FALSE(walk.pages.create18.Edit) << button;
+        EXPECT_EQ(walk.file("x.kls").empty(), button != std::string("NextBtn"));
     }
 }
 

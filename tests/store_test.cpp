@@ -114,6 +114,48 @@ TEST_F(StoreTest, DeletesOneValueOrAKeyWithoutSubkeys) {
     EXPECT_EQ(walk.tree(), "");
 }
 
+TEST_F(StoreTest, FileTypesAreRegisteredWithTheirVerbs) {
+    cRegistry classes(walk.registry);
+    classes.CreateEXEAssociation({.sExePath = " C:\\v.exe ",
+                                  .sClassName = "Vrix.Doc",
+                                  .sClassDescription = "Vrix document",
+                                  .sAssociation = "vdc",
+                                  .bSupportPrint = true,
+                                  .bSupportInstall = true,
+                                  .lDefaultIconIndex = 2});
+    EXPECT_EQ(classes.ClassKey, hive::localMachine);
+    classes.ClassKey = hive::classesRoot;
+    classes.CreateAdditionalEXEAssociations("Vrix.Doc", {"mail", "&Mail", "m.exe", "odd"});
+    classes.CreateAdditionalEXEAssociations("Vrix.None", {"mail", "&Mail", "m.exe"});
+    classes.ClassKey = hive::classesRoot;
+    classes.CreateAdditionalEXEAssociations("Vrix.Doc", {"mail", "&Mail", "m.exe"});
+    const std::vector<std::pair<std::string, std::string>> expected{
+        {".vdc", "Vrix.Doc"},
+        {"Vrix.Doc", "Vrix document"},
+        {"Vrix.Doc\\shell\\open", "&Open"},
+        {"Vrix.Doc\\shell\\open\\command", "\"C:\\v.exe\" \"%1\""},
+        {"Vrix.Doc\\shell\\print\\command", "\"C:\\v.exe\" /p \"%1\""},
+        {"Vrix.Doc\\shell\\add", "&Install vdc"},
+        {"Vrix.Doc\\DefaultIcon", "\"C:\\v.exe\",2"},
+        {"Vrix.Doc\\shell\\mail\\command", "m.exe"},
+    };
+    for (const auto& [section, text] : expected) {
+        classes.ClassKey = hive::classesRoot;
+        classes.SectionKey = section;
+        EXPECT_TRUE(classes.KeyExists()) << section;
+        EXPECT_EQ(textOf(classes.Value()), text) << section;
+    }
+    std::vector<std::string> verbs;
+    std::int32_t count = 0;
+    classes.SectionKey = "Vrix.Doc\\shell";
+    EXPECT_TRUE(classes.EnumerateSections(verbs, count));
+    EXPECT_EQ(verbs, (std::vector<std::string>{"open", "print", "add", "mail"}));
+    classes.SectionKey = "Vrix.None";
+    EXPECT_FALSE(classes.KeyExists());
+    EXPECT_TRUE(classes.EnumerateSections(verbs, count) && count == 0);
+    EXPECT_TRUE(classes.CreateKey() && classes.KeyExists());
+}
+
 TEST_F(StoreTest, CountsProductsByTheirFilledCells) {
     ProductReg& reg = walk.pages.productReg;
     const auto counts = [&] {

@@ -69,14 +69,18 @@ Walk& Walk::createTo(const std::string& page) {
     user.pressTask("CreateImg");
     while (front() != page) {
         const std::string here = front();
-        if (here == "Create2") user.type("ProductName", "Manual");
-        if (here == "Create3") user.type("CoverPage1", "c.doc").type("CoverPage1Name", "Cover");
-        if (here == "Create8") addTopic("Intro", "intro.doc").addTopic("Tools", "tools.doc");
-        if (here == "Create10") user.type("UserDef1Path", "field.doc");
+        fillLeast(here);
         user.press("NextBtn");
         if (front() == here) throw std::logic_error("stuck on " + here + ": " + message());
     }
     return *this;
+}
+
+void Walk::fillLeast(const std::string& page) {
+    if (page == "Create2") user.type("ProductName", "Manual");
+    if (page == "Create3") user.type("CoverPage1", "c.doc").type("CoverPage1Name", "Cover");
+    if (page == "Create8") addTopic("Intro", "intro.doc").addTopic("Tools", "tools.doc");
+    if (page == "Create10") user.type("UserDef1Path", "field.doc");
 }
 
 Walk& Walk::createProduct(const std::string& name) {

@@ -38,6 +38,8 @@ public:
     // Through the create chain to that page, with the least that each page before it needs: two Topics, one path of a
     // user defined field.
     Walk& createTo(const std::string& page);
+    // What a page of the create chain needs before its Next leads on.
+    void fillLeast(const std::string& page);
     // Makes a Product of the develop tree with two Topics, and comes back to the main screen.
     Walk& createProduct(const std::string& name);
     // From the main screen through the selection of a Product to the hub.

@@ -133,16 +133,6 @@ TEST(UserFields, BoxesGoByThePathAndStayEnabled) {
     EXPECT_EQ(box(3).value(), 0);
 }
 
-TEST(DocumentControl, StartsChecked) {
-    Walk walk;
-    walk.createTo("Create17");
-    EXPECT_EQ(walk.text("Create17", "AllowChangeCourseName") + walk.text("Create17", "ShowCourseName"), "11");
-    walk.user.check("ShowCourseName", false).type("TemplatePath", "t").press("BackBtn");
-    EXPECT_EQ(walk.front(), "Create16");
-    walk.user.press("NextBtn").press("NextBtn");
-    EXPECT_EQ(walk.text("Create17", "ShowCourseName") + walk.text("Create17", "TemplatePath"), "1");
-}
-
 TEST(SmartFields, AreListedWithTheirDelimiters) {
     Walk walk;
     walk.createTo("Create19");

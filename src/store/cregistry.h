@@ -11,17 +11,17 @@ namespace vrix {
 
 // A file type and the program that opens it. An empty menu text stands for the usual one.
 struct ExeAssociation {
-    std::string sExePath;  // quoted or not
-    std::string sClassName;
-    std::string sClassDescription;
-    std::string sAssociation;  // the extension, without its dot
-    std::string sOpenMenuText;
+    std::string sExePath{};  // quoted or not
+    std::string sClassName{};
+    std::string sClassDescription{};
+    std::string sAssociation{};  // the extension, without its dot
+    std::string sOpenMenuText{};
     bool bSupportPrint = false;
-    std::string sPrintMenuText;
+    std::string sPrintMenuText{};
     bool bSupportNew = false;
-    std::string sNewMenuText;
+    std::string sNewMenuText{};
     bool bSupportInstall = false;
-    std::string sInstallMenuText;
+    std::string sInstallMenuText{};
     std::int32_t lDefaultIconIndex = -1;  // -1: no icon of its own
 };
 
