@@ -83,7 +83,8 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     for (const std::string& record :
          {""s, std::string(12, '\1'), std::string(13, '\xFF'), "\5" + std::string(12, '\0')}) {
         writeBytes(path, whole);  // whole in itself, but no change that makes sense
-        JournalFile file(path);
+        const auto disk = testDisk(true);
+        JournalFile file(path, *disk);
         file.start([](const std::string&) { return true; });
         ASSERT_TRUE(file.append(record));
         EXPECT_EQ(outcome(path), damaged) << record;

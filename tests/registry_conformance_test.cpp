@@ -34,13 +34,22 @@ Environment environmentLookup() {
     };
 }
 
-std::unique_ptr<JournalRegistry> openedJournal(const std::string& path, bool isFree) {
-    struct SetLock final : JournalLock {
-        explicit SetLock(bool free) : isFree(free) {}
+std::unique_ptr<JournalDisk> testDisk(bool isFree) {
+    struct TestDisk final : JournalDisk {
+        explicit TestDisk(bool free) : isFree(free) {}
         bool acquire(const std::string&) override { return isFree; }
+        bool replace(const std::string& path, const std::string& by) override {
+            std::error_code failed;
+            std::filesystem::rename(by, path, failed);
+            return !failed;
+        }
         bool isFree;
     };
-    return std::make_unique<JournalRegistry>(path, environmentLookup(), std::make_unique<SetLock>(isFree));
+    return std::make_unique<TestDisk>(isFree);
+}
+
+std::unique_ptr<JournalRegistry> openedJournal(const std::string& path, bool isFree) {
+    return std::make_unique<JournalRegistry>(path, environmentLookup(), testDisk(isFree));
 }
 
 std::string listing(Registry& registry, RegistryKey top, bool sorted) {

@@ -24,7 +24,8 @@ struct TemporaryFolder {
 void writeBytes(const std::string& path, const std::string& bytes);
 std::string bytesOf(const std::string& path);
 
-// A journal whose lock is free, or held by another.
+// A disk whose locks are free, or held by another, and a journal on it.
+std::unique_ptr<JournalDisk> testDisk(bool isFree);
 std::unique_ptr<JournalRegistry> openedJournal(const std::string& path, bool isFree = true);
 
 // All below a key as "name:type=data;" and "name{...};".

@@ -1,7 +1,7 @@
 #include <cstdlib>
 
 #include "platform/embedded/journal_registry.h"
-#include "platform/win32/file_lock.h"
+#include "platform/win32/win32_disk.h"
 #include "platform/win32/startup.h"
 #include "program/run_on_windows.h"
 
@@ -20,7 +20,7 @@ int main() {
     vrix::Win32Windows windows;
     try {
         vrix::JournalRegistry registry(vrix::localDataFile("Vrix Toolkit Trial", "store.journal"), &environment,
-                                       vrix::makeFileLock());
+                                       vrix::makeJournalDisk());
         return vrix::runOnWindows(registry, windows);
     } catch (const vrix::JournalError& error) {
         windows.ask(error.what(), vrix::programTitle, vrix::Buttons::ok);

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <system_error>
 
-#include "platform/standard/native_path.h"
+#include "platform/embedded/journal_disk.h"
+#include "platform/standard/file_facts.h"
 
 namespace vrix {
 
@@ -65,7 +64,7 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
     return number;
 }
 
-JournalFile::JournalFile(const std::string& path) : path_(path) { open(); }
+JournalFile::JournalFile(const std::string& path, JournalDisk& disk) : path_(path), disk_(disk) { open(); }
 
 void JournalFile::start(const Reader& reader) {
     read(reader);
@@ -83,11 +82,10 @@ void JournalFile::open() {
 }
 
 void JournalFile::read(const Reader& reader) {
-    std::error_code failed;
-    const std::uint64_t whole = std::filesystem::file_size(nativePath(path_), failed);
+    const std::uint64_t whole = fileSize(path_);
     const Stream source(std::fopen(path_.c_str(), "rb"));
     const auto unreadable = error(path_, "cannot be read.");
-    if (failed || !source) throw unreadable;
+    if (!source) throw unreadable;
     // Bytes that must be there: one that the disk does not give is no end of the file.
     const auto take = [&](std::uint64_t count) {
         std::string bytes(static_cast<std::size_t>(count), '\0');
@@ -136,9 +134,7 @@ bool JournalFile::append(const std::string& record) {
 }
 
 bool JournalFile::cutBack() {
-    std::error_code failed;
-    std::filesystem::resize_file(nativePath(path_), size_, failed);
-    torn_ = static_cast<bool>(failed);
+    torn_ = !cutFile(path_, size_);
     return !torn_;
 }
 
@@ -154,14 +150,13 @@ void JournalFile::rewrite(const std::function<void(const Writer& writer)>& conte
         size += frame.size();
     });
     if (std::fclose(target) != 0) whole = false;
-    std::error_code failed;
     if (whole) {
         stream_.reset();
-        std::filesystem::rename(nativePath(fresh), nativePath(path_), failed);
-        if (!failed) size_ = size;
+        whole = disk_.replace(path_, fresh);
+        if (whole) size_ = size;
         open();
     }
-    if (!whole || failed) std::filesystem::remove(nativePath(fresh), failed);
+    if (!whole) removeFile(fresh);
 }
 
 }  // namespace vrix

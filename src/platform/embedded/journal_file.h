@@ -9,6 +9,8 @@
 
 namespace vrix {
 
+class JournalDisk;
+
 // Why a journal cannot be used, as a sentence for an administrator. The file is left as it was.
 class JournalError final : public std::runtime_error {
 public:
@@ -29,7 +31,7 @@ public:
     using Writer = std::function<void(const std::string& record)>;
 
     // Opens the file, or makes an empty one, and changes nothing. Throws JournalError when it cannot be written.
-    explicit JournalFile(const std::string& path);
+    JournalFile(const std::string& path, JournalDisk& disk);
 
     // Hands every record to `reader`, which answers whether it makes sense, and makes the file ready for more. A last
     // record that is not whole is cut off. Throws JournalError for a file of another kind, for one that is damaged
@@ -56,6 +58,7 @@ private:
     bool cutBack();
 
     std::string path_;
+    JournalDisk& disk_;
     Stream stream_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it

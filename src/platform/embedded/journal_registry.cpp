@@ -30,11 +30,11 @@ std::optional<Change> changeOf(const std::string& record) {
 
 }  // namespace
 
-JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalLock> lock)
-    : EmbeddedRegistry(std::move(environment)), lock_(std::move(lock)) {
+JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk)
+    : EmbeddedRegistry(std::move(environment)), disk_(std::move(disk)) {
     // Opened before the lock, which cannot tell why it is refused.
-    file_ = std::make_unique<JournalFile>(path);
-    if (!lock_->acquire(path)) throw JournalError("The file \"" + path + "\" is in use by another program.");
+    file_ = std::make_unique<JournalFile>(path, *disk_);
+    if (!disk_->acquire(path)) throw JournalError("The file \"" + path + "\" is in use by another program.");
     file_->start([this](const std::string& record) {
         auto change = changeOf(record);
         return change && repeat(std::move(*change));

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "platform/embedded/embedded_registry.h"
+#include "platform/embedded/journal_disk.h"
 #include "platform/embedded/journal_file.h"
-#include "platform/embedded/journal_lock.h"
 
 namespace vrix {
 
@@ -17,13 +17,13 @@ public:
     // Opens the journal, or makes a new one where no file is. A last record that was not written whole is dropped. A
     // file most of which no longer counts is rewritten. Throws JournalError when the file is in use, is something else,
     // is damaged, or cannot be opened and written; it is left as it was then.
-    JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalLock> lock);
+    JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk);
 
 private:
     Status keep(const Change& change) override;
     void rewriteIfWorth();
 
-    std::unique_ptr<JournalLock> lock_;
+    std::unique_ptr<JournalDisk> disk_;
     std::unique_ptr<JournalFile> file_;
 };
 

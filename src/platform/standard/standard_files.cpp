@@ -1,11 +1,9 @@
 #include "platform/standard/standard_files.h"
 
-#include <filesystem>
-#include <fstream>
-#include <system_error>
+#include <cstdio>
 
 #include "common/runtime_failure.h"
-#include "platform/standard/native_path.h"
+#include "platform/standard/file_facts.h"
 
 namespace vrix {
 
@@ -16,74 +14,73 @@ namespace {
 // What stands in the way of a file at this path, before its existence is asked.
 void checkPlace(const std::string& path) {
     const bool blank = path.substr(0, path.find('\0')).find_first_not_of(" \t") == std::string::npos;
-    if (blank || !isFolder(folderOf(path))) refuse(FailureNumber::pathNotFound);
-    if (isFolder(nativePath(path))) refuse(FailureNumber::permissionDenied);
+    if (blank || kindOf(folderOf(path)) != PathKind::folder) refuse(FailureNumber::pathNotFound);
+    if (kindOf(path) == PathKind::folder) refuse(FailureNumber::permissionDenied);
 }
 
-class Writer final : public TextStream {
+// The C library's streams: those of C++ would make the program twice as large.
+class Stream : public TextStream {
 public:
-    explicit Writer(const std::string& path) : stream_(path.c_str(), std::ios::binary) { check(); }
+    Stream(const std::string& path, const char* mode) : file_(std::fopen(path.c_str(), mode)) {
+        if (file_ == nullptr) refuse(FailureNumber::permissionDenied);
+        std::setvbuf(file_, nullptr, _IOFBF, 65'536);
+    }
+    ~Stream() override {
+        if (file_ != nullptr) std::fclose(file_);
+    }
+    Stream(const Stream&) = delete;
+    Stream& operator=(const Stream&) = delete;
+
+    void close() override {
+        if (file_ == nullptr) return;
+        const bool failed = std::ferror(file_) != 0;
+        const bool flushed = std::fclose(file_) == 0;
+        file_ = nullptr;
+        if (failed || !flushed) refuse(FailureNumber::permissionDenied);
+    }
+
+protected:
+    std::FILE* file_;
+};
+
+class Writer final : public Stream {
+public:
+    explicit Writer(const std::string& path) : Stream(path, "wb") {}
 
     void writeLine(const std::string& text) override {
-        stream_ << text << "\r\n";
-        check();
+        const std::string line = text + "\r\n";
+        if (file_ == nullptr || std::fwrite(line.data(), 1, line.size(), file_) != line.size()) {
+            refuse(FailureNumber::permissionDenied);
+        }
     }
     std::string readLine() override { refuse(FailureNumber::permissionDenied); }
     bool atEnd() override { return true; }
-    void close() override {
-        if (!stream_.is_open()) return;
-        stream_.close();
-        check();
-    }
-
-private:
-    void check() const {
-        if (!stream_) refuse(FailureNumber::permissionDenied);
-    }
-
-    std::ofstream stream_;
 };
 
-class Reader final : public TextStream {
+class Reader final : public Stream {
 public:
-    explicit Reader(const std::string& path) : stream_(path.c_str(), std::ios::binary) {
-        if (!stream_) refuse(FailureNumber::permissionDenied);
-    }
+    explicit Reader(const std::string& path) : Stream(path, "rb") {}
 
     void writeLine(const std::string&) override { refuse(FailureNumber::permissionDenied); }
     std::string readLine() override {
         if (atEnd()) refuse(FailureNumber::inputPastEnd);
         std::string line;
-        std::getline(stream_, line);
-        if (!stream_.eof() && line.ends_with('\r')) line.pop_back();
+        int next = std::getc(file_);
+        for (; next != EOF && next != '\n'; next = std::getc(file_)) line += static_cast<char>(next);
+        if (next == '\n' && line.ends_with('\r')) line.pop_back();
         return line;
     }
-    bool atEnd() override { return stream_.peek() == std::ifstream::traits_type::eof(); }
-    void close() override { stream_.close(); }
-
-private:
-    std::ifstream stream_;
+    bool atEnd() override { return file_ == nullptr || std::ungetc(std::getc(file_), file_) == EOF; }
 };
 
 }  // namespace
 
-bool StandardFiles::exists(const std::string& path) {
-    std::error_code failed;
-    const auto file = nativePath(path);
-    return std::filesystem::exists(file, failed) && !isFolder(file);
-}
+bool StandardFiles::exists(const std::string& path) { return kindOf(path) == PathKind::file; }
 
 void StandardFiles::remove(const std::string& path) {
     checkPlace(path);
     if (!exists(path)) refuse(FailureNumber::fileNotFound);
-    const auto file = nativePath(path);
-    std::error_code failed;
-    std::filesystem::remove(file, failed);
-    if (!failed) return;
-    // A read-only file does not go on Windows.
-    std::filesystem::permissions(file, std::filesystem::perms::owner_write, std::filesystem::perm_options::add, failed);
-    std::filesystem::remove(file, failed);
-    if (failed) refuse(FailureNumber::permissionDenied);
+    if (!removeFile(path)) refuse(FailureNumber::permissionDenied);
 }
 
 std::unique_ptr<TextStream> StandardFiles::createText(const std::string& path) {

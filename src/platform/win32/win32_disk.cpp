@@ -1,4 +1,4 @@
-#include "platform/win32/file_lock.h"
+#include "platform/win32/win32_disk.h"
 
 #include <windows.h>
 
@@ -6,14 +6,14 @@ namespace vrix {
 
 namespace {
 
-class FileLock final : public JournalLock {
+class Win32Disk final : public JournalDisk {
 public:
-    FileLock() = default;
-    ~FileLock() override {
+    Win32Disk() = default;
+    ~Win32Disk() override {
         if (file_ != INVALID_HANDLE_VALUE) CloseHandle(file_);
     }
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
+    Win32Disk(const Win32Disk&) = delete;
+    Win32Disk& operator=(const Win32Disk&) = delete;
 
     bool acquire(const std::string& path) override {
         constexpr DWORD shared = 0;  // with no one
@@ -22,12 +22,16 @@ public:
         return file_ != INVALID_HANDLE_VALUE;
     }
 
+    bool replace(const std::string& path, const std::string& by) override {
+        return MoveFileExA(by.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+    }
+
 private:
     HANDLE file_ = INVALID_HANDLE_VALUE;
 };
 
 }  // namespace
 
-std::unique_ptr<JournalLock> makeFileLock() { return std::make_unique<FileLock>(); }
+std::unique_ptr<JournalDisk> makeJournalDisk() { return std::make_unique<Win32Disk>(); }
 
 }  // namespace vrix
