@@ -31,7 +31,7 @@ use_wine() {
 # Windows of all programs lie on one desktop of Wine's own, which gives them frames and keeps track of the focus.
 use_wine_desktop() {
     wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
-    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1024x768 /f >/dev/null 2>&1
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 2560x1700 /f >/dev/null 2>&1
     wineserver -w
 }
 
@@ -40,7 +40,7 @@ start_display() {
     local pipe
     pipe=$(mktemp -u)
     mkfifo "$pipe"
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$pipe" >/dev/null 2>&1 </dev/null &
+    Xvfb -displayfd 3 -screen 0 2560x1700x24 -nolisten tcp 3>"$pipe" >/dev/null 2>&1 </dev/null &
     display_process=$!
     local number
     read -r -t 30 number <"$pipe" || number=
@@ -58,11 +58,12 @@ trap end_wine EXIT
 # forget_trial: removes the Trial program's store.
 forget_trial() { rm -rf "$WINEPREFIX"/drive_c/users/*/AppData/Local/'Vrix Toolkit Trial'; }
 
-# drive WALK PROGRAM FOLDER: works the program's windows as the walk says; pictures and files go into the folder.
+# drive WALK PROGRAM FOLDER [NAME=VALUE ...]: works the program's windows as the walk says; pictures and files go into
+# the folder.
 drive() {
     local folder
     folder=$(windows_path "$3")
     mkdir -p "$3"
     timeout 300 wine build/win64/tests/driver/vrix_driver.exe "$1" "program=$(windows_path "$2")" \
-        "pictures=$folder\\" "folder=$folder\\" </dev/null
+        "pictures=$folder\\" "folder=$folder\\" "${@:4}" </dev/null
 }

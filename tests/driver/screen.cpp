@@ -150,6 +150,11 @@ HWND focusOf(HWND window) {
 }
 
 std::string spokenNameOf(HWND control) {
+    // The platform names a list by the label in front of it, as it does a text box; Wine by its text.
+    if (isClass(control, "COMBOBOX") || isClass(control, "LISTBOX")) {
+        const HWND label = GetWindow(control, GW_HWNDPREV);
+        return label != nullptr && isClass(label, "STATIC") ? textOf(label) : std::string();
+    }
     IAccessible* object = nullptr;
     void** place = reinterpret_cast<void**>(&object);
     if (FAILED(AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, place)))

@@ -2,7 +2,8 @@
 //     vrix_driver WALK [NAME=VALUE ...]
 // A walk has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in double quotes as
 // they are on the screen, single words need none, a name in braces stands for a value given to the driver. "pictures"
-// names the folder for pictures. The exit code is 0 for a walk that came true in every step.
+// names the folder for pictures; "hands=keyboard" leaves the mouse alone. What each window gives a screen reader to say
+// is printed. The exit code is 0 for a walk that came true in every step.
 
 #include <objbase.h>
 
@@ -83,7 +84,7 @@ POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.t
 // in vain throws StepFailure. Each window that the walk meets gets its picture before it is left.
 class Walker {
 public:
-    explicit Walker(std::string pictures) : pictures_(std::move(pictures)) {}
+    Walker(std::string pictures, bool byKeyboard) : pictures_(std::move(pictures)), byKeyboard_(byKeyboard) {}
     ~Walker() {
         if (process_ != nullptr) TerminateProcess(process_, 1);
     }
@@ -173,6 +174,7 @@ private:
     void press(const Step& step) {
         const HWND button = findLive(step.target(0));
         leave();
+        if (byKeyboard_) return reach(button), pressKeys("Space");
         const RECT area = areaOf(button);
         awaitFree(button, area);
         drag(middleOf(area), step.verb == "slip" ? POINT{area.right + 2, area.bottom + 2} : middleOf(area));
@@ -188,7 +190,7 @@ private:
     void check(const Step& step) {
         const HWND box = findLive(step.target(0));
         const std::string wanted = step.verb == "uncheck" ? "unchecked" : "checked";
-        if (contentOf(box) != wanted) click(box, areaOf(box));
+        if (contentOf(box) != wanted) click(box, areaOf(box), "Space");
         await("box that is " + wanted, [&] { return contentOf(box) == wanted; });
     }
 
@@ -217,7 +219,8 @@ private:
         RECT area{};
         ask(list, LB_GETITEMRECT, row, reinterpret_cast<LPARAM>(&area));
         MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&area), 2);
-        click(list, area);
+        click(list, area, row == 0 ? "Home" : "End");
+        if (byKeyboard_) pressKeys("Space");
         await("change of the mark", [&] { return ask(list, LB_GETSEL, row) != before; });
     }
 
@@ -276,8 +279,20 @@ private:
         ClientToScreen(window_, &corner);
         moveTo(corner);
         const std::string number = std::to_string(pictured_.size());
+        speak();
         takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
         name_.clear();
+    }
+
+    // Prints what a screen reader says of the controls that take anything. All of them must have a name.
+    void speak() const {
+        std::cout << '"' << textOf(window_) << "\": " << name_ << '\n';
+        for (const HWND control : controlsOf(window_)) {
+            if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || GetParent(control) != window_) continue;
+            const std::string spoken = spokenNameOf(control);
+            std::cout << "    " << spoken << '\n';
+            if (spoken.empty() && !isDialog(window_)) throw StepFailure("a control has no name to speak");
+        }
     }
 
     void dialogEnds() {
@@ -322,9 +337,28 @@ private:
               [&] { return GetForegroundWindow() == window_ && WindowFromPoint(middleOf(area)) == control; });
     }
 
-    void click(HWND control, const RECT& area) const {
+    // By keyboard a key follows once the control has the focus.
+    void click(HWND control, const RECT& area, const char* key = "") const {
+        if (byKeyboard_) {
+            reach(control);
+            if (*key != '\0' && focusOf(window_) == control) pressKeys(key);
+            return;
+        }
         awaitFree(control, area);
         drag(middleOf(area), middleOf(area));
+    }
+
+    // Goes to a control by Tab, and to an option by the arrows once its group is reached.
+    void reach(HWND control) const {
+        const auto isOption = [](HWND window) {
+            return (GetWindowLongA(window, GWL_STYLE) & BS_TYPEMASK) == BS_AUTORADIOBUTTON && isClass(window, "BUTTON");
+        };
+        for (int stops = 0; focusOf(window_) != control; ++stops) {
+            if (stops == 60) throw StepFailure("no key leads to the control");
+            const HWND before = focusOf(window_);
+            pressKeys(isOption(before) && isOption(control) ? "Down" : "Tab");
+            await("move of the focus", [&] { return focusOf(window_) != before; });
+        }
     }
 
     void typeInto(HWND box, const std::string& text) const {
@@ -335,6 +369,7 @@ private:
     }
 
     std::string pictures_;
+    bool byKeyboard_;
     HANDLE process_ = nullptr;
     DWORD processId_ = 0;
     HWND window_ = nullptr;  // the one that the steps are about
@@ -344,7 +379,7 @@ private:
 };
 
 void walk(std::istream& stream, const Values& values) {
-    Walker walker(values.at("pictures"));
+    Walker walker(values.at("pictures"), values.contains("hands") && values.at("hands") == "keyboard");
     std::string source;
     int line = 0;
     try {

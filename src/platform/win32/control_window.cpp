@@ -99,6 +99,13 @@ void ControlWindow::setText(const std::string& text) {
     if (windowText(handle_) != text) SetWindowTextA(handle_, text.c_str());
 }
 
+std::string ControlWindow::shortenedTo(int width, const std::string& text) const {
+    const auto font = reinterpret_cast<HFONT>(send(WM_GETFONT));
+    std::string result = shortened(font, text, width);
+    owner_.explain(handle_, result == text ? std::string() : text);
+    return result;
+}
+
 void ControlWindow::setStyle(LONG bits, bool on) {
     const LONG before = GetWindowLongA(handle_, GWL_STYLE);
     const LONG after = on ? before | bits : before & ~bits;

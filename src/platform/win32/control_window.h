@@ -61,6 +61,8 @@ protected:
     LRESULT send(UINT message, WPARAM wParam, const std::string& text) const;
     void moveTo(const RECT& place);
     void setText(const std::string& text);  // if it is another one
+    // A line of text as it fits into a width. One that does not fit is shown whole in a tip.
+    std::string shortenedTo(int width, const std::string& text) const;
     void setStyle(LONG bits, bool on);
     // Runs one event of the program.
     void event(const std::function<void()>& event) const;

@@ -67,10 +67,14 @@ FormWindow::FormWindow(Win32Windows& windows, Form& form) : windows_(windows), f
     CreateWindowExA(0, windowClass(&FormWindow::procedure), form.caption().c_str(), page ? pageStyle : posterStyle, 0,
                     0, 0, 0, nullptr, nullptr, GetModuleHandleA(nullptr), this);
     if (handle_ == nullptr) throw std::runtime_error("The window of " + form.name() + " could not be made.");
-    style_ = std::make_unique<Style>(dpiOf(handle_));
+    style_ = std::make_unique<Style>(fittingDpi(dpiOf(handle_)));
     measureRegions();
     makeControls();
-    placeOnScreen();
+    // The form stands in the middle with its frame.
+    const RECT outer = frameAt(style_->dpi());
+    const int dpi = systemDpi();
+    placeAt(MulDiv(2 * form_.left() + form_.size().width, dpi, 192) - (outer.right - outer.left) / 2,
+            MulDiv(2 * form_.top() + form_.size().height, dpi, 192) - (outer.bottom - outer.top) / 2);
 }
 
 FormWindow::~FormWindow() {
@@ -107,15 +111,36 @@ void FormWindow::measureRegions() {
     rowTop_ = bounds.top + bounds.height + rowGap;
 }
 
-void FormWindow::placeOnScreen() {
-    const RECT client = style_->px(form_.bounds());
-    RECT area = withFrame(client, handle_, style_->dpi());
-    // The form stands in the middle with its frame, which counts half on each side.
-    OffsetRect(&area, style_->px(form_.left()) - (area.left + area.right - client.right) / 2,
-               style_->px(form_.top()) - (area.top + area.bottom - client.bottom) / 2);
-    RECT work{};
-    SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-    OffsetRect(&area, 0, std::min<int>(0, work.bottom - area.bottom));
+RECT FormWindow::workArea() const {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoA(MonitorFromWindow(handle_, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    return monitor.rcWork;
+}
+
+// The outer rectangle round a client area that begins at (0, 0).
+RECT FormWindow::frameAt(int dpi) const {
+    const Size& size = form_.size();
+    return withFrame({0, 0, MulDiv(size.width, dpi, 96), MulDiv(size.height, dpi, 96)}, handle_, dpi);
+}
+
+// The scale of the monitor, or the largest at which the window fits on it.
+int FormWindow::fittingDpi(int dpi) const {
+    constexpr int leastReadable = 60;
+    const RECT work = workArea();
+    const auto fits = [&](const RECT& area) {
+        return area.right - area.left <= work.right - work.left && area.bottom - area.top <= work.bottom - work.top;
+    };
+    while (dpi > leastReadable && !fits(frameAt(dpi))) --dpi;
+    return dpi;
+}
+
+// Places the window with its frame, and keeps all of it on its monitor.
+void FormWindow::placeAt(int left, int top) {
+    const RECT work = workArea();
+    RECT area = frameAt(style_->dpi());
+    OffsetRect(&area, left - area.left, top - area.top);
+    OffsetRect(&area, std::min<int>(0, work.right - area.right), std::min<int>(0, work.bottom - area.bottom));
     OffsetRect(&area, std::max<int>(0, work.left - area.left), std::max<int>(0, work.top - area.top));
     SetWindowPos(handle_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -123,8 +148,16 @@ void FormWindow::placeOnScreen() {
 
 void FormWindow::applyStyle(int dpi) {
     const auto before = std::exchange(style_, std::make_unique<Style>(dpi));  // its fonts stay until they are replaced
-    for (const auto& window : controls_) window->layout();
+    for (const auto& window : controls_) {
+        window->layout();
+        window->update();
+    }
     RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void FormWindow::rescale(int dpi, int left, int top) {
+    applyStyle(fittingDpi(dpi));
+    placeAt(left, top);
 }
 
 void FormWindow::show() {
@@ -299,9 +332,12 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
         }
         case WM_DPICHANGED: {
             const RECT& area = *reinterpret_cast<const RECT*>(lParam);
-            SetWindowPos(handle_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                         SWP_NOZORDER | SWP_NOACTIVATE);
-            applyStyle(HIWORD(wParam));
+            rescale(HIWORD(wParam), area.left, area.top);
+            return 0;
+        }
+        case WM_DISPLAYCHANGE: {
+            const RECT area = windowRect(handle_);
+            rescale(dpiOf(handle_), area.left, area.top);
             return 0;
         }
         case WM_SYSCOLORCHANGE:

@@ -9,6 +9,7 @@
 
 #include "forms/form.h"
 #include "platform/win32/style.h"
+#include "platform/win32/tips.h"
 
 namespace vrix {
 
@@ -46,6 +47,9 @@ public:
     // Enter presses this control while the focus is on no other button.
     bool isDefault(const Control& control) const;
 
+    // Says in a tip what a control has no room to show; nothing for an empty text.
+    void explain(HWND child, const std::string& text) { tips_.set(handle_, child, text); }
+
     // What a control stands on, as the platform's colour index and as a colour.
     int surface(const Control& control) const;
     Colour surfaceColour(const Control& control) const { return GetSysColor(surface(control)); }
@@ -59,8 +63,12 @@ private:
 
     void makeControls();
     void measureRegions();
-    void placeOnScreen();
+    int fittingDpi(int dpi) const;
+    RECT frameAt(int dpi) const;
+    RECT workArea() const;
+    void placeAt(int left, int top);
     void applyStyle(int dpi);
+    void rescale(int dpi, int left, int top);
     ControlWindow* firstStop() const;
     void pressEnter();
     void pointerMoved(POINT point);
@@ -78,6 +86,7 @@ private:
     int bandBottom_ = 0;  // the title band lies above it, in 1/96 inch; 0 without a band and a row
     int rowTop_ = 0;      // the row of buttons lies below it
     bool onScreen_ = false;
+    Tips tips_;
     HWND lastFocus_ = nullptr;  // what had the focus when the window was left
 };
 

@@ -25,6 +25,13 @@ std::string unmarked(const std::string& text) {
     return result;
 }
 
+// The text of an option button as it stands on the screen, where "&&" is one "&".
+std::string asSeen(const std::string& caption) {
+    std::string result;
+    for (std::size_t i = 0; i < caption.size(); i += caption.compare(i, 2, "&&") == 0 ? 2 : 1) result += caption[i];
+    return result;
+}
+
 }  // namespace
 
 TextBoxWindow::TextBoxWindow(FormWindow& owner, TextBox& box)
@@ -48,12 +55,18 @@ void TextBoxWindow::notified(int code) {
     if (code == EN_CHANGE) event([this] { box_.setText(windowText(handle())); });
 }
 
+void MarkWindow::showCaption(const std::string& caption) {
+    constexpr int markWidth = 20;  // with the gap behind it
+    const Style& style = owner().style();
+    setText(unmarked(shortenedTo(style.px(control().bounds().width - markWidth), caption)));
+}
+
 CheckBoxWindow::CheckBoxWindow(FormWindow& owner, CheckBox& box)
-    : ControlWindow(owner, box, {"BUTTON", WS_TABSTOP | WS_GROUP | BS_CHECKBOX}), box_(box) {}
+    : MarkWindow(owner, box, {"BUTTON", WS_TABSTOP | WS_GROUP | BS_CHECKBOX}), box_(box) {}
 
 void CheckBoxWindow::update() {
     ControlWindow::update();
-    setText(unmarked(box_.caption()));
+    showCaption(box_.caption());
     const auto state = static_cast<WPARAM>(box_.value() == 1 ? BST_CHECKED : BST_UNCHECKED);
     if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
 }
@@ -63,11 +76,11 @@ void CheckBoxWindow::notified(int code) {
 }
 
 OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
-    : ControlWindow(owner, button, {"BUTTON", WS_GROUP | BS_AUTORADIOBUTTON}), button_(button) {}
+    : MarkWindow(owner, button, {"BUTTON", WS_GROUP | BS_AUTORADIOBUTTON}), button_(button) {}
 
 void OptionButtonWindow::update() {
     ControlWindow::update();
-    setText(button_.caption());
+    showCaption(asSeen(button_.caption()));
     const auto state = static_cast<WPARAM>(button_.chosen() ? BST_CHECKED : BST_UNCHECKED);
     if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
     placeTabStop();

@@ -16,7 +16,17 @@ private:
     TextBox& box_;
 };
 
-class CheckBoxWindow final : public ControlWindow {
+// A mark with a caption behind it.
+class MarkWindow : public ControlWindow {
+public:
+    using ControlWindow::ControlWindow;
+
+protected:
+    // Shows a caption, be it longer than its room.
+    void showCaption(const std::string& caption);
+};
+
+class CheckBoxWindow final : public MarkWindow {
 public:
     CheckBoxWindow(FormWindow& owner, CheckBox& box);
     void update() override;
@@ -26,7 +36,7 @@ private:
     CheckBox& box_;
 };
 
-class OptionButtonWindow final : public ControlWindow {
+class OptionButtonWindow final : public MarkWindow {
 public:
     OptionButtonWindow(FormWindow& owner, OptionButton& button);
     void update() override;

@@ -46,9 +46,19 @@ LRESULT PaintedWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
 LabelWindow::LabelWindow(FormWindow& owner, Label& label)
     : PaintedWindow(owner, label, {"STATIC", WS_GROUP | SS_OWNERDRAW | SS_NOPREFIX}), label_(label) {}
 
+void LabelWindow::layout() {
+    PaintedWindow::layout();
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(owner().style().font(label_.look())), FALSE);
+}
+
 void LabelWindow::update() {
     setText(label_.caption());
     PaintedWindow::update();
+    RECT area{};
+    GetClientRect(handle(), &area);
+    const bool oneLine = area.bottom < 2 * lineHeight(owner().style().font(label_.look()));
+    shown_ = oneLine ? shortenedTo(area.right, label_.caption()) : label_.caption();
+    setStyle(SS_NOTIFY, shown_ != label_.caption());  // without it the pointer goes through to the page
 }
 
 Colour LabelWindow::colour() const {
@@ -68,16 +78,16 @@ void LabelWindow::paint(HDC dc, const RECT& area) {
     UINT format = DT_WORDBREAK | DT_NOPREFIX;
     if (label_.form().border() == Form::Border::none) format |= DT_CENTER;
     RECT text = area;
-    const LONG height = measured(dc, label_.caption(), area.right, format).cy;
+    const LONG height = measured(dc, shown_, area.right, format).cy;
     if (area.bottom < 2 * lineHeight(font) && height < area.bottom) text.top = (area.bottom - height) / 2;
-    drawLine(dc, label_.caption(), text, format);
+    drawLine(dc, shown_, text, format);
 }
 
 void LabelWindow::paintSection(HDC dc, const RECT& area) {
-    drawLine(dc, label_.caption(), area, captionFormat | DT_VCENTER);
+    drawLine(dc, shown_, area, captionFormat | DT_VCENTER);
     const Style& style = owner().style();
     const LONG middle = area.bottom / 2;
-    const RECT rule{measured(dc, label_.caption(), area.right, captionFormat).cx + style.px(8), middle, area.right,
+    const RECT rule{measured(dc, shown_, area.right, captionFormat).cx + style.px(8), middle, area.right,
                     middle + style.px(1)};
     SetDCBrushColor(dc, style.palette().rule);
     FillRect(dc, &rule, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));

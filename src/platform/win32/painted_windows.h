@@ -21,6 +21,7 @@ protected:
 class LabelWindow final : public PaintedWindow {
 public:
     LabelWindow(FormWindow& owner, Label& label);
+    void layout() override;
     void update() override;
 
 private:
@@ -28,6 +29,7 @@ private:
     void paintSection(HDC dc, const RECT& area);
     Colour colour() const;
     Label& label_;
+    std::string shown_;  // its caption, or the beginning of one that is too long for the line
 };
 
 // A painted control that the mouse presses. The press captures the mouse until its release, wherever that is. By

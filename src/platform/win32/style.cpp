@@ -78,7 +78,7 @@ Style::Style(int dpi)
       body_(fontAt(dpi, 1, 0)),
       heading_(fontAt(dpi, 1.45, FW_SEMIBOLD)),
       subheading_(fontAt(dpi, 1.15, 0)),
-      section_(fontAt(dpi, 1, FW_SEMIBOLD)),
+      section_(fontAt(dpi, 1, FW_BOLD)),
       product_(fontAt(dpi, 2, FW_SEMIBOLD)),
       lineBoxHeight_(lineHeight(body_.get()) + 6 + px(2)),
       palette_(currentPalette()) {}
@@ -119,6 +119,20 @@ int lineHeight(HFONT font) {
     }
     ReleaseDC(nullptr, screen);
     return metrics.tmHeight;
+}
+
+std::string shortened(HFONT font, const std::string& text, int width) {
+    const HDC screen = GetDC(nullptr);
+    std::string fitting = text;
+    fitting.resize(text.size() + 4);  // the platform may write that much behind it
+    {
+        const Selected selected(screen, font);
+        RECT area{0, 0, width, 0};
+        DrawTextA(screen, fitting.data(), static_cast<int>(text.size()), &area,
+                  DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT | DT_END_ELLIPSIS | DT_MODIFYSTRING);
+    }
+    ReleaseDC(nullptr, screen);
+    return fitting.c_str();
 }
 
 SIZE measured(HDC dc, const std::string& text, int width, UINT format) {

@@ -63,6 +63,9 @@ void draw(HDC dc, int left, int top, const Canvas& canvas);
 int lineHeight(HFONT font);
 SIZE measured(HDC dc, const std::string& text, int width, UINT format);
 
+// A line of text as it fits into a width: a longer one ends in "...".
+std::string shortened(HFONT font, const std::string& text, int width);
+
 // A function of user32 that older systems lack, or null.
 template <class Function>
 Function userFunction(const char* name) {
