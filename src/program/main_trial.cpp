@@ -1,8 +1,8 @@
 #include <cstdlib>
 
 #include "platform/embedded/journal_registry.h"
-#include "platform/win32/win32_disk.h"
 #include "platform/win32/startup.h"
+#include "platform/win32/win32_disk.h"
 #include "program/run_on_windows.h"
 
 namespace {
