@@ -101,30 +101,5 @@ TEST(Lists, RaiseTheirClickWhenTheCurrentRowChanges) {
     EXPECT_EQ(clicks, 2);
 }
 
-// Places must not let controls of a page lie over each other or leave their container.
-TEST(Pages, NoControlLiesOverAnotherOrOutside) {
-    Walk walk;
-    const auto takesRoom = [](const Control& c) {
-        return c.kind() != ControlKind::frame && c.kind() != ControlKind::buttonLabel;
-    };
-    for (const Form* form : walk.pages.forms) {
-        const auto controls = form->controls();
-        for (const Control* one : controls) {
-            const Bounds a = one->bounds();
-            const Bounds room = one->parent().bounds();
-            EXPECT_TRUE(a.left >= room.left && a.top >= room.top && a.left + a.width <= room.left + room.width &&
-                        a.top + a.height <= room.top + room.height && a.width > 0 && a.height > 0)
-                << one->name() << " leaves " << form->name();
-            for (const Control* other : controls) {
-                if (one >= other || !takesRoom(*one) || !takesRoom(*other)) continue;
-                const Bounds b = other->bounds();
-                const bool apart = a.left + a.width <= b.left || b.left + b.width <= a.left ||
-                                   a.top + a.height <= b.top || b.top + b.height <= a.top;
-                EXPECT_TRUE(apart) << one->name() << " lies over " << other->name() << " on " << form->name();
-            }
-        }
-    }
-}
-
 }  // namespace
 }  // namespace vrix
