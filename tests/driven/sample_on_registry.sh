@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The sample walk on the machine's registry: what the platform's own tool reads there is the Product, and the settings
-# file merged by the platform's own editor into an empty store gives it back.
+# file merged by the platform's own editor into an empty store gives it back. Libraries that somebody laid beside the
+# program are not loaded: with these the walk would end at its first dialog.
 set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
@@ -8,8 +9,14 @@ set -euo pipefail
 trap - EXIT
 out=build/driven/registry
 rm -rf "$out"
+mkdir -p "$out/program"
+cp build/win64/VrixToolkit.exe "$out/program"
+for library in comdlg32 comctl32; do
+    echo 'int planted;' | x86_64-w64-mingw32-gcc-posix -shared -x c - -o "$out/program/$library.dll"
+done
 empty_store
-drive tests/walks/sample.walk build/win64/VrixToolkit.exe "$out"
+WINEDLLOVERRIDES="$WINEDLLOVERRIDES;comdlg32,comctl32=n,b" \
+    drive tests/walks/sample.walk "$out/program/VrixToolkit.exe" "$out"
 
 store >"$out/store"
 time=$(sed -n 's/^.*|Creation Date=//p' "$out/store")
