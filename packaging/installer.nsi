@@ -51,10 +51,24 @@ VIAddVersionKey LegalCopyright "Copyright Vrix. All rights reserved."
   WriteRegDWORD HKLM "${UNINSTALL}" ${name} ${value}
 !macroend
 
+# Ends with nothing changed while the program runs, for its file is held then.
+!macro stop_if_running program
+  ${If} ${FileExists} $INSTDIR\${program}
+    ClearErrors
+    FileOpen $0 $INSTDIR\${program} a
+    ${If} ${Errors}
+      SetErrorLevel 2
+      Abort "${program} is running. Please close it and start again."
+    ${EndIf}
+    FileClose $0
+  ${EndIf}
+!macroend
+
 Section Program program
   SetShellVarContext all
+  !insertmacro stop_if_running VrixToolkit.exe
+  !insertmacro stop_if_running VrixToolkitTrial.exe
   SetOutPath $INSTDIR
-  # Before anything else, so that an upgrade below a running program fails with nothing changed.
   File "${SOURCE}/VrixToolkit.exe"
   File "${SOURCE}/VrixToolkitTrial.exe"
   File "${SOURCE}/README.txt"
@@ -82,13 +96,10 @@ SectionEnd
 
 Section Uninstall
   SetShellVarContext all
-  ClearErrors
+  !insertmacro stop_if_running VrixToolkit.exe
+  !insertmacro stop_if_running VrixToolkitTrial.exe
   Delete $INSTDIR\VrixToolkit.exe
   Delete $INSTDIR\VrixToolkitTrial.exe
-  ${If} ${Errors}
-    SetErrorLevel 2
-    Abort "The program is running. Please close it and uninstall again."
-  ${EndIf}
   Delete $INSTDIR\README.txt
   Delete $INSTDIR\Guide.txt
   Delete $INSTDIR\uninstall.exe
