@@ -1,0 +1,253 @@
+#include "machine.h"
+
+#include <windows.h>
+
+#include <psapi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+
+#include "platform/win32/win32_registry.h"
+#include "platform/win32/win32_windows.h"
+#include "product.h"
+
+namespace vrix::bench {
+
+std::unique_ptr<Registry> makeStore() {
+    auto store = std::make_unique<Win32Registry>();
+    removeTree(*store, "Software\\Vrix");
+    return store;
+}
+
+void endEvent(Registry&) {}
+
+namespace {
+
+HKEY native(RegistryKey key) { return reinterpret_cast<HKEY>(key); }
+
+}  // namespace
+
+BareKey::BareKey(Registry& store, const std::string& path, For use) : store_(store) {
+    HKEY key = nullptr;
+    char noClass[] = "";
+    SECURITY_ATTRIBUTES security{};
+    security.nLength = sizeof security;
+    if (use == For::writing) {
+        RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, noClass, 0, access::change, &security, &key, nullptr);
+    } else {
+        RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, access::queryValue, &key);
+    }
+    key_ = reinterpret_cast<RegistryKey>(key);
+}
+
+BareKey::~BareKey() { RegCloseKey(native(key_)); }
+
+void BareKey::set(const std::string& name, const std::string& text) {
+    RegSetValueExA(native(key_), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), sizeOf(text));
+}
+
+std::string BareKey::get(const std::string& name) {
+    DWORD type = 0;
+    DWORD size = 0;
+    DWORD scratch = 0;
+    RegQueryValueExA(native(key_), name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(&scratch), &size);
+    std::string text(size, '\0');
+    RegQueryValueExA(native(key_), name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
+    return text;
+}
+
+// ---- Processes ----
+
+namespace {
+
+class Process {
+public:
+    explicit Process(std::string command) {
+        STARTUPINFOA start{};
+        start.cb = sizeof start;
+        if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr,
+                            &start, &process_)) {
+            throw std::runtime_error("cannot start " + command);
+        }
+    }
+    ~Process() {
+        CloseHandle(process_.hThread);
+        CloseHandle(process_.hProcess);
+    }
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    HANDLE handle() const { return process_.hProcess; }
+    void wait() const { WaitForSingleObject(handle(), INFINITE); }
+
+    bool showsWindow() const {
+        struct Search {
+            DWORD process;
+            bool found;
+        } search{process_.dwProcessId, false};
+        const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(parameter);
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            wanted.found = process == wanted.process && IsWindowVisible(window);
+            return !wanted.found;
+        };
+        EnumWindows(look, reinterpret_cast<LPARAM>(&search));
+        return search.found;
+    }
+
+private:
+    PROCESS_INFORMATION process_{};
+};
+
+PROCESS_MEMORY_COUNTERS memory(HANDLE process) {
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    GetProcessMemoryInfo(process, &counters, sizeof counters);
+    return counters;
+}
+
+double kilobytes(SIZE_T bytes) { return static_cast<double>(bytes) / 1024; }
+
+}  // namespace
+
+Resources resources() {
+    DWORD handles = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &handles);
+    return {static_cast<long>(handles), kilobytes(memory(GetCurrentProcess()).PagefileUsage)};
+}
+
+// ---- Screens ----
+
+namespace {
+
+// The real windows, with a user who says yes to every question.
+class AgreeingWindows final : public Windows {
+public:
+    void formChanged(Form& form) override { real.formChanged(form); }
+    void controlChanged(Control& control) override { real.controlChanged(control); }
+    void rowsChanged(Control& list, RowChange change, int row) override { real.rowsChanged(list, change, row); }
+    void timerChanged(Timer& timer) override { real.timerChanged(timer); }
+    Answer ask(const std::string&, const std::string&, Buttons) override { return Answer::ok; }
+    Size screenSize() override { return real.screenSize(); }
+    void quit() override { real.quit(); }
+
+    Win32Windows real;
+};
+
+class RealScreen final : public Screen {
+public:
+    std::string name() const override { return "real windows"; }
+    Windows& windows() override { return windows_; }
+    void event(const Work& event) override {
+        windows_.real.event(orEnd(event));
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+    }
+
+private:
+    AgreeingWindows windows_;
+};
+
+}  // namespace
+
+std::vector<ScreenMaker> screens() {
+    return {&makeHeadlessScreen, [] { return std::make_unique<RealScreen>(); }};
+}
+
+// ---- Against the platform's own programs ----
+
+// Each program is measured on its job and on a job of next to nothing, which shows what its start costs.
+void measureTools(const Scale& scale, const std::string& folder) {
+    const std::string file = folder + "bench.kls";
+    const std::string tiny = folder + "bench_tiny.kls";
+    const std::string out = folder + "bench_out.reg";
+    const std::string merge = "regedit.exe /S " + file;
+    const std::string mergeTiny = "regedit.exe /S " + tiny;
+    const std::string tool = "reg.exe export HKLM\\Software\\Vrix";
+    Win32Registry store;
+    HeadlessWindows windows;
+    Running running(store, windows);
+    const auto process = [](const std::string& command) -> Work { return [command] { Process(command).wait(); }; };
+    const Work forget = [&] { removeTree(store, "Software\\Vrix"); };
+    {
+        SettingsFile smallest(running.files, tiny);
+        smallest.header("Tiny");
+        smallest.entry("a", "b");
+        smallest.close();
+    }
+    const auto tell = [&](const std::string& what, int rounds, const std::vector<Side>& sides) {
+        const auto times = inTurns(rounds, sides);
+        const double ours = median(times[0]);
+        const double theirs = median(times[1]);
+        const double start = median(times[2]);
+        const std::string detail = text(ours) + " to " + text(theirs) + " less " + text(start) + " ms";
+        report("c " + what + ", with their start", ratio(times[0], times[1]), 1, detail);
+        report("c " + what + ", without their start", ours / std::max(theirs - start, 0.001), 1);
+    };
+    for (const int topics : scale.sizes({10, 100, 1'000, 10'000})) {
+        const int rounds = scale.rounds(topics > 1'000 ? 5 : topics > 100 ? 11 : 31);
+        const std::string size = std::to_string(topics) + " Topics";
+        fillProduct(running.pages, topics);
+        const Work finish = [&] {
+            saveNewProduct(running.pages, running.clock.text);
+            writeNewProduct(running.pages, file, running.clock.text);
+            endEvent(store);
+        };
+        tell("Finish to regedit /S, " + size, rounds,
+             {{finish, forget}, {process(merge), forget}, {process(mergeTiny)}});
+
+        forget();
+        finish();
+        chooseProduct(running.pages);
+        const Work exportIt = [&] {
+            ProductExport(running.pages).write(file);
+            endEvent(store);
+        };
+        BareKey(store, "Software\\Vrix\\Tiny", BareKey::For::writing);
+        tell("export to reg export, " + size, rounds,
+             {{exportIt}, {process(tool + ' ' + out + " /y")}, {process(tool + "\\Tiny " + out + " /y")}});
+        forget();
+    }
+    for (const std::string& path : {file, tiny, out}) DeleteFileA(path.c_str());
+}
+
+// From the start to the first visible window, and the memory taken until the window rests, against notepad.
+void measureStart(const Scale& scale, const std::string& programs) {
+    struct Start {
+        double time;
+        double memory;
+    };
+    const auto start = [](const std::string& command) {
+        Start result{};
+        std::unique_ptr<Process> process;
+        result.time = timed([&] {
+            process = std::make_unique<Process>(command);
+            while (!process->showsWindow()) Sleep(1);
+        });
+        Sleep(300);
+        result.memory = kilobytes(memory(process->handle()).PeakPagefileUsage);
+        TerminateProcess(process->handle(), 0);
+        process->wait();
+        return result;
+    };
+    for (const std::string name : {"VrixToolkitTrial", "VrixToolkit"}) {
+        std::vector<double> times, memories, ours, theirs;
+        for (int round = -1; round < scale.rounds(15); ++round) {
+            const Start mine = start(programs + name + ".exe");
+            const Start notepad = start("notepad.exe");
+            if (round < 0) continue;
+            times.push_back(mine.time / notepad.time);
+            memories.push_back(mine.memory / notepad.memory);
+            ours.push_back(mine.time);
+            theirs.push_back(notepad.time);
+        }
+        report("e " + name + ", time to the first window", median(times), 1,
+               text(median(ours)) + " to " + text(median(theirs)) + " ms");
+        report("e " + name + ", peak private memory", median(memories), 1,
+               text(start(programs + name + ".exe").memory) + " kB");
+    }
+}
+
+}  // namespace vrix::bench
