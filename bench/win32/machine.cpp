@@ -20,7 +20,7 @@ std::unique_ptr<Registry> makeStore() {
     return store;
 }
 
-void endEvent(Registry&) {}
+void endEvent(Registry& store) { static_cast<Win32Registry&>(store).release(); }
 
 namespace {
 

@@ -7,5 +7,6 @@ int main() {
     vrix::hardenProcess();
     vrix::Win32Registry registry;
     vrix::Win32Windows windows;
+    windows.onPause = [&] { registry.release(); };
     return vrix::runOnWindows(registry, windows);
 }

@@ -19,4 +19,30 @@ TEST(MachineRegistry, ConformsAndAnswersRandomCallsAsTheEmbeddedOne) {
     fresh();
 }
 
+TEST(MachineRegistry, KeepsClosedKeysOpenUnseen) {
+    const std::string path = "Software\\Vrix.T\\kept";
+    Win32Registry registry;
+    RegistryKey key = 0;
+    const auto make = [&](RegistryKey& made) { return registry.createKey(hive::localMachine, path, 63, made); };
+    const auto set = [&](const char* text) { return registry.setValue(key, "v", valuetype::string, text, 2); };
+    const auto save = [&](const char* text) { return make(key) == set(text) && set(text) == registry.closeKey(key); };
+    const auto stored = [&] {
+        char text[8] = "none";
+        DWORD size = sizeof text;
+        RegGetValueA(HKEY_LOCAL_MACHINE, path.c_str(), "v", RRF_RT_REG_SZ, nullptr, text, &size);
+        return std::string(text);
+    };
+    const auto deleteOutside = [&] { return RegDeleteKeyA(HKEY_LOCAL_MACHINE, path.c_str()) == ERROR_SUCCESS; };
+    EXPECT_TRUE(save("1") && stored() == "1" && save("2") && stored() == "2");
+    EXPECT_TRUE(deleteOutside() && save("3") && stored() == "3");                            // made again by the write
+    EXPECT_TRUE(deleteOutside() && make(key) == registry.closeKey(key) && deleteOutside());  // and by the close
+    RegistryKey other = 0;
+    EXPECT_TRUE(save("4") && deleteOutside() && make(key) == make(other) && deleteOutside() && key != other);
+    EXPECT_EQ(set("5"), Status::keyDeleted);  // the second createKey had made it
+    EXPECT_TRUE(registry.closeKey(other) == registry.closeKey(key) && registry.closeKey(key) == Status::invalidHandle);
+    EXPECT_TRUE(save("6") && deleteOutside());
+    EXPECT_EQ(registry.openKey(hive::localMachine, path, 63, key), Status::fileNotFound);
+    EXPECT_TRUE(save("7") && registry.deleteKey(hive::localMachine, path) == Status::success && stored() == "none");
+}
+
 }  // namespace vrix

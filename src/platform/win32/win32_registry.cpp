@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <utility>
+
 namespace vrix {
 
 namespace {
@@ -10,37 +13,126 @@ HKEY native(RegistryKey key) { return reinterpret_cast<HKEY>(key); }
 
 Status status(LSTATUS code) { return static_cast<Status>(code); }
 
+RegistryKey known(HKEY key) { return reinterpret_cast<RegistryKey>(key); }
+
+LSTATUS make(HKEY parent, const std::string& path, std::uint32_t rights, HKEY& key) {
+    char noClass[] = "";
+    SECURITY_ATTRIBUTES security{};
+    security.nLength = sizeof security;
+    return RegCreateKeyExA(parent, path.c_str(), 0, noClass, 0, rights, &security, &key, nullptr);
+}
+
+// An answer that only a key which is there can give.
+bool provesKey(LSTATUS code) {
+    return code == ERROR_SUCCESS || code == ERROR_FILE_NOT_FOUND || code == ERROR_MORE_DATA ||
+           code == ERROR_NO_MORE_ITEMS;
+}
+
 }  // namespace
 
+// ---- Keys that stay open ----
+
+Win32Registry::~Win32Registry() { release(); }
+
+void Win32Registry::release() {
+    settle();
+    for (const Made& made : idle_) RegCloseKey(made.handle);
+    idle_.clear();
+}
+
+Win32Registry::Keys::iterator Win32Registry::find(Keys& keys, RegistryKey key) {
+    return std::find_if(keys.begin(), keys.end(), [&](const Made& made) { return known(made.handle) == key; });
+}
+
+// The native handle for a call: none for a key that its caller has closed.
+HKEY Win32Registry::reach(RegistryKey key) {
+    if (const auto made = find(lent_, key); made != lent_.end() && made->renewed != nullptr) return made->renewed;
+    return find(idle_, key) == idle_.end() ? native(key) : nullptr;
+}
+
+// Does what the createKey that lent the unproven key would have done without it.
+Status Win32Registry::settle() {
+    if (unproven_ == 0) return Status::success;
+    Made& made = *find(lent_, std::exchange(unproven_, 0));
+    HKEY fresh = nullptr;
+    const LSTATUS code = make(HKEY_LOCAL_MACHINE, made.path, made.rights, fresh);
+    if (code == ERROR_SUCCESS) made.renewed = fresh;
+    return status(code);
+}
+
+template <class Call>
+Status Win32Registry::on(RegistryKey key, const Call& call) {
+    if (key != unproven_) settle();
+    LSTATUS code = call(reach(key));
+    if (key != unproven_ || key == 0) return status(code);
+    if (code == ERROR_KEY_DELETED) {
+        if (const Status settled = settle(); settled != Status::success) return settled;
+        code = call(reach(key));
+    } else if (provesKey(code)) {
+        unproven_ = 0;
+    }
+    return status(code);
+}
+
+// ---- Calls ----
+
 Status Win32Registry::openKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) {
+    settle();
     HKEY opened = nullptr;
-    const LSTATUS code = RegOpenKeyExA(native(parent), path.c_str(), 0, rights, &opened);
-    key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(opened) : 0;
+    const LSTATUS code = RegOpenKeyExA(reach(parent), path.c_str(), 0, rights, &opened);
+    key = code == ERROR_SUCCESS ? known(opened) : 0;
     return status(code);
 }
 
 Status Win32Registry::createKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) {
+    settle();
+    const bool mayStay = parent == hive::localMachine && *path.c_str() != '\0';  // else it may be the hive itself
+    const auto idle = std::find_if(idle_.begin(), idle_.end(), [&](const Made& made) {
+        return mayStay && made.rights == rights && made.path == path;
+    });
+    if (idle != idle_.end()) {
+        key = unproven_ = known(idle->handle);
+        lent_.push_back(std::move(*idle));
+        idle_.erase(idle);
+        return Status::success;
+    }
     HKEY opened = nullptr;
-    char noClass[] = "";
-    SECURITY_ATTRIBUTES security{};
-    security.nLength = sizeof security;
-    const LSTATUS code =
-        RegCreateKeyExA(native(parent), path.c_str(), 0, noClass, 0, rights, &security, &opened, nullptr);
-    key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(opened) : 0;
+    const LSTATUS code = make(reach(parent), path, rights, opened);
+    key = code == ERROR_SUCCESS ? known(opened) : 0;
+    if (mayStay && key != 0) lent_.push_back({opened, path, rights});
     return status(code);
 }
 
-Status Win32Registry::closeKey(RegistryKey key) { return status(RegCloseKey(native(key))); }
+Status Win32Registry::closeKey(RegistryKey key) {
+    if (key == unproven_) settle();
+    const auto lent = find(lent_, key);
+    if (lent == lent_.end()) return status(RegCloseKey(reach(key)));
+    Made made = std::move(*lent);
+    lent_.erase(lent);
+    if (made.renewed != nullptr) {
+        RegCloseKey(made.renewed);
+        return status(RegCloseKey(made.handle));
+    }
+    constexpr std::size_t mostIdle = 4;  // the Topics of a Product are written into three keys in turn
+    if (idle_.size() == mostIdle) {
+        RegCloseKey(idle_.front().handle);
+        idle_.erase(idle_.begin());
+    }
+    idle_.push_back(std::move(made));
+    return Status::success;
+}
 
 Status Win32Registry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
                                  std::uint32_t& size) {
     DWORD foundType = type;
-    DWORD foundSize = size;
-    const LSTATUS code =
-        RegQueryValueExA(native(key), name.c_str(), nullptr, &foundType, static_cast<BYTE*>(data), &foundSize);
+    DWORD foundSize = 0;
+    const Status found = on(key, [&](HKEY handle) {
+        foundSize = size;
+        return RegQueryValueExA(handle, name.c_str(), nullptr, &foundType, static_cast<BYTE*>(data), &foundSize);
+    });
     type = foundType;
     size = foundSize;
-    return status(code);
+    return found;
 }
 
 Status Win32Registry::setValue(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
@@ -48,37 +140,47 @@ Status Win32Registry::setValue(RegistryKey key, const std::string& name, std::ui
     // The platform reads through a null pointer as it stands, and faults.
     if (data == nullptr && size > 1) return Status::noAccess;
     const void* bytes = data == nullptr && size == 1 ? "" : data;
-    return status(RegSetValueExA(native(key), name.c_str(), 0, type, static_cast<const BYTE*>(bytes), size));
+    return on(key, [&](HKEY handle) {
+        return RegSetValueExA(handle, name.c_str(), 0, type, static_cast<const BYTE*>(bytes), size);
+    });
 }
 
 Status Win32Registry::deleteKey(RegistryKey parent, const std::string& path) {
-    return status(RegDeleteKeyA(native(parent), path.c_str()));
+    release();
+    return status(RegDeleteKeyA(reach(parent), path.c_str()));
 }
 
 Status Win32Registry::deleteValue(RegistryKey key, const std::string& name) {
-    return status(RegDeleteValueA(native(key), name.c_str()));
+    return on(key, [&](HKEY handle) { return RegDeleteValueA(handle, name.c_str()); });
 }
 
 Status Win32Registry::enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) {
-    DWORD length = capacity;
-    return status(RegEnumKeyExA(native(key), index, name, &length, nullptr, nullptr, nullptr, nullptr));
+    return on(key, [&](HKEY handle) {
+        DWORD length = capacity;
+        return RegEnumKeyExA(handle, index, name, &length, nullptr, nullptr, nullptr, nullptr);
+    });
 }
 
 Status Win32Registry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) {
-    DWORD room = length;
-    const LSTATUS code = RegEnumValueA(native(key), index, name, &room, nullptr, nullptr, nullptr, nullptr);
+    DWORD room = 0;
+    const Status found = on(key, [&](HKEY handle) {
+        room = length;
+        return RegEnumValueA(handle, index, name, &room, nullptr, nullptr, nullptr, nullptr);
+    });
     length = room;
-    return status(code);
+    return found;
 }
 
 Status Win32Registry::queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) {
     char noClass[] = "";
-    DWORD classLength = 0;
     DWORD longest = 0;
-    const LSTATUS code = RegQueryInfoKeyA(native(key), noClass, &classLength, nullptr, nullptr, nullptr, nullptr,
-                                          nullptr, &longest, nullptr, nullptr, nullptr);
+    const Status found = on(key, [&](HKEY handle) {
+        DWORD classLength = 0;
+        return RegQueryInfoKeyA(handle, noClass, &classLength, nullptr, nullptr, nullptr, nullptr, nullptr, &longest,
+                                nullptr, nullptr, nullptr);
+    });
     longestValueName = longest;
-    return status(code);
+    return found;
 }
 
 std::string Win32Registry::expandEnvironment(const std::string& text) {

@@ -108,6 +108,7 @@ void Win32Windows::event(const std::function<void()>& event) {
         event();
         if (!ended_) catchUp();
     });
+    onPause();
 }
 
 void Win32Windows::quietly(const std::function<void()>& change) {
@@ -117,6 +118,7 @@ void Win32Windows::quietly(const std::function<void()>& change) {
 }
 
 void Win32Windows::modal(const std::function<void(HWND)>& dialog) {
+    onPause();
     catchUp();
     FormWindow* owner = active();
     for (const auto& [form, window] : forms_) EnableWindow(window->handle(), window.get() == owner);

@@ -28,6 +28,9 @@ public:
     Size screenSize() override;
     void quit() override;
 
+    // Called behind each event of the program, and before the user is waited for in the middle of one.
+    std::function<void()> onPause = [] {};
+
     // Handles what the user does until the program ends; no window is left then. Gives the exit code.
     int run();
 
