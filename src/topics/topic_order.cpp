@@ -1,6 +1,7 @@
 #include "topics/topic_order.h"
 
-#include <algorithm>
+#include <map>
+#include <string>
 
 #include "common/number.h"
 #include "common/runtime_failure.h"
@@ -127,15 +128,30 @@ void TopicOrderModule::followUp(int a) {
     }
 }
 
+// A row that keeps its place is touched only where another row comes to that place too.
 void TopicOrderModule::applyOrderNumbers() {
-    const Columns copy = OrderTable;
-    for (std::size_t j = 0; j < copy.numbers.size(); ++j) {
-        const int place = copy.numbers[j];
-        if (place >= OrderRowCount) continue;
-        const int row = static_cast<int>(j);
-        OrderTable.names.at(place) = copy.names.at(row);
-        OrderTable.numbers[static_cast<std::size_t>(place)] = copy.numbers[j];
-        OrderTable.paths.at(place) = copy.paths.at(row);
+    struct Row {
+        int place;
+        std::string name;
+        std::string path;
+    };
+    std::map<int, Row> rows;
+    const auto take = [&](int row) {
+        const auto place = OrderTable.numbers.at(static_cast<std::size_t>(row));
+        rows.try_emplace(row, Row{place, OrderTable.names.at(row), OrderTable.paths.at(row)});
+    };
+    const int count = static_cast<int>(OrderTable.numbers.size());
+    for (int row = 0; row < count; ++row) {
+        const int place = OrderTable.numbers[static_cast<std::size_t>(row)];
+        if (place == row) continue;
+        take(row);
+        if (place < count) take(place);
+    }
+    for (const auto& [number, row] : rows) {
+        if (row.place >= OrderRowCount) continue;
+        OrderTable.names.at(row.place) = row.name;
+        OrderTable.numbers[static_cast<std::size_t>(row.place)] = static_cast<std::int16_t>(row.place);
+        OrderTable.paths.at(row.place) = row.path;
     }
     showOrderPage(toolkit_.create20.OrderCurrentView);
 }
