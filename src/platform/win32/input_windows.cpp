@@ -111,7 +111,6 @@ ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
       box_(box) {
     send(setMostRowsSeen, rowsSeen);
     send(CB_INITSTORAGE, box.rows().size(), 32);
-    for (int row = 0; row < box.count(); ++row) rowsChanged(RowChange::inserted, row);
 }
 
 // The native control's own height is that of the list which it opens.
@@ -130,17 +129,18 @@ void ComboBoxWindow::layout() {
     send(CB_SETITEMHEIGHT, ownBox, owner().style().lineBoxHeight() - border);
 }
 
-void ComboBoxWindow::rowsChanged(RowChange change, int row) {
-    const auto at = static_cast<WPARAM>(row);
-    if (change == RowChange::inserted) send(CB_INSERTSTRING, at, box_.rows()[at]);
-    if (change == RowChange::removed) send(CB_DELETESTRING, at);
-    if (change == RowChange::cleared) send(CB_RESETCONTENT);
-    rowsDiffer_ = true;
+void ComboBoxWindow::rowsChanged(RowChange, int) { rowsDiffer_ = true; }
+
+void ComboBoxWindow::showRows() {
+    shown_.become(
+        box_.rows(), [&](std::size_t row, const std::string& text) { send(CB_INSERTSTRING, row, text); },
+        [&](std::size_t row) { send(CB_DELETESTRING, row); }, [&] { send(CB_RESETCONTENT); });
 }
 
 void ComboBoxWindow::update() {
     ControlWindow::update();
     if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
+    if (rowsDiffer_) showRows();
     rowsDiffer_ = false;
     send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
 }
@@ -179,9 +179,7 @@ MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
                          LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
                      WS_EX_CLIENTEDGE}),
       list_(list) {
-    freeze();
     send(LB_INITSTORAGE, list.rows().size(), 32);
-    for (int row = 0; row < list.count(); ++row) rowsChanged(RowChange::inserted, row);
 }
 
 void MarkListWindow::layout() {
@@ -190,37 +188,65 @@ void MarkListWindow::layout() {
     send(LB_SETITEMHEIGHT, 0, lineHeight(font) + owner().style().px(5));
 }
 
-void MarkListWindow::freeze() {
-    if (!frozen_) send(WM_SETREDRAW, FALSE);
-    frozen_ = true;
-}
-
 void MarkListWindow::update() {
-    if (frozen_) {
+    const bool many = rowsDiffer_;
+    if (many) {
+        send(WM_SETREDRAW, FALSE);
+        showRows();
+    }
+    if (marksDiffer_) showMarks();
+    if (many) {
         send(WM_SETREDRAW, TRUE);
         InvalidateRect(handle(), nullptr, TRUE);
     }
-    frozen_ = false;
     ControlWindow::update();
 }
 
-bool MarkListWindow::isMarked(int row) const { return send(LB_GETSEL, static_cast<WPARAM>(row)) > 0; }
+void MarkListWindow::showRows() {
+    std::vector<std::string> texts;
+    for (const MarkList::Row& row : list_.rows()) texts.push_back(row.text);
+    shown_.become(
+        std::move(texts), [&](std::size_t row, const std::string& text) { send(LB_INSERTSTRING, row, text); },
+        [&](std::size_t row) { send(LB_DELETESTRING, row); }, [&] { send(LB_RESETCONTENT); });
+    // A list that was filled anew begins at its top.
+    if (cleared_) {
+        send(LB_SETCARETINDEX, 0, FALSE);
+        send(LB_SETTOPINDEX, 0);
+    }
+    rowsDiffer_ = false;
+    cleared_ = false;
+}
 
-void MarkListWindow::rowsChanged(RowChange change, int row) {
-    const auto at = static_cast<WPARAM>(row);
-    if (change != RowChange::marked) freeze();
-    if (change == RowChange::inserted) send(LB_INSERTSTRING, at, list_.rows()[at].text);
-    if (change == RowChange::removed) send(LB_DELETESTRING, at);
-    if (change == RowChange::cleared) send(LB_RESETCONTENT);
-    if (change != RowChange::inserted && change != RowChange::marked) return;
-    const bool marked = list_.rows()[at].marked;
-    if (marked == isMarked(row)) return;
-    // Marking by code moves neither the focused row nor what is seen of the list.
+std::vector<bool> MarkListWindow::shownMarks() const {
+    std::vector<int> rows(static_cast<std::size_t>(std::max<LRESULT>(0, send(LB_GETSELCOUNT))));
+    send(LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
+    std::vector<bool> marks(list_.rows().size());
+    for (const int row : rows) marks.at(static_cast<std::size_t>(row)) = true;
+    return marks;
+}
+
+// Marking by code moves neither the focused row nor what is seen of the list.
+void MarkListWindow::showMarks() {
+    marksDiffer_ = false;
+    const std::vector<bool> shown = shownMarks();
     const auto caret = static_cast<WPARAM>(send(LB_GETCARETINDEX));
     const auto top = static_cast<WPARAM>(send(LB_GETTOPINDEX));
-    send(LB_SETSEL, marked, static_cast<LPARAM>(row));
-    send(LB_SETCARETINDEX, caret, TRUE);
-    send(LB_SETTOPINDEX, top);
+    const auto differs = [&](std::size_t row) { return list_.rows()[row].marked != shown[row]; };
+    for (std::size_t row = 0; row < shown.size(); ++row) {
+        if (!differs(row)) continue;
+        const std::size_t first = row;
+        const bool marked = list_.rows()[row].marked;
+        while (row + 1 < shown.size() && differs(row + 1) && list_.rows()[row + 1].marked == marked) ++row;
+        send(LB_SELITEMRANGE, marked, MAKELPARAM(first, row));
+    }
+    if (static_cast<WPARAM>(send(LB_GETCARETINDEX)) != caret) send(LB_SETCARETINDEX, caret, TRUE);
+    if (static_cast<WPARAM>(send(LB_GETTOPINDEX)) != top) send(LB_SETTOPINDEX, top);
+}
+
+void MarkListWindow::rowsChanged(RowChange change, int) {
+    if (change != RowChange::marked) rowsDiffer_ = true;
+    if (change == RowChange::cleared) cleared_ = true;
+    marksDiffer_ = true;
 }
 
 void MarkListWindow::notified(int code) {
@@ -235,9 +261,10 @@ LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void MarkListWindow::takeMarks() {
-    for (int row = 0; row < list_.count(); ++row) {
-        const bool marked = isMarked(row);
-        if (marked != list_.rows()[static_cast<std::size_t>(row)].marked) event([&] { list_.userMarks(row, marked); });
+    const std::vector<bool> shown = shownMarks();
+    for (std::size_t row = 0; row < std::min(shown.size(), list_.rows().size()); ++row) {
+        const bool marked = shown[row];
+        if (marked != list_.rows()[row].marked) event([&] { list_.userMarks(static_cast<int>(row), marked); });
     }
 }
 

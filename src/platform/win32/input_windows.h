@@ -1,7 +1,10 @@
 #pragma once
 
+#include <vector>
+
 #include "forms/inputs.h"
 #include "platform/win32/control_window.h"
+#include "platform/win32/shown_rows.h"
 
 namespace vrix {
 
@@ -59,9 +62,11 @@ public:
 private:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT place() const override;
+    void showRows();
     void choicesSettled();
 
     ComboBox& box_;
+    ShownRows shown_;
     bool rowsDiffer_ = true;  // the rows changed since the current one was last shown
     bool settling_ = false;   // a look at the user's choice is on its way
     bool confirmed_ = false;  // the user confirmed the current row, be it another one or not
@@ -80,10 +85,14 @@ public:
 private:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void takeMarks();
-    void freeze();
-    bool isMarked(int row) const;
+    void showRows();
+    void showMarks();
+    std::vector<bool> shownMarks() const;
     MarkList& list_;
-    bool frozen_ = false;  // it does not draw while many rows change
+    ShownRows shown_;
+    bool rowsDiffer_ = true;   // rows came or went since they were last shown
+    bool cleared_ = false;     // all of them went in between
+    bool marksDiffer_ = true;  // the program marked rows since they were last shown
 };
 
 }  // namespace vrix
