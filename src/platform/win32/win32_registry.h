@@ -13,14 +13,15 @@ namespace vrix {
 // expanded, and an expansion ends there: the platform has no more.
 //
 // The store makes a key, writes one value and closes it, value by value. So that a run of writes costs one request
-// each, the handles of a few closed keys stay open for the next createKey of the very same path and rights. Nobody can
-// tell, because
+// each, the handles of a few closed keys stay open for the next createKey of the very same path and rights. Others can
+// tell as little as that allows:
 // - every write goes to the platform before its call returns; only making a key that was there a moment ago waits for
 //   the first call on it, and comes before any other call of this registry;
-// - where another program has deleted the key meanwhile, that call finds out and makes it, as createKey would have;
+// - where another program has deleted the key meanwhile, that call finds out and makes it, as createKey would have. If
+//   the platform refuses that, the refusal comes from this call, createKey having answered success;
 // - a handle is lent to one caller at a time, and a closed one is refused as the platform refuses it;
-// - nothing is kept across a deleteKey of this registry or the end of an event of the program. What else can change
-//   within one event (another program renames the key, or takes the rights to it away) is as if done behind the event.
+// - nothing is kept across a deleteKey of this registry or the end of an event of the program. A key that another
+//   program renames within one event, or takes the rights to away, is still written to until that event ends.
 // openKey is never served so: its answer says whether the key is there.
 class Win32Registry final : public Registry {
 public:
