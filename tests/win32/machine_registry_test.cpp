@@ -23,9 +23,12 @@ TEST(MachineRegistry, KeepsClosedKeysOpenUnseen) {
     const std::string path = "Software\\Vrix.T\\kept";
     Win32Registry registry;
     RegistryKey key = 0;
-    const auto make = [&](RegistryKey& made) { return registry.createKey(hive::localMachine, path, 63, made); };
+    const auto make = [&](RegistryKey& made, std::uint32_t rights = access::change) {
+        return registry.createKey(hive::localMachine, path, rights, made) == Status::success;
+    };
     const auto set = [&](const char* text) { return registry.setValue(key, "v", valuetype::string, text, 2); };
-    const auto save = [&](const char* text) { return make(key) == set(text) && set(text) == registry.closeKey(key); };
+    const auto close = [&] { return registry.closeKey(key) == Status::success; };
+    const auto save = [&](const char* text) { return make(key) && set(text) == Status::success && close(); };
     const auto stored = [&] {
         char text[8] = "none";
         DWORD size = sizeof text;
@@ -34,15 +37,13 @@ TEST(MachineRegistry, KeepsClosedKeysOpenUnseen) {
     };
     const auto deleteOutside = [&] { return RegDeleteKeyA(HKEY_LOCAL_MACHINE, path.c_str()) == ERROR_SUCCESS; };
     EXPECT_TRUE(save("1") && stored() == "1" && save("2") && stored() == "2");
-    EXPECT_TRUE(deleteOutside() && save("3") && stored() == "3");                            // made again by the write
-    EXPECT_TRUE(deleteOutside() && make(key) == registry.closeKey(key) && deleteOutside());  // and by the close
-    RegistryKey other = 0;
-    EXPECT_TRUE(save("4") && deleteOutside() && make(key) == make(other) && deleteOutside() && key != other);
-    EXPECT_EQ(set("5"), Status::keyDeleted);  // the second createKey had made it
-    EXPECT_TRUE(registry.closeKey(other) == registry.closeKey(key) && registry.closeKey(key) == Status::invalidHandle);
-    EXPECT_TRUE(save("6") && deleteOutside());
-    EXPECT_EQ(registry.openKey(hive::localMachine, path, 63, key), Status::fileNotFound);
-    EXPECT_TRUE(save("7") && registry.deleteKey(hive::localMachine, path) == Status::success && stored() == "none");
+    EXPECT_TRUE(deleteOutside() && save("3") && stored() == "3");             // made again by the write
+    EXPECT_TRUE(deleteOutside() && make(key) && close() && deleteOutside());  // and by the close
+    EXPECT_TRUE(save("4") && make(key, access::queryValue) && set("5") == Status::accessDenied && close());
+    RegistryKey other = 0;  // whose making makes the key of the first
+    EXPECT_TRUE(deleteOutside() && make(key) && make(other) && key != other && deleteOutside());
+    EXPECT_TRUE(set("6") == Status::keyDeleted && close() && registry.closeKey(key) == Status::invalidHandle);
+    EXPECT_EQ(registry.openKey(hive::localMachine, path, access::change, key), Status::fileNotFound);
 }
 
 }  // namespace vrix
