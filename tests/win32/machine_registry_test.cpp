@@ -22,7 +22,7 @@ TEST(MachineRegistry, ConformsAndAnswersRandomCallsAsTheEmbeddedOne) {
 TEST(MachineRegistry, KeepsClosedKeysOpenUnseen) {
     const std::string path = "Software\\Vrix.T\\kept";
     Win32Registry registry;
-    RegistryKey key = 0;
+    RegistryKey key = 0, other = 0;
     const auto make = [&](RegistryKey& made, std::uint32_t rights = access::change) {
         return registry.createKey(hive::localMachine, path, rights, made) == Status::success;
     };
@@ -37,11 +37,10 @@ TEST(MachineRegistry, KeepsClosedKeysOpenUnseen) {
     };
     const auto deleteOutside = [&] { return RegDeleteKeyA(HKEY_LOCAL_MACHINE, path.c_str()) == ERROR_SUCCESS; };
     EXPECT_TRUE(save("1") && stored() == "1" && save("2") && stored() == "2");
-    EXPECT_TRUE(deleteOutside() && save("3") && stored() == "3");             // made again by the write
-    EXPECT_TRUE(deleteOutside() && make(key) && close() && deleteOutside());  // and by the close
+    EXPECT_TRUE(deleteOutside() && save("3") && stored() == "3");                          // made again by the write
+    EXPECT_TRUE(save("3") && deleteOutside() && make(key) && close() && deleteOutside());  // and by the close
     EXPECT_TRUE(save("4") && make(key, access::queryValue) && set("5") == Status::accessDenied && close());
-    RegistryKey other = 0;  // whose making makes the key of the first
-    EXPECT_TRUE(deleteOutside() && make(key) && make(other) && key != other && deleteOutside());
+    EXPECT_TRUE(deleteOutside() && make(key) && make(other) && key != other && deleteOutside());  // other made it
     EXPECT_TRUE(set("6") == Status::keyDeleted && close() && registry.closeKey(key) == Status::invalidHandle);
     EXPECT_EQ(registry.openKey(hive::localMachine, path, access::change, key), Status::fileNotFound);
 }
