@@ -42,7 +42,17 @@ TEST(MachineRegistry, KeepsClosedKeysOpenUnseen) {
     EXPECT_TRUE(save("4") && make(key, access::queryValue) && set("5") == Status::accessDenied && close());
     EXPECT_TRUE(deleteOutside() && make(key) && make(other) && key != other && deleteOutside());  // other made it
     EXPECT_TRUE(set("6") == Status::keyDeleted && close() && registry.closeKey(key) == Status::invalidHandle);
-    EXPECT_EQ(registry.openKey(hive::localMachine, path, access::change, key), Status::fileNotFound);
+    const auto read = [&] {
+        char text[8] = "none";
+        std::uint32_t type = 0, size = 0, room = sizeof text;
+        const Status opened = registry.openKey(hive::localMachine, path, access::queryValue, key);
+        const Status sized = registry.queryValue(key, "v", type, text, size);
+        const Status found = registry.queryValue(key, "v", type, text, room);
+        EXPECT_TRUE(found != Status::success || (sized == Status::moreData && size == 2 && room == 2));
+        return close() && opened == Status::success && sized != Status::fileNotFound ? std::string(text) : "missing";
+    };
+    EXPECT_TRUE(save("7") && read() == "7" && save("8") && read() == "8" && deleteOutside() && read() == "missing");
+    EXPECT_TRUE(save("9") && read() == "9");
 }
 
 }  // namespace vrix

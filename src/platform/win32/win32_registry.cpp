@@ -15,7 +15,8 @@ Status status(LSTATUS code) { return static_cast<Status>(code); }
 
 RegistryKey known(HKEY key) { return reinterpret_cast<RegistryKey>(key); }
 
-LSTATUS make(HKEY parent, const std::string& path, std::uint32_t rights, HKEY& key) {
+LSTATUS take(HKEY parent, const std::string& path, std::uint32_t rights, bool make, HKEY& key) {
+    if (!make) return RegOpenKeyExA(parent, path.c_str(), 0, rights, &key);
     char noClass[] = "";
     SECURITY_ATTRIBUTES security{};
     security.nLength = sizeof security;
@@ -36,37 +37,41 @@ Win32Registry::~Win32Registry() { release(); }
 
 void Win32Registry::release() {
     settle();
-    for (const Made& made : idle_) RegCloseKey(made.handle);
+    for (const Kept& kept : idle_) RegCloseKey(kept.handle);
     idle_.clear();
 }
 
 Win32Registry::Keys::iterator Win32Registry::find(Keys& keys, RegistryKey key) {
-    return std::find_if(keys.begin(), keys.end(), [&](const Made& made) { return known(made.handle) == key; });
+    return std::find_if(keys.begin(), keys.end(), [&](const Kept& kept) { return known(kept.handle) == key; });
 }
 
 // The native handle for a call: none for a key that its caller has closed.
 HKEY Win32Registry::reach(RegistryKey key) {
-    if (const auto made = find(lent_, key); made != lent_.end() && made->renewed != nullptr) return made->renewed;
+    if (const auto kept = find(lent_, key); kept != lent_.end() && kept->renewed != nullptr) return kept->renewed;
     return find(idle_, key) == idle_.end() ? native(key) : nullptr;
 }
 
-// Does what the createKey that lent the unproven key would have done without it.
-Status Win32Registry::settle() {
+// Does what the createKey that lent the unproven key would have done without it. An openKey did nothing that others can
+// see, so it is done only where its key has to be renewed.
+Status Win32Registry::settle(bool renew) {
+    peek_ = {};
     if (unproven_ == 0) return Status::success;
-    Made& made = *find(lent_, std::exchange(unproven_, 0));
+    Kept& kept = *find(lent_, std::exchange(unproven_, 0));
+    if (!kept.made && !renew) return Status::success;
     HKEY fresh = nullptr;
-    const LSTATUS code = make(HKEY_LOCAL_MACHINE, made.path, made.rights, fresh);
-    if (code == ERROR_SUCCESS) made.renewed = fresh;
+    const LSTATUS code = take(HKEY_LOCAL_MACHINE, kept.path, kept.rights, kept.made, fresh);
+    if (code == ERROR_SUCCESS) kept.renewed = fresh;
     return status(code);
 }
 
 template <class Call>
 Status Win32Registry::on(RegistryKey key, const Call& call) {
+    peek_ = {};
     if (key != unproven_) settle();
     LSTATUS code = call(reach(key));
     if (key != unproven_ || key == 0) return status(code);
     if (code == ERROR_KEY_DELETED) {
-        if (const Status settled = settle(); settled != Status::success) return settled;
+        if (const Status settled = settle(true); settled != Status::success) return settled;
         code = call(reach(key));
     } else if (provesKey(code)) {
         unproven_ = 0;
@@ -77,62 +82,76 @@ Status Win32Registry::on(RegistryKey key, const Call& call) {
 // ---- Calls ----
 
 Status Win32Registry::openKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) {
-    settle();
-    HKEY opened = nullptr;
-    const LSTATUS code = RegOpenKeyExA(reach(parent), path.c_str(), 0, rights, &opened);
-    key = code == ERROR_SUCCESS ? known(opened) : 0;
-    return status(code);
+    return give(parent, path, rights, false, key);
 }
 
 Status Win32Registry::createKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) {
+    return give(parent, path, rights, true, key);
+}
+
+Status Win32Registry::give(RegistryKey parent, const std::string& path, std::uint32_t rights, bool make,
+                           RegistryKey& key) {
     settle();
     const bool mayStay = parent == hive::localMachine && *path.c_str() != '\0';  // else it may be the hive itself
-    const auto idle = std::find_if(idle_.begin(), idle_.end(), [&](const Made& made) {
-        return mayStay && made.rights == rights && made.path == path;
+    const auto idle = std::find_if(idle_.begin(), idle_.end(), [&](const Kept& kept) {
+        return mayStay && kept.rights == rights && kept.path == path;
     });
     if (idle != idle_.end()) {
         key = unproven_ = known(idle->handle);
+        idle->made = make;
         lent_.push_back(std::move(*idle));
         idle_.erase(idle);
         return Status::success;
     }
     HKEY opened = nullptr;
-    const LSTATUS code = make(reach(parent), path, rights, opened);
+    const LSTATUS code = take(reach(parent), path, rights, make, opened);
     key = code == ERROR_SUCCESS ? known(opened) : 0;
-    if (mayStay && key != 0) lent_.push_back({opened, path, rights});
+    if (mayStay && key != 0) lent_.push_back({opened, path, rights, make});
     return status(code);
 }
 
 Status Win32Registry::closeKey(RegistryKey key) {
+    peek_ = {};
     if (key == unproven_) settle();
     const auto lent = find(lent_, key);
     if (lent == lent_.end()) return status(RegCloseKey(reach(key)));
-    Made made = std::move(*lent);
+    Kept kept = std::move(*lent);
     lent_.erase(lent);
-    if (made.renewed != nullptr) {
-        RegCloseKey(made.renewed);
-        return status(RegCloseKey(made.handle));
+    if (kept.renewed != nullptr) {
+        RegCloseKey(kept.renewed);
+        return status(RegCloseKey(kept.handle));
     }
     constexpr std::size_t mostIdle = 4;  // the Topics of a Product are written into three keys in turn
     if (idle_.size() == mostIdle) {
         RegCloseKey(idle_.front().handle);
         idle_.erase(idle_.begin());
     }
-    idle_.push_back(std::move(made));
+    idle_.push_back(std::move(kept));
     return Status::success;
 }
 
 Status Win32Registry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
                                  std::uint32_t& size) {
+    const Peek before = std::exchange(peek_, {});
+    if (before.key == key && key != 0 && before.name == name && data != nullptr && size >= before.data.size()) {
+        type = before.type;
+        size = static_cast<std::uint32_t>(before.data.copy(static_cast<char*>(data), size));
+        return Status::success;
+    }
+    char room[512];
+    const bool asksSize = size == 0 && data != nullptr;
     DWORD foundType = type;
     DWORD foundSize = 0;
     const Status found = on(key, [&](HKEY handle) {
-        foundSize = size;
-        return RegQueryValueExA(handle, name.c_str(), nullptr, &foundType, static_cast<BYTE*>(data), &foundSize);
+        foundSize = asksSize ? sizeof room : size;
+        void* place = asksSize ? room : data;
+        return RegQueryValueExA(handle, name.c_str(), nullptr, &foundType, static_cast<BYTE*>(place), &foundSize);
     });
     type = foundType;
     size = foundSize;
-    return found;
+    if (!asksSize || found != Status::success) return found;
+    peek_ = {key, name, foundType, std::string(room, foundSize)};
+    return foundSize == 0 ? Status::success : Status::moreData;
 }
 
 Status Win32Registry::setValue(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,

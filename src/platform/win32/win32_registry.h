@@ -12,9 +12,10 @@ namespace vrix {
 // The registry of the machine, straight by the platform's narrow calls. A text of more than 32,766 characters is not
 // expanded, and an expansion ends there: the platform has no more.
 //
-// The store makes a key, writes one value and closes it, value by value. So that a run of writes costs one request
-// each, the handles of a few closed keys stay open for the next createKey of the very same path and rights. Others can
-// tell as little as that allows:
+// The store opens or makes a key, reads or writes one value and closes it, value by value, and asks for the size of a
+// value before it asks for the data. So that a run of them costs one request each, the handles of a few closed keys
+// stay open for the next call with the very same path and rights, and a question for a size brings the data along, for
+// the question that follows at once. Others can tell as little as that allows:
 // - every write goes to the platform before its call returns; only making a key that was there a moment ago waits for
 //   the first call on it, and comes before any other call of this registry;
 // - where another program has deleted the key meanwhile, that call finds out and makes it, as createKey would have. If
@@ -22,7 +23,8 @@ namespace vrix {
 // - a handle is lent to one caller at a time, and a closed one is refused as the platform refuses it;
 // - nothing is kept across a deleteKey of this registry or the end of an event of the program. A key that another
 //   program renames within one event, or takes the rights to away, is still written to until that event ends.
-// openKey is never served so: its answer says whether the key is there.
+// - an openKey that is served so says that the key was there a moment ago. Where another program has deleted it
+//   meanwhile, the first call on it opens it anew, or answers as that open does.
 class Win32Registry final : public Registry {
 public:
     Win32Registry() = default;
@@ -48,23 +50,33 @@ public:
     std::string expandEnvironment(const std::string& text) override;
 
 private:
-    // A key below the machine's hive that createKey gave out; the handle is what the caller knows it by.
-    struct Made {
+    // A key below the machine's hive that was given out; the handle is what the caller knows it by.
+    struct Kept {
         HKEY__* handle;
         std::string path;
         std::uint32_t rights;
+        bool made;                  // given out by createKey the last time
         HKEY__* renewed = nullptr;  // stands for the handle since that was found to be out of date
     };
-    using Keys = std::vector<Made>;
+    using Keys = std::vector<Kept>;
+    // A value that came along with its size.
+    struct Peek {
+        RegistryKey key = 0;
+        std::string name;
+        std::uint32_t type = 0;
+        std::string data;
+    };
     static Keys::iterator find(Keys& keys, RegistryKey key);
     HKEY__* reach(RegistryKey key);
-    Status settle();
+    Status settle(bool renew = false);
+    Status give(RegistryKey parent, const std::string& path, std::uint32_t rights, bool make, RegistryKey& key);
     template <class Call>
     Status on(RegistryKey key, const Call& call);
 
     Keys lent_;                 // open for a caller
     Keys idle_;                 // closed by their callers, the last at the end
     RegistryKey unproven_ = 0;  // lent out of idle_, and not yet seen to be still there
+    Peek peek_;                 // of the last call
 };
 
 }  // namespace vrix
