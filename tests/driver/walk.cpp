@@ -291,7 +291,8 @@ private:
             if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || GetParent(control) != window_) continue;
             const std::string spoken = spokenNameOf(control);
             std::cout << "    " << spoken << '\n';
-            if (spoken.empty() && live(control) && !isDialog(window_)) throw StepFailure("a control has no name to speak");
+            if (spoken.empty() && live(control) && !isDialog(window_))
+                throw StepFailure("a control has no name to speak");
         }
     }
 
