@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <utility>
 
 #include "store/open_key.h"
 
@@ -17,8 +18,8 @@ bool isExpandable(const std::string& text) {
 
 }  // namespace
 
-std::string textOf(const Variant& value) {
-    if (const auto* text = std::get_if<std::string>(&value)) return *text;
+std::string textOf(Variant value) {
+    if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
     if (const auto* small = std::get_if<std::int16_t>(&value)) return std::to_string(*small);
     if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_string(*number);
     if (const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value)) return {bytes->begin(), bytes->end()};

@@ -23,8 +23,9 @@ std::string cRegistryFunctions::GetSetting(const std::string& sApplication, cons
     cursor.SectionKey = keyPath(sApplication, sSection);
     cursor.ValueKey = sKey;
     cursor.ValueType = static_cast<std::int32_t>(valuetype::string);
-    const std::string text = textOf(cursor.Value());
-    return text.empty() ? fallback : text;
+    std::string text = textOf(cursor.Value());
+    if (text.empty()) return fallback;
+    return text;
 }
 
 SettingsTable cRegistryFunctions::GetAllSettings(const std::string& sApplication, const std::string& sSection) {

@@ -11,6 +11,6 @@ namespace vrix {
 using Variant = std::variant<std::monostate, std::string, std::int16_t, std::int32_t, std::vector<std::uint8_t>>;
 
 // The value as text: numbers in decimal, bytes as they stand, nothing as empty text.
-std::string textOf(const Variant& value);
+std::string textOf(Variant value);
 
 }  // namespace vrix
