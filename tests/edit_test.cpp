@@ -251,17 +251,6 @@ TEST(Export, IsWrittenFromTheStoreInItsOrder) {
     EXPECT_EQ(walk.front(), "Edit2");
     EXPECT_FALSE(walk.pages.create18.Edit);
     EXPECT_EQ(walk.file("old.kls"), expected("old.kls"));
-
-    // Without Topics of its own the file ends where they should stand, and the program with it.
-    Walk bare;
-    bare.put("Toolkit\\Products", "D", "d");
-    bare.put("Toolkit\\d\\Dependencies\\IndexTable", "A", "0");
-    bare.put("Toolkit\\d\\Dependencies\\Matrix", "0", "");
-    bare.start().editProduct().user.press("ExportSettingsBtn").type("SettingsPath", bare.path("d.kls"));
-    bare.user.press("NextBtn");
-    EXPECT_EQ(bare.message(), report(13));
-    EXPECT_TRUE(
-        bare.file("d.kls").ends_with("\"0\"=\"\"\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\Toolkit\\d\\Topics]\r\n"));
 }
 
 TEST(Deletion, LeavesWhatItDoesNotName) {

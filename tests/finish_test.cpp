@@ -94,24 +94,6 @@ TEST(Finish, AsksBeforeItGoesOnWithoutAFile) {
     EXPECT_EQ(exported.front(), "Create18");
 }
 
-TEST(Finish, APathThatCannotBeWrittenLosesTheFileAlone) {
-    Walk folders;
-    std::filesystem::create_directory(folders.path("folder"));
-    const std::vector<std::pair<std::string, std::string>> cases{
-        {"   ", "76':\r\n\r\nPath not found"},
-        {folders.path("missing/x.kls"), "76':\r\n\r\nPath not found"},
-        {folders.path("folder"), "70':\r\n\r\nPermission denied"},
-    };
-    for (const auto& [path, report] : cases) {
-        Walk walk;
-        walk.createTo("Create18");
-        walk.user.type("SettingsPath", path).press("NextBtn");
-        EXPECT_EQ(walk.message(), "Vrix 3.0 Administrative Toolkit: Run-time error '" + report);
-        EXPECT_TRUE(walk.windows.ended);
-        EXPECT_NE(walk.tree("Toolkit\\Manual").find("DefaultSmartFields=0"), std::string::npos);
-    }
-}
-
 TEST(Finish, TopicsTakeTheirRowsAsTheyStand) {
     Walk one;
     one.createTo("Create8");

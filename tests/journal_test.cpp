@@ -58,16 +58,6 @@ TEST_F(JournalTest, ConformsAndHoldsTheSameAsMemoryWheneverItIsOpened) {
     for (unsigned seed = 0; seed < 20; ++seed) expectSameAnswers(seed, 400, memory, *openedJournal(path + "-same"));
 }
 
-TEST_F(JournalTest, CutAnywhereHoldsEveryWholeRecordAndGoesOn) {
-    for (std::size_t length = 1; length <= whole.size(); ++length) {
-        const auto& [end, expected] = *std::prev(trees.upper_bound(length));
-        ASSERT_EQ(outcomeOf(whole.substr(0, length)), expected) << length;
-        ASSERT_EQ(bytesOf(path), whole.substr(0, std::max(end, signature))) << length;
-        ASSERT_EQ(Caller(*openedJournal(path)).answer({Do::set, "more"}), "0");
-        ASSERT_NE(outcome(path).find("more:63=;"), std::string::npos) << length;
-    }
-}
-
 TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     const auto& [last, before] = *std::prev(trees.end(), 2);
     for (std::size_t at = 0; at < whole.size(); ++at) {

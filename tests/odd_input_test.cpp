@@ -59,24 +59,5 @@ TEST(OddInput, KeysThatAreNoPlainNames) {
     }
 }
 
-// A store that takes no change, as when the user lacks the rights.
-class RefusingRegistry final : public EmbeddedRegistry {
-public:
-    RefusingRegistry() : EmbeddedRegistry({}) {}
-
-private:
-    Status keep(const Change&) override { return Status::accessDenied; }
-};
-
-TEST(OddInput, AStoreThatRefusesWritesIsPassedOverInSilence) {
-    Walk walk(std::make_shared<RefusingRegistry>());
-    walk.createTo("Create18");
-    walk.user.type("SettingsPath", walk.path("refused.kls")).press("NextBtn");
-    EXPECT_EQ(walk.message(), "");
-    EXPECT_EQ(walk.front(), "ToolkitMain");
-    EXPECT_EQ(walk.tree(), "");
-    EXPECT_NE(walk.file("refused.kls").find("\"Manual\"=\"Manual\""), std::string::npos);
-}
-
 }  // namespace
 }  // namespace vrix

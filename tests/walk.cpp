@@ -49,7 +49,7 @@ std::shared_ptr<EmbeddedRegistry> Walk::freshRegistry() {
 }
 
 Walk::Walk(std::shared_ptr<EmbeddedRegistry> left)
-    : stored(std::move(left)), program({registry, windows, dialog, files, clock}), folder_(freshFolder()) {}
+    : stored(std::move(left)), program({machine, windows, dialog, machine, clock}), folder_(freshFolder()) {}
 
 Walk::~Walk() { std::filesystem::remove_all(folder_); }
 
@@ -118,7 +118,8 @@ void Walk::put(const std::string& section, const std::string& name, const std::s
 
 std::string Walk::tree(const std::string& section) {
     std::string out;
-    dump(registry, pages.settings, section, out);
+    cRegistryFunctions settings(registry);
+    dump(registry, settings, section, out);
     return out;
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "faults.h"
 #include "platform/embedded/memory_registry.h"
 #include "platform/headless/headless_user.h"
 #include "platform/standard/standard_files.h"
@@ -28,6 +29,7 @@ public:
     HeadlessWindows windows;
     HeadlessFileDialog dialog;
     StandardFiles files;
+    FailingMachine machine{registry, files};  // between these and the program
     SetClock clock;
     Program program;
     HeadlessUser user{windows};

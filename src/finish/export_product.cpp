@@ -101,8 +101,8 @@ void ProductExport::options(SettingsFile& file) {
 }
 
 void ProductExport::smartFields(SettingsFile& file) {
-    header(file, "\\SmartFields");
     ignoreFailures_ = true;
+    header(file, "\\SmartFields");
     ignoring([&] { entries(file, list("\\SmartFields"), Data::plain); });
     statement([&] { file.blank(); });
     statement([&] { file.blank(); });
