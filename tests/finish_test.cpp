@@ -8,36 +8,6 @@ const std::string noFile =
     "Invalid Settings File: You have not entered a file to output the Product Settings To. If you continue without an "
     "output file, you will not be able to export this Product to another system.\r\nDo you wish to continue?";
 
-// The sample Product, up to the last page.
-void fillSample(Walk& walk) {
-    walk.createTo("Create2");
-    walk.user.type("ProductName", "Sample Manual").type("ProductKey", "SampleKey");
-    walk.user.type("DefaultCourseName", "Sample Course").press("NextBtn");
-    walk.user.type("CoverPage1", "C:\\Docs\\Cover1.doc").type("CoverPage1Name", "Standard").press("NextBtn");
-    walk.user.check("AllowNoCoverPage", false).press("NextBtn");
-    walk.user.type("CourseBriefPath", "C:\\Docs\\Summary.doc").check("AllowNoCourseBriefing", false).press("NextBtn");
-    walk.user.type("TOCPath", "C:\\Docs\\Contents.doc").check("AllowNoTOC", false).press("NextBtn");
-    walk.user.type("ConclusionPath", "C:\\Docs\\End.doc").check("AllowNoConclusion", false).press("NextBtn");
-    walk.addTopic("Safety", "C:\\Docs\\Safety.doc").addTopic("Rigging", "\\\\Server\\Docs\\Rigging.doc");
-    walk.user.press("NextBtn").press("NextBtn").choose("Topics", 1).mark("DependsList", 0).press("NextBtn");
-    for (int n = 0; n < 5; ++n) walk.user.press("NextBtn");
-    walk.user.type("TemplatePath", "C:\\Docs\\Manual.dot").type("DefaultOutputFile", "C:\\Docs\\Manual.doc");
-    walk.user.press("NextBtn");
-    ASSERT_EQ(walk.front(), "Create18");
-}
-
-TEST(Finish, TheSampleReachesStoreAndFile) {
-    Walk walk;
-    fillSample(walk);
-    EXPECT_EQ(walk.tree(), "");
-    walk.user.type("SettingsPath", walk.path("sample.kls")).press("NextBtn");
-    EXPECT_EQ(walk.message(), "");
-    EXPECT_EQ(walk.front(), "ToolkitMain");
-    EXPECT_EQ(walk.file("sample.kls"), expected("sample.kls"));
-    EXPECT_EQ(walk.tree(), expected("sample.tree"));
-    EXPECT_EQ(walk.clock.reads, 1);
-}
-
 TEST(Finish, ALargeProductReachesStoreAndFile) {
     Walk walk;
     walk.createTo("Create2");
@@ -131,23 +101,6 @@ TEST(Finish, EveryOptionIsStoredFromItsControl) {
     for (const Option& option : walk.pages.options.all()) stored += option.name + '=' + option.control->stored() + '\n';
     walk.user.press("NextBtn");
     EXPECT_EQ(walk.tree("Toolkit\\Manual\\Options"), stored);
-}
-
-TEST(SettingsFile, EscapesPaths) {
-    const std::vector<std::pair<std::string, std::string>> cases{
-        {R"(C:\Docs\a.doc)", R"(C:\\Docs\\a.doc)"},
-        {R"(\\Server\Docs\a.doc)", R"(\\\\Server\\Docs\\a.doc)"},
-        {"a.doc", "a.doc"},
-        {R"(C:\Docs\)", R"(C:\\Docs\\)"},
-        {R"(\a.doc)", R"(\\a.doc)"},
-        {R"(C:\One\\Two\a.doc)", R"(\\\\Two\\a.doc)"},
-        {R"(a\\b\\c)", R"(\\\\b\\\\c)"},
-        {"\\", R"(\\)"},
-        {R"(\\\)", R"(\\\\\\)"},
-        {"", ""},
-        {R"(\\)", ""},
-    };
-    for (const auto& [path, escaped] : cases) EXPECT_EQ(Create18::regslashes(path), escaped) << path;
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "faults.h"
+#include "platform/failing/failing_machine.h"
 #include "platform/embedded/memory_registry.h"
 #include "platform/headless/headless_user.h"
 #include "platform/standard/standard_files.h"
