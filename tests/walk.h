@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/failing/failing_machine.h"
 #include "platform/embedded/memory_registry.h"
+#include "platform/failing/failing_machine.h"
 #include "platform/headless/headless_user.h"
 #include "platform/standard/standard_files.h"
 #include "program/program.h"

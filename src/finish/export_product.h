@@ -16,7 +16,8 @@ public:
     explicit ProductExport(const Toolkit& toolkit) : toolkit_(toolkit) {}
 
     // Failures as in Files, and 13 or 9 for a listing without values; the file is left as far as written. On a Product
-    // of the installed tree failures are ignored, statement by statement, from its added Topics to the end.
+    // of the installed tree failures are ignored, statement by statement, from its added Topics to the end; on another
+    // one, from its SmartFields.
     void write(const std::string& path);
 
 private:
