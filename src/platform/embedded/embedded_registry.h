@@ -59,7 +59,8 @@ protected:
     // Called with each change before it is made. Any status but success refuses it and leaves the registry as it was.
     virtual Status keep(const Change& change) = 0;
 
-    // Makes a change that was kept earlier. False, and nothing made, when it does not fit what is there.
+    // Makes a change that was kept earlier. False, and nothing made, when it does not fit what is there, or when no
+    // call could have made it.
     bool repeat(Change change);
     // The changes that lead from an empty registry to this one, in order.
     using Listener = std::function<void(const Change&)>;
