@@ -1,0 +1,216 @@
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <map>
+
+#include "finish/settings_file.h"
+#include "forms/event.h"
+#include "platform/embedded/journal_registry.h"
+#include "walk.h"
+
+namespace vrix {
+namespace {
+
+using Input = FuzzedDataProvider;
+
+// What a target promises of the program. A promise that is not kept is a crash, which keeps its input.
+void promise(bool kept) { kept ? void() : std::abort(); }
+
+// A store in which other programs may have left values of any type and size. It may refuse every change.
+class FuzzedStore final : public EmbeddedRegistry {
+public:
+    FuzzedStore() : EmbeddedRegistry([](const std::string& name) { return std::optional(name + name); }) {}
+    using EmbeddedRegistry::repeat;
+    Status answer = Status::success;
+
+private:
+    Status keep(const Change&) override { return answer; }
+};
+
+// A text as a path that leads nowhere but into the walk's own folder.
+std::string inside(const Walk& walk, const std::string& text) {
+    if (text.find_first_not_of(" \t") == std::string::npos) return text;
+    return walk.path("") + (text.find("..") == std::string::npos ? text : "out.kls");
+}
+
+// Failures end the program by their number, and no key stays open.
+void promiseSound(Walk& walk) {
+    for (const ShownMessage& message : walk.windows.messages) promise(!message.text.starts_with("Run-time error:"));
+    RegistryKey key = 0;
+    promise(walk.registry.openKey(hive::localMachine, "Software", access::change, key) == Status::success);
+    while (--key > 0) promise(walk.registry.closeKey(key) == Status::invalidHandle);
+}
+
+// Only these may change the store: the Finish of a new Product, a deletion, and Next while a page is in edit mode.
+bool mayWrite(Walk& walk, const std::string& control) {
+    const std::string form = walk.front();
+    return control == "NextBtn" &&
+           (form == "Create18" || form == "Delete2" || walk.text(form, "Label1") == "Edit A Product");
+}
+
+// One page takes input, and Document Control beside it where its Exit left that open. Tables are as long as they say.
+void promiseInvariants(Walk& walk) {
+    int live = 0;
+    for (const Form* form : walk.windows.visibleForms()) live += form->enabled();
+    promise(live == 1 || (walk.pages.create17.visible() && live == 2));
+    promise(static_cast<int>(walk.pages.create8.TopicNames.count()) >= walk.pages.create8.i);
+    const auto& numbers = walk.pages.topicOrderModule.OrderTable.numbers;
+    for (std::size_t n = 0; n < numbers.size(); ++n) promise(numbers[n] == static_cast<int>(n));
+    const int spare = static_cast<int>(walk.pages.smartFieldModule.SmartFieldList.count());
+    promise(!walk.pages.create19.loaded() || spare >= walk.pages.create19.SmartFieldCount);
+}
+
+// Does at the window in front what the input says, until one of both comes to its end.
+void work(Walk& walk, Input& input) {
+    while (input.remaining_bytes() > 0 && !walk.windows.ended) {
+        const std::vector<Control*> controls = walk.user.form().controls();
+        Control& target = *controls[input.ConsumeIntegralInRange<std::size_t>(0, controls.size() - 1)];
+        const int row = input.ConsumeIntegral<std::uint8_t>() / 2;
+        const bool yes = row < 64;
+        if (!target.visible() || !target.enabled()) continue;
+        const std::string& name = target.name();
+        const ControlKind kind = target.kind();
+        const std::string text = kind == ControlKind::textBox ? input.ConsumeRandomLengthString() : "";
+        walk.windows.answers = {yes ? Answer::ok : Answer::cancel};
+        const bool writes = mayWrite(walk, name);
+        const std::string before = writes ? "" : walk.tree();
+        if (kind == ControlKind::frame) walk.user.close();
+        if (kind == ControlKind::taskPicture) walk.user.pressTask(name, yes);
+        if (kind == ControlKind::imageButton) walk.user.press(name);
+        if (kind == ControlKind::checkBox) walk.user.check(name, yes);
+        if (kind == ControlKind::optionButton) walk.user.choose(name);
+        if (kind == ControlKind::textBox) walk.user.type(name, name == "SettingsPath" ? inside(walk, text) : text);
+        const auto* box = dynamic_cast<ComboBox*>(&target);
+        if (box != nullptr && box->count() > 0) walk.user.choose(name, row % box->count());
+        const auto* list = dynamic_cast<MarkList*>(&target);
+        if (list != nullptr && list->count() > 0) walk.user.mark(name, row % list->count(), yes);
+        promise(writes || walk.tree() == before);
+        if (!walk.windows.ended) promiseInvariants(walk);
+    }
+    promiseSound(walk);
+}
+
+// Selects the Product "P" of one of the two trees, with any values in it, opens a group of its hub, and works from
+// there; without a group from the main screen, and with any values in the list of Products.
+void edit(Input& input, const std::string& group) {
+    const auto store = std::make_shared<FuzzedStore>();
+    Walk walk(store);
+    walk.start().put("Products", "P", "P");
+    const bool isDeveloper = input.ConsumeBool();
+    if (isDeveloper || input.ConsumeBool()) walk.put("Toolkit\\Products", "P", "P");
+    const std::string tree = isDeveloper ? "Software\\Vrix\\Toolkit\\" : "Software\\Vrix\\";
+    for (int values = input.ConsumeIntegralInRange(0, 40); values > 0; --values) {
+        const std::string section =
+            input.PickValueInArray({"P", "P\\Options", "P\\Topics", "P\\SmartFields", "P\\Toolkit\\Topics",
+                                    "P\\Dependencies\\IndexTable", "P\\Dependencies\\Matrix"});
+        const std::string key = tree + (group.empty() && input.ConsumeBool() ? "Products" : section);
+        const auto type = input.ConsumeIntegralInRange<std::uint32_t>(0, 11);
+        const std::string name = input.ConsumeRandomLengthString();
+        store->repeat(Change(Change::Kind::makeKey, key));
+        store->repeat(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
+    }
+    store->answer = input.ConsumeBool() ? Status::accessDenied : Status::success;
+    if (!group.empty()) walk.editProduct(isDeveloper ? 1 : 0).user.press(group);
+    work(walk, input);
+}
+
+// The import's lines become Topics as long as they are what they should be; then the work goes on.
+void importFile(Input& input) {
+    Walk walk;
+    walk.createTo("Create8");
+    const std::string path = walk.path("Docs\\list.txt");
+    std::ofstream(path, std::ios::binary) << input.ConsumeRandomLengthString();
+    runEvent(walk.windows, [&] { walk.pages.create8.ImportFile(path); });
+    work(walk, input);
+}
+
+struct Disk final : JournalDisk {
+    bool acquire(const std::string&) override { return true; }
+    bool replace(const std::string& to, const std::string& by) override { return !std::rename(by.c_str(), to.c_str()); }
+};
+
+// A journal of any bytes, or of whole records of any bytes, is refused and left alone, or it is started, and holds at
+// its next start what it held after one more write.
+void journal(Input& input) {
+    Disk disk;
+    const std::string path = (std::filesystem::temp_directory_path() / "vrix_fuzz.journal").string();
+    std::filesystem::remove(path);
+    JournalFile file(path, disk);
+    file.start([](const std::string&) { return true; });
+    while (input.ConsumeBool()) promise(file.append(input.ConsumeRandomLengthString()));
+    std::ofstream(path, input.ConsumeBool() ? std::ios::app : std::ios::trunc) << input.ConsumeRemainingBytesAsString();
+    std::filesystem::last_write_time(path, {});
+    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<Disk>()); };
+    try {
+        Walk walk(start());
+        walk.put("Fuzzed", "name", "data");
+        promise(Walk(start()).tree() == walk.tree());
+    } catch (const JournalError&) {
+        promise(std::filesystem::last_write_time(path) == std::filesystem::file_time_type());
+    }
+}
+
+// The data of an entry as a registry editor takes it: a backslash gives the character behind it.
+std::string merged(const std::string& data) {
+    std::string text;
+    for (std::size_t i = 0; i < data.size(); ++i) text += data.at(data[i] == '\\' ? ++i : i);
+    return text;
+}
+
+// A new Product of any texts stands as typed in the store and in the file, if the store takes changes, and the path of
+// the file is one.
+void finish(Input& input) {
+    const auto text = [&] {
+        return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + input.ConsumeRandomLengthString();
+    };
+    const auto store = std::make_shared<FuzzedStore>();
+    store->answer = input.ConsumeBool() ? Status::accessDenied : Status::success;
+    Walk walk(store);
+    walk.createTo("Create18");
+    const Toolkit& pages = walk.pages;
+    std::filesystem::create_directory(walk.path("folder"));
+    const std::string path = inside(walk, input.ConsumeRandomLengthString());
+    const std::string key = text();
+    walk.user.type("SettingsPath", path);
+    pages.create2.ProductName.setText(text());
+    pages.create2.ProductKey.setText(key);
+    pages.create8.TopicNames.at(0) = text();
+    for (const Option& option : pages.options.all()) {
+        if (option.control->kind() == ControlKind::textBox) option.control->restore(text());
+    }
+    walk.user.press("NextBtn");
+    promiseSound(walk);
+    promise(!walk.windows.ended || walk.message().find(": Run-time error '7") != std::string::npos);
+    const bool refused = store->answer != Status::success;
+    promise(!refused || walk.tree().empty());
+    const std::string file = walk.file(path);
+    for (const auto& [name, control, isPath] : pages.options.all()) {
+        const std::string data = control->stored();
+        const std::string entry = "\r\n\"" + name + "\"=\"" + (isPath ? escapedPath(data) : data) + "\"\r\n";
+        promise(walk.windows.ended || path.empty() || file.find(entry) != std::string::npos);
+        promise(refused || key.size() > 200 || (key + data).find_first_of({"\0%", 2}) != std::string::npos ||
+                pages.settings.GetSetting(application, "Toolkit\\" + key + "\\Options", name, "") == data);
+        const auto network = data.find("\\\\");
+        const std::string kept = data.substr(network == std::string::npos ? 0 : network);
+        promise(merged(escapedPath(data)) == (kept == "\\\\" ? "" : kept));
+    }
+}
+
+const std::map<std::string, std::function<void(Input&)>> targets{
+    {"values", [](Input& input) { edit(input, ""); }},
+    {"dependencies", [](Input& input) { edit(input, "DependenciesBtn"); }},
+    {"topics", [](Input& input) { edit(input, input.ConsumeBool() ? "TopicOrderBtn" : "TopicsBtn"); }},
+    {"import", importFile},
+    {"journal", journal},
+    {"finish", finish}};
+
+}  // namespace
+}  // namespace vrix
+
+// The variable VRIX_TARGET says what is fuzzed.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    vrix::Input input(data, size);
+    vrix::targets.at(std::getenv("VRIX_TARGET"))(input);
+    return 0;
+}
