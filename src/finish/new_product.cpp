@@ -18,26 +18,25 @@ namespace {
 
 std::string rootOf(const Toolkit& toolkit) { return "Toolkit\\" + toolkit.create2.ProductKey.text(); }
 
-// Each value is read when its turn comes: a row that the dependencies lack ends the saves behind the two before it.
-void saveTopic(const Toolkit& toolkit, int row, bool single) {
-    const std::string root = rootOf(toolkit);
-    const Create8& topics = toolkit.create8;
-    const std::string index = std::to_string(row);
-    const auto save = [&](const char* below, const std::string& name, const std::string& data) {
-        toolkit.settings.SaveSetting(application, root + below, name, data);
-    };
-    save("\\Topics", topics.TopicNames.at(row), topics.TopicPaths.at(row));
-    save("\\Dependencies\\IndexTable", topics.TopicNames.at(row), index);
-    save("\\Dependencies\\Matrix", index, single ? "" : toolkit.create9.Depends.at(row));
-}
-
 void saveTopics(const Toolkit& toolkit) {
-    const int count = toolkit.create8.i;
-    if (count < 2) {
-        saveTopic(toolkit, 0, true);
-        return;
+    const Create8& topics = toolkit.create8;
+    const std::string root = rootOf(toolkit);
+    const std::string paths = root + "\\Topics";
+    const std::string indexTable = root + "\\Dependencies\\IndexTable";
+    const std::string matrix = root + "\\Dependencies\\Matrix";
+    const auto save = [&](const std::string& section, const std::string& name, const std::string& data) {
+        toolkit.settings.SaveSetting(application, section, name, data);
+    };
+    const bool single = topics.i < 2;
+    const std::string nothing;
+    const int rows = single ? 1 : topics.i;
+    // Each value is read when its turn comes: a row that the dependencies lack ends the saves behind the two before it.
+    for (int row = 0; row < rows; ++row) {
+        const std::string index = std::to_string(row);
+        save(paths, topics.TopicNames.at(row), topics.TopicPaths.at(row));
+        save(indexTable, topics.TopicNames.at(row), index);
+        save(matrix, index, single ? nothing : toolkit.create9.Depends.at(row));
     }
-    for (int row = 0; row < count; ++row) saveTopic(toolkit, row, false);
 }
 
 std::string smartFieldName(int row) { return "SmartField" + std::to_string(row + 1); }

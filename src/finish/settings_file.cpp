@@ -14,7 +14,8 @@ void SettingsFile::header(const std::string& key) {
 }
 
 void SettingsFile::entry(const std::string& name, const std::string& data) {
-    stream_->writeLine('"' + name + "\"=\"" + data + '"');
+    line_.assign(1, '"').append(name).append("\"=\"").append(data).append(1, '"');
+    stream_->writeLine(line_);
 }
 
 void SettingsFile::blank() { stream_->writeLine(""); }

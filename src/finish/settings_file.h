@@ -22,6 +22,7 @@ public:
 
 private:
     std::unique_ptr<TextStream> stream_;
+    std::string line_;  // its room stays from entry to entry
 };
 
 // A path as the data of an entry: every backslash doubled. What stands in front of a doubled backslash is lost, and

@@ -78,16 +78,23 @@ Variant cRegistry::readBytes(RegistryKey key, std::uint32_t size) {
     return bytes;
 }
 
-void cRegistry::Value(const Variant& value) {
+void cRegistry::Value(Variant value) {
     OpenKey open(registry_);
     if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) != Status::success) return;
     switch (static_cast<std::uint32_t>(ValueType)) {
         case valuetype::string:
-        case valuetype::expandString: return writeText(open.key, textOf(value));
+        case valuetype::expandString: return writeText(open.key, textOf(std::move(value)));
         case valuetype::binary: return writeBytes(open.key, value);
         case valuetype::dword:
         case valuetype::dwordBigEndian: return writeNumber(open.key, value);
         default: return;
+    }
+}
+
+void cRegistry::SetText(const std::string& text) {
+    OpenKey open(registry_);
+    if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) == Status::success) {
+        writeText(open.key, text);
     }
 }
 

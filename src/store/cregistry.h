@@ -52,7 +52,9 @@ public:
     // Writes the value as ValueType says, making the key if need be. Strings with two percent signs that enclose at
     // least one character are stored as expandable. Bytes go without their last two; numbers of type 4 and 5 need an
     // integer. A write that fits no type stores nothing, and no failure is told.
-    void Value(const Variant& value);
+    void Value(Variant value);
+    // Writes text, whatever ValueType says, making the key if need be.
+    void SetText(const std::string& text);
 
     // Gives the names of all values in the order of the platform, the unnamed one among them. Always true; a key that
     // cannot be opened has none.

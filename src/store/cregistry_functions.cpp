@@ -4,72 +4,59 @@
 #include <vector>
 
 #include "common/runtime_failure.h"
-#include "store/cregistry.h"
 
 namespace vrix {
 
-namespace {
-
-std::string keyPath(const std::string& sApplication, const std::string& sSection) {
-    return "Software\\" + sApplication + "\\" + sSection;
+// The texts of the cursor keep their room from call to call.
+void cRegistryFunctions::pointTo(std::string_view sApplication, std::string_view sSection) {
+    cursor_.ClassKey = hive::localMachine;
+    cursor_.SectionKey.assign("Software\\").append(sApplication).append("\\").append(sSection);
 }
 
-}  // namespace
-
-std::string cRegistryFunctions::GetSetting(const std::string& sApplication, const std::string& sSection,
+std::string cRegistryFunctions::GetSetting(std::string_view sApplication, std::string_view sSection,
                                            const std::string& sKey, const std::string& fallback) {
-    cRegistry cursor(registry_);
-    cursor.ClassKey = hive::localMachine;
-    cursor.SectionKey = keyPath(sApplication, sSection);
-    cursor.ValueKey = sKey;
-    cursor.ValueType = static_cast<std::int32_t>(valuetype::string);
-    std::string text = textOf(cursor.Value());
+    pointTo(sApplication, sSection);
+    cursor_.ValueKey = sKey;
+    std::string text = textOf(cursor_.Value());
     if (text.empty()) return fallback;
     return text;
 }
 
-SettingsTable cRegistryFunctions::GetAllSettings(const std::string& sApplication, const std::string& sSection) {
-    cRegistry cursor(registry_);
-    cursor.ClassKey = hive::localMachine;
-    cursor.SectionKey = keyPath(sApplication, sSection);
+SettingsTable cRegistryFunctions::GetAllSettings(std::string_view sApplication, std::string_view sSection) {
+    pointTo(sApplication, sSection);
     std::vector<std::string> names;
     std::int32_t count = 0;
-    cursor.EnumerateValues(names, count);
+    cursor_.EnumerateValues(names, count);
     if (count == 0) return {};
     std::vector<std::string> texts;
     for (const std::string& name : names) {
         if (name.empty()) continue;
-        cursor.ValueKey = name;
-        texts.push_back(textOf(cursor.Value()));
+        cursor_.ValueKey = name;
+        texts.push_back(textOf(cursor_.Value()));
     }
     if (texts.empty()) throw RuntimeFailure(FailureNumber::subscript);
     names.resize(texts.size());  // names by their own index, texts by the count of named values
     return {std::move(names), std::move(texts)};
 }
 
-void cRegistryFunctions::DeleteSetting(const std::string& sApplication, const std::string& sSection,
+void cRegistryFunctions::DeleteSetting(std::string_view sApplication, std::string_view sSection,
                                        const std::string& sKey) {
-    const std::string path = sSection.empty() ? sApplication : sApplication + "\\" + sSection;
-    if (path.empty()) return;
-    cRegistry cursor(registry_);
-    cursor.ClassKey = hive::localMachine;
-    cursor.SectionKey = "Software\\" + path;
+    if (sApplication.empty() && sSection.empty()) return;
+    pointTo(sApplication, sSection);
+    if (sSection.empty()) cursor_.SectionKey.pop_back();  // the separator
     if (sKey.empty()) {
-        cursor.DeleteKey();
+        cursor_.DeleteKey();
     } else {
-        cursor.ValueKey = sKey;
-        cursor.DeleteValue();
+        cursor_.ValueKey = sKey;
+        cursor_.DeleteValue();
     }
 }
 
-void cRegistryFunctions::SaveSetting(const std::string& sApplication, const std::string& sSection,
-                                     const std::string& sKey, const std::string& setting) {
-    cRegistry cursor(registry_);
-    cursor.ClassKey = hive::localMachine;
-    cursor.SectionKey = keyPath(sApplication, sSection);
-    cursor.ValueKey = sKey;
-    cursor.ValueType = static_cast<std::int32_t>(valuetype::string);
-    cursor.Value(setting);
+void cRegistryFunctions::SaveSetting(std::string_view sApplication, std::string_view sSection, const std::string& sKey,
+                                     const std::string& setting) {
+    pointTo(sApplication, sSection);
+    cursor_.ValueKey = sKey;
+    cursor_.SetText(setting);
 }
 
 }  // namespace vrix

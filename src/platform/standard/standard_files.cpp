@@ -48,8 +48,8 @@ public:
     explicit Writer(const std::string& path) : Stream(path, "wb") {}
 
     void writeLine(const std::string& text) override {
-        const std::string line = text + "\r\n";
-        if (file_ == nullptr || std::fwrite(line.data(), 1, line.size(), file_) != line.size()) {
+        if (file_ == nullptr || std::fwrite(text.data(), 1, text.size(), file_) != text.size() ||
+            std::fwrite("\r\n", 1, 2, file_) != 2) {
             refuse(FailureNumber::permissionDenied);
         }
     }
