@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -26,8 +26,8 @@ private:
     std::size_t used_ = 0;
 };
 
-// Items by name, in the order in which they were added. Finding by name or by index, adding and removing cost
-// O(log n). A name keeps the spelling with which it was added. Pointers hold until the next add or remove.
+// Items by name, in the order in which they were added. Finding by name costs O(1), the rest O(log n). A name keeps the
+// spelling with which it was added. Pointers hold until the next add or remove.
 template <class Item>
 class OrderedNames {
 public:
@@ -74,7 +74,7 @@ private:
         slots_ = std::move(kept);
     }
 
-    std::map<std::string, std::size_t> slotOf_;  // by folded name
+    std::unordered_map<std::string, std::size_t> slotOf_;  // by folded name
     std::vector<std::optional<Entry>> slots_;
     UsedSlots used_;
 };
