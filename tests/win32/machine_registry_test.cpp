@@ -1,8 +1,13 @@
 #include <windows.h>
 
+#include <functional>
+
 #include "platform/embedded/memory_registry.h"
+#include "platform/failing/failing_machine.h"
+#include "platform/standard/standard_files.h"
 #include "platform/win32/win32_registry.h"
 #include "registry_suite.h"
+#include "store/cregistry_functions.h"
 
 namespace vrix {
 
@@ -53,6 +58,55 @@ TEST(MachineRegistry, KeepsClosedKeysOpenUnseen) {
     };
     EXPECT_TRUE(save("7") && read() == "7" && save("8") && read() == "8" && deleteOutside() && read() == "missing");
     EXPECT_TRUE(save("9") && read() == "9");
+}
+
+TEST(MachineRegistry, ListsValuesAsSingleReadsGiveThem) {
+    using Then = std::function<void()>;
+    Win32Registry registry;
+    StandardFiles files;
+    FailingMachine machine(registry, files);
+    cRegistryFunctions watched(machine), direct(registry);
+    const auto set = [&](const wchar_t* name, DWORD type, const std::wstring& data) {
+        RegSetKeyValueW(HKEY_LOCAL_MACHINE, L"Software\\Vrix.T\\listed", name, type, data.data(),
+                        static_cast<DWORD>(data.size() * sizeof data[0]));
+    };
+    const auto list = [&](const Then& beforeEachCall) {
+        Sleep(200);  // what has changed just now is read value by value
+        machine.counts = true;
+        machine.calls.clear();
+        machine.before = beforeEachCall;
+        const SettingsTable table = watched.GetAllSettings("Vrix.T", "listed");
+        std::string rows;
+        for (int row = 0; row < table.rowCount(); ++row) rows += table.name(row) + '=' + table.text(row) + ';';
+        return rows;
+    };
+    // Whether the list has the text, with something done while it is made.
+    const auto shows = [&](const std::string& text, bool atEnd, const Then& then) {
+        const auto rows = list([&] {
+            const std::size_t calls = machine.calls.size();
+            if (atEnd ? calls > 0 && machine.calls.back().ends_with('?') : calls == 4) then();
+        });
+        return rows.find('=' + text + ';') != std::string::npos;
+    };
+    const auto setFirst = [&](const wchar_t* text) { set(L"a", REG_SZ, text); };
+    const auto listsAsRead = [&] { return list([] {}) == list([&] { registry.release(); }); };
+    setFirst(L"one");
+    for (const wchar_t* name : {L"empty", L"", L"z"}) set(name, REG_SZ, name);
+    set(L"\u00fc\u20ac", REG_EXPAND_SZ, L"%TEMP%\u00fc");
+    set(L"number", REG_DWORD, L"12");
+    set(L"bytes", REG_BINARY, L"bytes");
+    EXPECT_TRUE(listsAsRead());
+    EXPECT_TRUE(shows("new", false, [&] { setFirst(L"new"); }));
+    EXPECT_TRUE(shows("new", true, [&] { setFirst(L"late"); }));  // as it stood at the listing's end
+    EXPECT_EQ(direct.GetSetting("Vrix.T", "listed", "a", ""), "late");
+    EXPECT_TRUE(shows("x", true, [&] { setFirst(L"x"), direct.GetSetting("Vrix.T", "listed", "z", ""); }));
+    EXPECT_TRUE(shows("", true, [&] { direct.DeleteSetting("Vrix.T", "listed", "a"); }));
+    set(L"z\u0101", REG_SZ, L"shows as the next");
+    set(L"za", REG_SZ, L"found");
+    EXPECT_TRUE(listsAsRead());
+    set(L"m", REG_SZ, std::wstring(3'000, L'm'));
+    EXPECT_TRUE(listsAsRead());
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software\\Vrix.T");
 }
 
 }  // namespace vrix

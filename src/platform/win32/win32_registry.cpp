@@ -3,6 +3,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstring>
+#include <string_view>
 #include <utility>
 
 namespace vrix {
@@ -15,12 +17,40 @@ Status status(LSTATUS code) { return static_cast<Status>(code); }
 
 RegistryKey known(HKEY key) { return reinterpret_cast<RegistryKey>(key); }
 
+std::uint64_t in100ns(FILETIME time) {
+    return (static_cast<std::uint64_t>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
+}
+
 LSTATUS take(HKEY parent, const std::string& path, std::uint32_t rights, bool make, HKEY& key) {
     if (!make) return RegOpenKeyExA(parent, path.c_str(), 0, rights, &key);
     char noClass[] = "";
     SECURITY_ATTRIBUTES security{};
     security.nLength = sizeof security;
     return RegCreateKeyExA(parent, path.c_str(), 0, noClass, 0, rights, &security, &key, nullptr);
+}
+
+// A key's time of change in units of 100 ns, and the length of its longest value name without terminator.
+LSTATUS askInfo(HKEY key, DWORD& longest, std::uint64_t& changed) {
+    char noClass[] = "";
+    DWORD classLength = 0;
+    FILETIME time{};
+    const LSTATUS code = RegQueryInfoKeyA(key, noClass, &classLength, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                          &longest, nullptr, nullptr, &time);
+    changed = in100ns(time);
+    return code;
+}
+
+// Gives the text in the system's code page. False if that has not every character.
+bool narrowed(std::wstring_view wide, std::string& text) {
+    const int length = static_cast<int>(wide.size());
+    text.assign(4 * wide.size(), '\0');
+    std::wstring back(wide.size() + 1, L'\0');
+    const int room = static_cast<int>(text.size());
+    text.resize(static_cast<std::size_t>(
+        length == 0 ? 0 : WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), room, nullptr, nullptr)));
+    const int size = static_cast<int>(text.size());
+    const int again = size == 0 ? 0 : MultiByteToWideChar(CP_ACP, 0, text.data(), size, back.data(), length + 1);
+    return std::wstring_view(back.data(), static_cast<std::size_t>(again)) == wide;
 }
 
 // An answer that only a key which is there can give.
@@ -37,6 +67,7 @@ Win32Registry::~Win32Registry() { release(); }
 
 void Win32Registry::release() {
     settle();
+    listing_ = {};
     for (const Kept& kept : idle_) RegCloseKey(kept.handle);
     idle_.clear();
 }
@@ -67,6 +98,7 @@ Status Win32Registry::settle(bool renew) {
 template <class Call>
 Status Win32Registry::on(RegistryKey key, const Call& call) {
     peek_ = {};
+    listing_ = {};
     if (key != unproven_) settle();
     LSTATUS code = call(reach(key));
     if (key != unproven_ || key == 0) return status(code);
@@ -92,6 +124,7 @@ Status Win32Registry::createKey(RegistryKey parent, const std::string& path, std
 Status Win32Registry::give(RegistryKey parent, const std::string& path, std::uint32_t rights, bool make,
                            RegistryKey& key) {
     settle();
+    if (make || path != listing_.path) listing_ = {};
     const bool mayStay = parent == hive::localMachine && *path.c_str() != '\0';  // else it may be the hive itself
     const auto idle = std::find_if(idle_.begin(), idle_.end(), [&](const Kept& kept) {
         return mayStay && kept.rights == rights && kept.path == path;
@@ -140,6 +173,18 @@ Status Win32Registry::queryValue(RegistryKey key, const std::string& name, std::
     }
     char room[512];
     const bool asksSize = size == 0 && data != nullptr;
+    Listing listing = std::exchange(listing_, {});
+    if (asksSize && isListed(listing, key) && listing.atEnd) {
+        while (listing.next < listing.values.size() && listing.values[listing.next].name.empty()) ++listing.next;
+        if (listing.next < listing.values.size() && listing.values[listing.next].name == name) {
+            peek_ = std::move(listing.values[listing.next++]);
+            peek_.key = key;
+            type = peek_.type;
+            size = static_cast<std::uint32_t>(peek_.data.size());
+            listing_ = std::move(listing);
+            return size == 0 ? Status::success : Status::moreData;
+        }
+    }
     DWORD foundType = type;
     DWORD foundSize = 0;
     const Status found = on(key, [&](HKEY handle) {
@@ -181,6 +226,12 @@ Status Win32Registry::enumKey(RegistryKey key, std::uint32_t index, char* name, 
 }
 
 Status Win32Registry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) {
+    peek_ = {};
+    Listing listing = std::exchange(listing_, {});
+    if (isListed(listing, key) && list(listing, key, index, name, length)) {
+        listing_ = std::move(listing);
+        return listing_.atEnd ? Status::noMoreItems : Status::success;
+    }
     DWORD room = 0;
     const Status found = on(key, [&](HKEY handle) {
         room = length;
@@ -191,15 +242,56 @@ Status Win32Registry::enumValue(RegistryKey key, std::uint32_t index, char* name
 }
 
 Status Win32Registry::queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) {
-    char noClass[] = "";
+    FILETIME before;
+    GetSystemTimeAsFileTime(&before);
     DWORD longest = 0;
-    const Status found = on(key, [&](HKEY handle) {
-        DWORD classLength = 0;
-        return RegQueryInfoKeyA(handle, noClass, &classLength, nullptr, nullptr, nullptr, nullptr, nullptr, &longest,
-                                nullptr, nullptr, nullptr);
-    });
+    std::uint64_t changed = 0;
+    const Status found = on(key, [&](HKEY handle) { return askInfo(handle, longest, changed); });
     longestValueName = longest;
+    constexpr std::uint64_t coarsestTick = 1'000'000;  // a good deal more than the platform's, a tenth of a second
+    const auto lent = find(lent_, key);
+    if (found == Status::success && lent != lent_.end() && changed + coarsestTick < in100ns(before)) {
+        listing_ = {lent->path, changed, false, {}, 0};
+    }
     return found;
+}
+
+// ---- Listings ----
+
+// Whether the key is the one that is listed, and may be read. Where two keys are open, one could be out of date.
+bool Win32Registry::isListed(const Listing& listing, RegistryKey key) const {
+    if (lent_.size() != 1 || known(lent_.front().handle) != key) return false;
+    return lent_.front().path == listing.path && (lent_.front().rights & access::queryValue) != 0;
+}
+
+// The next step of a listing with the value's data. False if the plain call has to do it.
+bool Win32Registry::list(Listing& listing, RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) {
+    if (listing.atEnd || index != listing.values.size()) return false;
+    std::wstring wideName(length, L'\0');
+    wchar_t room[2'048];
+    DWORD nameLength = length;
+    DWORD type = 0;
+    DWORD size = sizeof room;
+    const LSTATUS code = RegEnumValueW(reach(key), index, wideName.data(), &nameLength, nullptr, &type,
+                                       reinterpret_cast<BYTE*>(room), &size);
+    if (code == ERROR_NO_MORE_ITEMS) {
+        DWORD longest = 0;
+        std::uint64_t changed = 0;
+        listing.atEnd = askInfo(reach(key), longest, changed) == ERROR_SUCCESS && changed == listing.changed;
+        return listing.atEnd;
+    }
+    Peek value{key, {}, type, {}};
+    if (code != ERROR_SUCCESS || !narrowed({wideName.data(), nameLength}, value.name)) return false;
+    if (value.name.size() >= length || value.name.find('\0') != std::string::npos) return false;
+    if (type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ) {
+        if (size % sizeof *room != 0 || !narrowed({room, size / sizeof *room}, value.data)) return false;
+    } else {
+        value.data.assign(reinterpret_cast<const char*>(room), size);
+    }
+    length = static_cast<std::uint32_t>(value.name.size());
+    std::memcpy(name, value.name.c_str(), value.name.size() + 1);
+    listing.values.push_back(std::move(value));
+    return true;
 }
 
 std::string Win32Registry::expandEnvironment(const std::string& text) {

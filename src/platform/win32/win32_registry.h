@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -13,9 +15,10 @@ namespace vrix {
 // expanded, and an expansion ends there: the platform has no more.
 //
 // The store opens or makes a key, reads or writes one value and closes it, value by value, and asks for the size of a
-// value before it asks for the data. So that a run of them costs one request each, the handles of a few closed keys
-// stay open for the next call with the very same path and rights, and a question for a size brings the data along, for
-// the question that follows at once. Others can tell as little as that allows:
+// value before it asks for the data, and it lists a key's names before it reads the values in that order. So that all
+// this costs one request for each value, the handles of a few closed keys stay open for the next call with the very
+// same path and rights, a question for a size brings the data along, for the question that follows at once, and so does
+// a listing, for the reads that follow at once. Others can tell as little as that allows:
 // - every write goes to the platform before its call returns; only making a key that was there a moment ago waits for
 //   the first call on it, and comes before any other call of this registry;
 // - where another program has deleted the key meanwhile, that call finds out and makes it, as createKey would have. If
@@ -24,7 +27,11 @@ namespace vrix {
 // - nothing is kept across a deleteKey of this registry or the end of an event of the program. A key that another
 //   program renames within one event, or takes the rights to away, is still written to until that event ends.
 // - an openKey that is served so says that the key was there a moment ago. Where another program has deleted it
-//   meanwhile, the first call on it opens it anew, or answers as that open does.
+//   meanwhile, the first call on it opens it anew, or answers as that open does;
+// - the values of a listing are those at its end: they are kept only where the key's time of change is the same then as
+//   in front of it, and old enough that no change could hide in it. Reads in another order and all other calls but
+//   opening and closing that key drop them. So does a name that a single read would not find: one that the code page
+//   cannot show.
 class Win32Registry final : public Registry {
 public:
     Win32Registry() = default;
@@ -66,10 +73,20 @@ private:
         std::uint32_t type = 0;
         std::string data;
     };
+    // The values of a key as they came along with their names, and which of them is to be read next.
+    struct Listing {
+        std::string path;  // empty for none
+        std::uint64_t changed = 0;
+        bool atEnd = false;
+        std::vector<Peek> values;
+        std::size_t next = 0;
+    };
     static Keys::iterator find(Keys& keys, RegistryKey key);
     HKEY__* reach(RegistryKey key);
     Status settle(bool renew = false);
     Status give(RegistryKey parent, const std::string& path, std::uint32_t rights, bool make, RegistryKey& key);
+    bool isListed(const Listing& listing, RegistryKey key) const;
+    bool list(Listing& listing, RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length);
     template <class Call>
     Status on(RegistryKey key, const Call& call);
 
@@ -77,6 +94,7 @@ private:
     Keys idle_;                 // closed by their callers, the last at the end
     RegistryKey unproven_ = 0;  // lent out of idle_, and not yet seen to be still there
     Peek peek_;                 // of the last call
+    Listing listing_;           // each call takes it away, and puts it back if it goes on with it
 };
 
 }  // namespace vrix
