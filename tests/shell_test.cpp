@@ -70,11 +70,7 @@ TEST(Shell, OnlyTheMainScreenEndsTheProgram) {
         walk.user.close();
         EXPECT_EQ(walk.front(), "ToolkitMain");
         EXPECT_FALSE(walk.windows.ended);
-        if (byFrame) {
-            walk.user.close();
-        } else {
-            walk.user.press("ExitBtn");
-        }
+        byFrame ? walk.user.close() : walk.user.press("ExitBtn");
         EXPECT_TRUE(walk.windows.ended);
         EXPECT_EQ(walk.tree(), "");
     }

@@ -74,10 +74,9 @@ TEST(Browse, TakesTheDialogsFileNameAlsoAfterACancel) {
     walk.dialog.answers = {"C:\\a.doc", std::nullopt};
     walk.user.press("Browse1Btn").type("CoverPage3", "typed").press("Browse3Btn");
     EXPECT_EQ(walk.text("Create3", "CoverPage3"), "C:\\a.doc");
-    const FileQuestion& last = walk.dialog.questions.back();
-    EXPECT_EQ(
-        last.title + '|' + last.filter + '|' + last.defaultExtension + '|' + last.initialFolder + '|' + last.fileName,
-        "Browse For Cover Page|Word Documents (*.doc)|*.doc|.doc|C:\\|C:\\a.doc");
+    const FileQuestion& q = walk.dialog.questions.back();
+    EXPECT_EQ(q.title + '|' + q.filter + '|' + q.defaultExtension + '|' + q.initialFolder + '|' + q.fileName,
+              "Browse For Cover Page|Word Documents (*.doc)|*.doc|.doc|C:\\|C:\\a.doc");
 
     Walk control;
     control.createTo("Create17");
