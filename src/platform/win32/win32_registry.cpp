@@ -68,6 +68,7 @@ Win32Registry::~Win32Registry() { release(); }
 void Win32Registry::release() {
     settle();
     listing_ = {};
+    for (Kept& kept : lent_) kept.path.clear();
     for (const Kept& kept : idle_) RegCloseKey(kept.handle);
     idle_.clear();
 }
@@ -82,13 +83,11 @@ HKEY Win32Registry::reach(RegistryKey key) {
     return find(idle_, key) == idle_.end() ? native(key) : nullptr;
 }
 
-// Does what the createKey that lent the unproven key would have done without it. An openKey did nothing that others can
-// see, so it is done only where its key has to be renewed.
-Status Win32Registry::settle(bool renew) {
+// Does what the call that lent the unproven key would have done without it.
+Status Win32Registry::settle() {
     peek_ = {};
     if (unproven_ == 0) return Status::success;
     Kept& kept = *find(lent_, std::exchange(unproven_, 0));
-    if (!kept.made && !renew) return Status::success;
     HKEY fresh = nullptr;
     const LSTATUS code = take(HKEY_LOCAL_MACHINE, kept.path, kept.rights, kept.made, fresh);
     if (code == ERROR_SUCCESS) kept.renewed = fresh;
@@ -101,13 +100,15 @@ Status Win32Registry::on(RegistryKey key, const Call& call) {
     listing_ = {};
     if (key != unproven_) settle();
     LSTATUS code = call(reach(key));
-    if (key != unproven_ || key == 0) return status(code);
-    if (code == ERROR_KEY_DELETED) {
-        if (const Status settled = settle(true); settled != Status::success) return settled;
-        code = call(reach(key));
-    } else if (provesKey(code)) {
-        unproven_ = 0;
+    if (key != 0 && key == unproven_) {
+        if (provesKey(code)) {
+            unproven_ = 0;
+        } else {
+            if (const Status settled = settle(); settled != Status::success) return settled;
+            code = call(reach(key));
+        }
     }
+    if (const auto lent = find(lent_, key); code == ERROR_KEY_DELETED && lent != lent_.end()) lent->path.clear();
     return status(code);
 }
 
@@ -145,15 +146,14 @@ Status Win32Registry::give(RegistryKey parent, const std::string& path, std::uin
 
 Status Win32Registry::closeKey(RegistryKey key) {
     peek_ = {};
-    if (key == unproven_) settle();
     const auto lent = find(lent_, key);
     if (lent == lent_.end()) return status(RegCloseKey(reach(key)));
+    if (key == unproven_ && lent->made) settle();
+    if (key == unproven_) unproven_ = 0;
     Kept kept = std::move(*lent);
     lent_.erase(lent);
-    if (kept.renewed != nullptr) {
-        RegCloseKey(kept.renewed);
-        return status(RegCloseKey(kept.handle));
-    }
+    if (kept.renewed != nullptr) RegCloseKey(kept.renewed);
+    if (kept.renewed != nullptr || kept.path.empty()) return status(RegCloseKey(kept.handle));
     constexpr std::size_t mostIdle = 4;  // the Topics of a Product are written into three keys in turn
     if (idle_.size() == mostIdle) {
         RegCloseKey(idle_.front().handle);
@@ -166,7 +166,7 @@ Status Win32Registry::closeKey(RegistryKey key) {
 Status Win32Registry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
                                  std::uint32_t& size) {
     const Peek before = std::exchange(peek_, {});
-    if (before.key == key && key != 0 && before.name == name && data != nullptr && size >= before.data.size()) {
+    if (before.key == key && key != 0 && before.name == name && data != nullptr && size == before.data.size()) {
         type = before.type;
         size = static_cast<std::uint32_t>(before.data.copy(static_cast<char*>(data), size));
         return Status::success;
@@ -202,7 +202,7 @@ Status Win32Registry::queryValue(RegistryKey key, const std::string& name, std::
 Status Win32Registry::setValue(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
                                std::uint32_t size) {
     // The platform reads through a null pointer as it stands, and faults.
-    if (data == nullptr && size > 1) return Status::noAccess;
+    if (data == nullptr && size > 1) return on(key, [](HKEY) { return ERROR_NOACCESS; });
     const void* bytes = data == nullptr && size == 1 ? "" : data;
     return on(key, [&](HKEY handle) {
         return RegSetValueExA(handle, name.c_str(), 0, type, static_cast<const BYTE*>(bytes), size);

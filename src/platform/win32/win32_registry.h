@@ -20,18 +20,17 @@ namespace vrix {
 // same path and rights, a question for a size brings the data along, for the question that follows at once, and so does
 // a listing, for the reads that follow at once. Others can tell as little as that allows:
 // - every write goes to the platform before its call returns; only making a key that was there a moment ago waits for
-//   the first call on it, and comes before any other call of this registry;
-// - where another program has deleted the key meanwhile, that call finds out and makes it, as createKey would have. If
-//   the platform refuses that, the refusal comes from this call, createKey having answered success;
+//   the next call, which makes it first where another program has deleted it meanwhile. If the platform refuses that,
+//   the refusal comes from that call, createKey having answered success;
+// - an openKey that is served so says that the key was there a moment ago. Where another program has deleted it
+//   meanwhile, the next call opens it anew, or answers as that open does;
+// - the values of a listing are those at its end, whatever another program does before they are read: they are kept
+//   only where the key's time of change is the same then as in front of it, and old enough that no change could hide in
+//   it. Reads in another order and all other calls but opening and closing that key drop them. So does a name that a
+//   single read would not find: one that the code page cannot show;
 // - a handle is lent to one caller at a time, and a closed one is refused as the platform refuses it;
 // - nothing is kept across a deleteKey of this registry or the end of an event of the program. A key that another
 //   program renames within one event, or takes the rights to away, is still written to until that event ends.
-// - an openKey that is served so says that the key was there a moment ago. Where another program has deleted it
-//   meanwhile, the first call on it opens it anew, or answers as that open does;
-// - the values of a listing are those at its end: they are kept only where the key's time of change is the same then as
-//   in front of it, and old enough that no change could hide in it. Reads in another order and all other calls but
-//   opening and closing that key drop them. So does a name that a single read would not find: one that the code page
-//   cannot show.
 class Win32Registry final : public Registry {
 public:
     Win32Registry() = default;
@@ -83,7 +82,7 @@ private:
     };
     static Keys::iterator find(Keys& keys, RegistryKey key);
     HKEY__* reach(RegistryKey key);
-    Status settle(bool renew = false);
+    Status settle();
     Status give(RegistryKey parent, const std::string& path, std::uint32_t rights, bool make, RegistryKey& key);
     bool isListed(const Listing& listing, RegistryKey key) const;
     bool list(Listing& listing, RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length);
