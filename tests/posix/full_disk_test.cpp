@@ -48,8 +48,9 @@ TEST(FullDisk, FailsTheWriteOrTheCloseOfATextFile) {
     limitFiles(2);
     EXPECT_EQ(ignoring([&] { stream->writeLine("ab"); }), FailureNumber::none);  // it waits for more
     EXPECT_EQ(ignoring([&] { stream->writeLine(std::string(200'000, 'x')); }), FailureNumber::permissionDenied);
-    EXPECT_EQ(ignoring([&] { stream->close(); }), FailureNumber::permissionDenied);
     limitFiles(RLIM_INFINITY);
+    EXPECT_EQ(ignoring([&] { stream->writeLine("behind what is lost"); }), FailureNumber::permissionDenied);
+    EXPECT_EQ(ignoring([&] { stream->close(); }), FailureNumber::permissionDenied);
 }
 
 }  // namespace vrix

@@ -82,25 +82,25 @@ void JournalFile::open() {
 }
 
 void JournalFile::read(const Reader& reader) {
-    const std::uint64_t whole = fileSize(path_);
     const Stream source(std::fopen(path_.c_str(), "rb"));
     const auto unreadable = error(path_, "cannot be read.");
-    if (!source) throw unreadable;
+    const auto whole = source ? sizeOf(source.get()) : std::nullopt;
+    if (!whole) throw unreadable;
     // Bytes that must be there: one that the disk does not give is no end of the file.
     const auto take = [&](std::uint64_t count) {
         std::string bytes(static_cast<std::size_t>(count), '\0');
         if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
         return bytes;
     };
-    const std::string first = take(std::min<std::uint64_t>(whole, signature.size()));
+    const std::string first = take(std::min<std::uint64_t>(*whole, signature.size()));
     if (!signature.starts_with(first)) throw error(path_, "is not a journal of this program. It was left as it is.");
     torn_ = first.size() < signature.size() && !first.empty();
     if (first.size() < signature.size()) return;
 
     const auto damaged = error(path_, "is damaged and was left as it is. Restore it from a copy or move it away.");
-    for (size_ = signature.size(); size_ < whole;) {
+    for (size_ = signature.size(); size_ < *whole;) {
         torn_ = true;
-        if (whole - size_ < headSize) return;
+        if (*whole - size_ < headSize) return;
         const std::string head = take(headSize);
         const std::uint64_t length = unpacked(head, 0);
         if (check(head.substr(0, 4)) != unpacked(head, 4)) {
@@ -108,10 +108,10 @@ void JournalFile::read(const Reader& reader) {
             throw damaged;
         }
         const std::uint64_t end = size_ + headSize + length;
-        if (end > whole) return;
+        if (end > *whole) return;
         const std::string record = take(length);
         if (check(record) != unpacked(head, 8)) {
-            if (end == whole) return;
+            if (end == *whole) return;
             throw damaged;
         }
         if (!reader(record)) throw damaged;

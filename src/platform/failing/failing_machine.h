@@ -17,8 +17,7 @@ namespace vrix {
 // A call is told as "what path\name": "create", "change" (an opening to change), "open" (to read), "close", "set",
 // "erase" a value, "remove" a key, "size" and "data" (the two queries of a value), "info", and "enum" with "@" and the
 // index as name. A call that opens a key bears the name that comes next; "?" marks one that failed by itself. Of files:
-// "exists", "drop", "make", "write" with the section that the line stands in, "finish"; "openText", "readLine",
-// "atEnd".
+// "drop", "make", "write" with the section that the line stands in, "finish"; "openText", "readLine".
 class FailingMachine final : public Registry, public Files {
     using enum FailureNumber;
     using Key = RegistryKey;

@@ -5,7 +5,6 @@
 
 #include <cstdio>
 #include <filesystem>  // for the separators of the system alone: its paths would bring in all of the locales
-#include <optional>
 
 namespace vrix {
 
@@ -38,9 +37,11 @@ std::string folderOf(const std::string& path) {
     return text.substr(0, text.find_last_of(folderEnds) + 1) + '.';
 }
 
-std::uint64_t fileSize(const std::string& path) {
-    const auto facts = factsOf(path);
-    return facts ? static_cast<std::uint64_t>(facts->st_size) : 0;
+std::optional<std::uint64_t> sizeOf(std::FILE* file) {
+    if (fseeko64(file, 0, SEEK_END) != 0) return std::nullopt;
+    const off64_t size = ftello64(file);
+    std::rewind(file);
+    return size < 0 ? std::nullopt : std::optional(static_cast<std::uint64_t>(size));
 }
 
 bool cutFile(const std::string& path, std::uint64_t size) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
+#include <optional>
 #include <string>
 
 namespace vrix {
@@ -13,8 +15,8 @@ PathKind kindOf(const std::string& path);
 // The folder in which a path lies, the current one for a bare name.
 std::string folderOf(const std::string& path);
 
-// In bytes; 0 for a file that is not there.
-std::uint64_t fileSize(const std::string& path);
+// The size of an open file in bytes, which is at its beginning then. None when the disk does not tell.
+std::optional<std::uint64_t> sizeOf(std::FILE* file);
 
 // Cuts a file. False when the disk refuses.
 bool cutFile(const std::string& path, std::uint64_t size);

@@ -48,8 +48,9 @@ public:
     explicit Writer(const std::string& path) : Stream(path, "wb") {}
 
     void writeLine(const std::string& text) override {
-        if (file_ == nullptr || std::fwrite(text.data(), 1, text.size(), file_) != text.size() ||
-            std::fwrite("\r\n", 1, 2, file_) != 2) {
+        // What comes behind a line that was lost is refused too: a file without an end shows that it is not whole.
+        if (file_ == nullptr || std::ferror(file_) != 0 ||
+            std::fwrite(text.data(), 1, text.size(), file_) != text.size() || std::fwrite("\r\n", 1, 2, file_) != 2) {
             refuse(FailureNumber::permissionDenied);
         }
     }

@@ -97,6 +97,10 @@ void FormWindow::makeControls() {
         if (button && control->name() == "NextBtn") default_ = window.get();
         controls_.push_back(std::move(window));
     }
+    layOut();
+}
+
+void FormWindow::layOut() {
     for (const auto& window : controls_) {
         window->layout();
         window->update();
@@ -148,10 +152,7 @@ void FormWindow::placeAt(int left, int top) {
 
 void FormWindow::applyStyle(int dpi) {
     const auto before = std::exchange(style_, std::make_unique<Style>(dpi));  // its fonts stay until they are replaced
-    for (const auto& window : controls_) {
-        window->layout();
-        window->update();
-    }
+    layOut();
     RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

@@ -62,6 +62,7 @@ private:
     std::optional<LRESULT> colourMessage(HDC dc, HWND child) const;
 
     void makeControls();
+    void layOut();
     void measureRegions();
     int fittingDpi(int dpi) const;
     RECT frameAt(int dpi) const;
