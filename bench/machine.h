@@ -7,7 +7,7 @@
 
 #include "harness.h"
 #include "platform/registry.h"
-#include "platform/windows.h"
+#include "platform/screen.h"
 
 // What the figures need of the machine. Each platform has its own maker.
 namespace vrix::bench {
@@ -43,17 +43,17 @@ struct Resources {
 Resources resources();
 
 // Windows to work pages in.
-class Screen {
+class Display {
 public:
-    virtual ~Screen() = default;
+    virtual ~Display() = default;
     virtual std::string name() const = 0;
-    virtual Windows& windows() = 0;
-    // Runs one event of the program and lets the screen settle behind it.
+    virtual Screen& screen() = 0;
+    // Runs one event of the program and lets the display settle behind it.
     virtual void event(const Work& event) = 0;
 };
-using ScreenMaker = std::function<std::unique_ptr<Screen>()>;
-std::unique_ptr<Screen> makeHeadlessScreen();
-std::vector<ScreenMaker> screens();
+using DisplayMaker = std::function<std::unique_ptr<Display>()>;
+std::unique_ptr<Display> makeHeadlessDisplay();
+std::vector<DisplayMaker> displays();
 // The event, but a failure in it, which would ask a user, ends the measuring.
 Work orEnd(const Work& event);
 

@@ -1,9 +1,9 @@
 #include <memory>
 
-#include "edit/edit2.h"
-#include "finish/new_product.h"
+#include "pages/edit/edit2.h"
+#include "pages/finish/new_product.h"
+#include "pages/smartfields/smart_field_module.h"
 #include "product.h"
-#include "smartfields/smart_field_module.h"
 
 namespace vrix::bench {
 
@@ -161,12 +161,12 @@ const std::vector<Stage>& stages() {
     return all;
 }
 
-double medianTime(Screen& screen, const Action& action, int rounds) {
+double medianTime(Display& display, const Action& action, int rounds) {
     std::vector<double> times;
     for (int round = -1; round < rounds; ++round) {
-        screen.event(action.before);
-        const double time = timed([&] { screen.event(action.run); });
-        screen.event(action.after);
+        display.event(action.before);
+        const double time = timed([&] { display.event(action.run); });
+        display.event(action.after);
         if (round >= 0) times.push_back(time);
         if (time > 1'000 && round >= 0) break;
     }
@@ -177,27 +177,27 @@ double medianTime(Screen& screen, const Action& action, int rounds) {
 
 void measurePages(const Scale& scale) {
     const std::vector<int> sizes = scale.sizes({1'000, 4'000, 16'000});
-    for (const auto& makeScreen : screens()) {
-        std::string screenName;
+    for (const auto& makeDisplay : displays()) {
+        std::string displayName;
         for (const Stage& stage : stages()) {
             std::vector<Action> known;
             std::vector<std::vector<double>> times;
             for (const int rows : sizes) {
                 const auto store = makeStore();
-                const auto screen = makeScreen();
-                screenName = screen->name();
-                Running running(*store, screen->windows());
-                screen->event([&] { stage.enter(running.pages, rows); });
+                const auto display = makeDisplay();
+                displayName = display->name();
+                Running running(*store, display->screen());
+                display->event([&] { stage.enter(running.pages, rows); });
                 known = stage.actions(running.pages);
                 times.resize(known.size());
                 for (std::size_t a = 0; a < known.size(); ++a) {
-                    times[a].push_back(medianTime(*screen, known[a], scale.rounds(9)));
+                    times[a].push_back(medianTime(*display, known[a], scale.rounds(9)));
                 }
                 endEvent(*store);
                 removeTree(*store, "Software\\Vrix");
             }
             for (std::size_t a = 0; a < known.size(); ++a) {
-                const std::string figure = "d " + screenName + ", " + known[a].name;
+                const std::string figure = "d " + displayName + ", " + known[a].name;
                 std::string detail;
                 for (const double time : times[a]) detail += text(time) + ' ';
                 report(figure + ", growth", growth(sizes, times[a]), 1.1, detail + "ms");

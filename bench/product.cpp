@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "forms/event.h"
-#include "wizard/product_options.h"
+#include "pages/wizard/product_options.h"
 
 namespace vrix::bench {
 
@@ -46,19 +46,19 @@ void chooseProduct(Toolkit& pages) {
 
 void removeTree(Registry& store, const std::string& path) {
     RegistryKey key = 0;
-    if (store.openKey(hive::localMachine, path, access::change, key) != Status::success) return;
+    if (store.openKey(hive::localMachine, path, access::change, key) != RegistryStatus::success) return;
     char name[256];
-    while (store.enumKey(key, 0, name, sizeof name) == Status::success) removeTree(store, path + '\\' + name);
+    while (store.enumKey(key, 0, name, sizeof name) == RegistryStatus::success) removeTree(store, path + '\\' + name);
     store.closeKey(key);
     static_cast<void>(store.deleteKey(hive::localMachine, path));
 }
 
 namespace {
 
-class HeadlessScreen final : public Screen {
+class HeadlessDisplay final : public Display {
 public:
     std::string name() const override { return "headless"; }
-    Windows& windows() override { return windows_; }
+    Screen& screen() override { return windows_; }
     void event(const Work& event) override { runEvent(windows_, orEnd(event)); }
 
 private:
@@ -67,7 +67,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Screen> makeHeadlessScreen() { return std::make_unique<HeadlessScreen>(); }
+std::unique_ptr<Display> makeHeadlessDisplay() { return std::make_unique<HeadlessDisplay>(); }
 
 Work orEnd(const Work& event) {
     return [event] {

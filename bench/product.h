@@ -2,19 +2,19 @@
 
 #include <string>
 
-#include "finish/export_product.h"
-#include "finish/new_product.h"
-#include "finish/settings_file.h"
 #include "machine.h"
-#include "platform/headless/headless_user.h"
-#include "platform/standard/standard_files.h"
+#include "makers/headless/headless_user.h"
+#include "makers/standard/standard_files.h"
+#include "pages/finish/export_product.h"
+#include "pages/finish/new_product.h"
+#include "pages/finish/settings_file.h"
 #include "program/program.h"
 
 namespace vrix::bench {
 
 // The program over a store and windows.
 struct Running {
-    Running(Registry& registry, Windows& windows) : program(Platform{registry, windows, dialog, files, clock}) {}
+    Running(Registry& registry, Screen& screen) : program(Platform{registry, screen, dialog, files, clock}) {}
     HeadlessFileDialog dialog;
     StandardFiles files;
     SetClock clock;

@@ -1,10 +1,10 @@
 #include <memory>
 
-#include "finish/new_product.h"
+#include "pages/finish/new_product.h"
+#include "pages/smartfields/smart_field_module.h"
+#include "pages/wizard/product_options.h"
 #include "product.h"
-#include "smartfields/smart_field_module.h"
 #include "store/cregistry_functions.h"
-#include "wizard/product_options.h"
 
 namespace vrix::bench {
 

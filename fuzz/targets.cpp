@@ -4,9 +4,9 @@
 #include <fstream>
 #include <map>
 
-#include "finish/settings_file.h"
 #include "forms/event.h"
-#include "platform/embedded/journal_registry.h"
+#include "makers/embedded/journal_registry.h"
+#include "pages/finish/settings_file.h"
 #include "walk.h"
 
 namespace vrix {
@@ -22,10 +22,10 @@ class FuzzedStore final : public EmbeddedRegistry {
 public:
     FuzzedStore() : EmbeddedRegistry([](const std::string& name) { return std::optional(name + name); }) {}
     using EmbeddedRegistry::repeat;
-    Status answer = Status::success;
+    RegistryStatus answer = RegistryStatus::success;
 
 private:
-    Status keep(const Change&) override { return answer; }
+    RegistryStatus persist(const Change&) override { return answer; }
 };
 
 // A text as a path that leads nowhere but into the walk's own folder.
@@ -38,8 +38,8 @@ std::string inside(const Walk& walk, const std::string& text) {
 void promiseSound(Walk& walk) {
     for (const ShownMessage& message : walk.windows.messages) promise(!message.text.starts_with("Run-time error:"));
     RegistryKey key = 0;
-    promise(walk.registry.openKey(hive::localMachine, "Software", access::change, key) == Status::success);
-    while (--key > 0) promise(walk.registry.closeKey(key) == Status::invalidHandle);
+    promise(walk.registry.openKey(hive::localMachine, "Software", access::change, key) == RegistryStatus::success);
+    while (--key > 0) promise(walk.registry.closeKey(key) == RegistryStatus::invalidHandle);
 }
 
 // Only these may change the store: the Finish of a new Product, a deletion, and Next while a page is in edit mode.
@@ -110,7 +110,7 @@ void edit(Input& input, const std::string& group) {
         store->repeat(Change(Change::Kind::makeKey, key));
         store->repeat(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
     }
-    store->answer = input.ConsumeBool() ? Status::accessDenied : Status::success;
+    store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     if (!group.empty()) walk.editProduct(isDeveloper ? 1 : 0).user.press(group);
     work(walk, input);
 }
@@ -165,7 +165,7 @@ void finish(Input& input) {
         return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + input.ConsumeRandomLengthString();
     };
     const auto store = std::make_shared<FuzzedStore>();
-    store->answer = input.ConsumeBool() ? Status::accessDenied : Status::success;
+    store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     Walk walk(store);
     walk.createTo("Create18");
     const Toolkit& pages = walk.pages;
@@ -182,7 +182,7 @@ void finish(Input& input) {
     walk.user.press("NextBtn");
     promiseSound(walk);
     promise(!walk.windows.ended || walk.message().find(": Run-time error '7") != std::string::npos);
-    const bool refused = store->answer != Status::success;
+    const bool refused = store->answer != RegistryStatus::success;
     promise(!refused || walk.tree().empty());
     const std::string file = walk.file(path);
     for (const auto& [name, control, isPath] : pages.options.all()) {

@@ -64,6 +64,6 @@ drive() {
     local folder
     folder=$(windows_path "$3")
     mkdir -p "$3"
-    timeout 300 wine build/win64/tests/driver/vrix_driver.exe "$1" "program=$(windows_path "$2")" \
+    timeout 300 wine build/win64/tools/driver/vrix_driver.exe "$1" "program=$(windows_path "$2")" \
         "pictures=$folder\\" "folder=$folder\\" "${@:4}" </dev/null
 }

@@ -57,11 +57,11 @@ bool isLast(const Cells& verdict) { return verdict[0] == "stays" || (isReport(ve
 class Copy final : public EmbeddedRegistry {
 public:
     explicit Copy(const Copy* other) : EmbeddedRegistry({}) {
-        if (other != nullptr) other->tell([this](const Change& change) { repeat(change); });
+        if (other != nullptr) other->forEachChange([this](const Change& change) { replay(change); });
     }
 
 private:
-    Status keep(const Change&) override { return Status::success; }
+    RegistryStatus persist(const Change&) override { return RegistryStatus::success; }
 };
 
 class Faults : public testing::Test {

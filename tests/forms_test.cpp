@@ -29,7 +29,7 @@ TEST(Numbers, TextBecomesA16BitNumberOrItsFailure) {
 // A form of its own, with two buttons and a list.
 class Bench : public Form {
 public:
-    explicit Bench(Windows& windows) : Form(windows, "Bench", "Bench", {200, 200}) {}
+    explicit Bench(Screen& screen) : Form(screen, "Bench", "Bench", {200, 200}) {}
     void closed() override {}
     ImageButton NextBtn{*this, "NextBtn", {0, 0, 80, 28}, "Next >"};
     ImageButton BackBtn{*this, "BackBtn", {90, 0, 80, 28}, "< Back"};

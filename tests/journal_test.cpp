@@ -1,4 +1,4 @@
-#include "platform/embedded/memory_registry.h"
+#include "makers/embedded/memory_registry.h"
 #include "registry_suite.h"
 
 namespace vrix {
@@ -98,7 +98,7 @@ TEST_F(JournalTest, RefusesWhatItCannotUse) {
 TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
     auto registry = openedJournal(path);
     for (int i = 0; i < 1'000; ++i) {
-        EXPECT_EQ(registry->setValue(hive::classesRoot, i % 2 == 0 ? "v" : "w", 4, &i, 4), Status::success);
+        EXPECT_EQ(registry->setValue(hive::classesRoot, i % 2 == 0 ? "v" : "w", 4, &i, 4), RegistryStatus::success);
     }
     const std::string before = listing(*registry, hive::localMachine);
     registry.reset();

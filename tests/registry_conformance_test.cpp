@@ -3,7 +3,7 @@
 #include <iterator>
 #include <random>
 
-#include "platform/embedded/memory_registry.h"
+#include "makers/embedded/memory_registry.h"
 #include "registry_suite.h"
 
 namespace vrix {
@@ -56,16 +56,17 @@ std::string listing(Registry& registry, RegistryKey top, bool sorted) {
     std::vector<std::string> items;
     char name[1'000];
     std::uint32_t length = sizeof name;
-    for (std::uint32_t i = 0; registry.enumValue(top, i, name, length) == Status::success; ++i, length = sizeof name) {
+    for (std::uint32_t i = 0; registry.enumValue(top, i, name, length) == RegistryStatus::success;
+         ++i, length = sizeof name) {
         std::uint32_t type = 0;
         std::uint32_t size = 300;
         std::string data(size, '\0');
-        EXPECT_EQ(registry.queryValue(top, name, type, data.data(), size), Status::success);
+        EXPECT_EQ(registry.queryValue(top, name, type, data.data(), size), RegistryStatus::success);
         items.push_back(name + (':' + std::to_string(type)) + '=' + data.substr(0, size) + ';');
     }
-    for (std::uint32_t i = 0; registry.enumKey(top, i, name, length) == Status::success; ++i) {
+    for (std::uint32_t i = 0; registry.enumKey(top, i, name, length) == RegistryStatus::success; ++i) {
         RegistryKey opened = 0;
-        EXPECT_EQ(registry.openKey(top, name, access::change, opened), Status::success);
+        EXPECT_EQ(registry.openKey(top, name, access::change, opened), RegistryStatus::success);
         items.push_back(name + ('{' + listing(registry, opened, sorted)) + "};");
         registry.closeKey(opened);
     }
@@ -76,7 +77,8 @@ std::string listing(Registry& registry, RegistryKey top, bool sorted) {
 }
 
 Caller::Caller(Registry& called, bool listsSorted) : registry(called), sorted(listsSorted) {
-    EXPECT_EQ(registry.createKey(hive::localMachine, "Software\\Vrix.T", access::change, keys[0]), Status::success);
+    EXPECT_EQ(registry.createKey(hive::localMachine, "Software\\Vrix.T", access::change, keys[0]),
+              RegistryStatus::success);
 }
 
 Caller::~Caller() {
@@ -91,7 +93,7 @@ std::string Caller::answer(const Call& call) {
     std::string rest;
     std::uint32_t type = 0;
     std::uint32_t size = call.what == Do::values ? call.to : call.number;
-    Status status = Status::success;
+    RegistryStatus status = RegistryStatus::success;
     switch (call.what) {
         case Do::open: status = registry.openKey(key, call.text, call.number, opened); break;
         case Do::make: status = registry.createKey(key, call.text, call.number, opened); break;
@@ -100,7 +102,7 @@ std::string Caller::answer(const Call& call) {
         case Do::query:
             status = registry.queryValue(key, call.text, type, room.data(), size);
             rest = ' ' + std::to_string(type) + ' ' + room.substr(0, size);
-            if (status == Status::moreData) return "234" + rest;
+            if (status == RegistryStatus::moreData) return "234" + rest;
             break;
         case Do::set: status = registry.setValue(key, call.text, call.number, call.data.c_str(), length); break;
         case Do::setNull: status = registry.setValue(key, call.text, 1, nullptr, size); break;
@@ -113,12 +115,12 @@ std::string Caller::answer(const Call& call) {
     }
     if (call.what == Do::close && call.key < 6) keys[call.key] = 0;
     if (call.what <= Do::make) {
-        EXPECT_EQ(opened != 0, status == Status::success);
+        EXPECT_EQ(opened != 0, status == RegistryStatus::success);
         registry.closeKey(std::exchange(keys[call.to], opened));
     }
     if (call.what == Do::names || call.what == Do::values) rest = ' ' + room.substr(0, room.find('\0'));
     if (call.what == Do::values || call.what == Do::longest) rest += ' ' + std::to_string(size);
-    return std::to_string(static_cast<int>(status)) + (status == Status::success ? rest : "");
+    return std::to_string(static_cast<int>(status)) + (status == RegistryStatus::success ? rest : "");
 }
 
 void expectConforms(const std::function<std::unique_ptr<Registry>()>& fresh, bool isReal) {

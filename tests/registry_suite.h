@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/embedded/journal_registry.h"
+#include "makers/embedded/journal_registry.h"
 
 namespace vrix {
 

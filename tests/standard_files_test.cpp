@@ -1,4 +1,4 @@
-#include "platform/standard/standard_files.h"
+#include "makers/standard/standard_files.h"
 
 #include "common/runtime_failure.h"
 #include "registry_suite.h"

@@ -14,9 +14,9 @@ protected:
     void putRaw(const std::string& section, const std::string& name, std::uint32_t type, std::string bytes) {
         RegistryKey key = 0;
         ASSERT_EQ(walk.registry.createKey(hive::localMachine, "Software\\Vrix\\" + section, access::change, key),
-                  Status::success);
+                  RegistryStatus::success);
         EXPECT_EQ(walk.registry.setValue(key, name, type, bytes.data(), static_cast<std::uint32_t>(bytes.size())),
-                  Status::success);
+                  RegistryStatus::success);
         walk.registry.closeKey(key);
     }
     cRegistry cursor(const std::string& value) {

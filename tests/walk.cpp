@@ -26,15 +26,15 @@ std::filesystem::path freshFolder() {
 
 void dump(Registry& registry, cRegistryFunctions& settings, const std::string& section, std::string& out) {
     RegistryKey key = 0;
-    if (registry.openKey(hive::localMachine, "Software\\Vrix\\" + section, 63, key) != Status::success) return;
+    if (registry.openKey(hive::localMachine, "Software\\Vrix\\" + section, 63, key) != RegistryStatus::success) return;
     out += '[' + section + "]\n";
     char name[512];
     std::uint32_t length = sizeof name;
-    for (std::uint32_t i = 0; registry.enumValue(key, i, name, length) == Status::success; ++i) {
+    for (std::uint32_t i = 0; registry.enumValue(key, i, name, length) == RegistryStatus::success; ++i) {
         out += std::string(name, length) + '=' + settings.GetSetting(application, section, {name, length}, "") + '\n';
         length = sizeof name;
     }
-    for (std::uint32_t i = 0; registry.enumKey(key, i, name, sizeof name) == Status::success; ++i) {
+    for (std::uint32_t i = 0; registry.enumKey(key, i, name, sizeof name) == RegistryStatus::success; ++i) {
         dump(registry, settings, section.empty() ? name : section + '\\' + name, out);
     }
     registry.closeKey(key);

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/embedded/memory_registry.h"
-#include "platform/failing/failing_machine.h"
-#include "platform/headless/headless_user.h"
-#include "platform/standard/standard_files.h"
+#include "failing_machine.h"
+#include "makers/embedded/memory_registry.h"
+#include "makers/headless/headless_user.h"
+#include "makers/standard/standard_files.h"
 #include "program/program.h"
 
 namespace vrix {

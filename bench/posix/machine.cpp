@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include "forms/event.h"
-#include "platform/embedded/memory_registry.h"
-#include "platform/headless/headless_windows.h"
+#include "makers/embedded/memory_registry.h"
+#include "makers/headless/headless_windows.h"
 
 namespace vrix::bench {
 
@@ -44,7 +44,7 @@ Resources resources() {
     return {handles, static_cast<double>(mallinfo2().uordblks) / 1024};
 }
 
-std::vector<ScreenMaker> screens() { return {&makeHeadlessScreen}; }
+std::vector<DisplayMaker> displays() { return {&makeHeadlessDisplay}; }
 
 void measureTools(const Scale&, const std::string&) {}
 

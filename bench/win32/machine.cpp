@@ -8,8 +8,8 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "platform/win32/win32_registry.h"
-#include "platform/win32/win32_windows.h"
+#include "makers/win32/win32_registry.h"
+#include "makers/win32/win32_screen.h"
 #include "product.h"
 
 namespace vrix::bench {
@@ -123,7 +123,7 @@ Resources resources() {
 namespace {
 
 // The real windows, with a user who says yes to every question.
-class AgreeingWindows final : public Windows {
+class AgreeingWindows final : public Screen {
 public:
     void formChanged(Form& form) override { real.formChanged(form); }
     void controlChanged(Control& control) override { real.controlChanged(control); }
@@ -133,27 +133,27 @@ public:
     Size screenSize() override { return real.screenSize(); }
     void quit() override { real.quit(); }
 
-    Win32Windows real;
+    Win32Screen real;
 };
 
-class RealScreen final : public Screen {
+class RealDisplay final : public Display {
 public:
     std::string name() const override { return "real windows"; }
-    Windows& windows() override { return windows_; }
+    Screen& screen() override { return screen_; }
     void event(const Work& event) override {
-        windows_.real.event(orEnd(event));
+        screen_.real.event(orEnd(event));
         MSG message;
         while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
     }
 
 private:
-    AgreeingWindows windows_;
+    AgreeingWindows screen_;
 };
 
 }  // namespace
 
-std::vector<ScreenMaker> screens() {
-    return {&makeHeadlessScreen, [] { return std::make_unique<RealScreen>(); }};
+std::vector<DisplayMaker> displays() {
+    return {&makeHeadlessDisplay, [] { return std::make_unique<RealDisplay>(); }};
 }
 
 // ---- Against the platform's own programs ----

@@ -51,45 +51,4 @@ private:
     Face face_ = Face::normal;
 };
 
-// What a picture shows.
-enum class Art { logo, emblem, create, edit, remove };
-
-// A picture that stands still. A click on it may mean something.
-class Picture final : public Control {
-public:
-    Picture(Container& parent, std::string_view name, const Place& place, Art art)
-        : Control(parent, name, place), art_(art) {}
-    ControlKind kind() const override { return ControlKind::picture; }
-    Art art() const { return art_; }
-    std::function<void()> onClick;
-
-private:
-    Art art_;
-};
-
-// The picture of a task on the main screen, at rest or pressed. A press captures the mouse; the release tells whether
-// the pointer is still inside.
-class TaskPicture final : public Control {
-public:
-    // `caption` is what the task is called for those who do not see the picture.
-    TaskPicture(Container& parent, std::string_view name, const Place& place, Art art, std::string_view caption)
-        : Control(parent, name, place), art_(art), caption_(caption) {}
-    ControlKind kind() const override { return ControlKind::taskPicture; }
-    Art art() const { return art_; }
-    const std::string& caption() const { return caption_; }
-
-    std::function<void(bool inside)> onRelease;
-
-    bool pressed() const { return pressed_; }
-    void setPressed(bool pressed);
-    void mouseDown() { setPressed(true); }
-    // `x` and `y` are in 1/96 inch from the picture's corner. All edges count as outside.
-    void mouseUp(double x, double y);
-
-private:
-    Art art_;
-    std::string caption_;
-    bool pressed_ = false;
-};
-
 }  // namespace vrix

@@ -1,7 +1,6 @@
 #include "forms/control.h"
 
 #include "forms/form.h"
-#include "forms/frame.h"
 
 namespace vrix {
 
@@ -48,11 +47,6 @@ void Control::setEnabled(bool enabled) {
 
 void Control::restore(const std::string&) {}
 
-void Control::changed() { form().windows().controlChanged(*this); }
-
-void Label::setCaption(const std::string& caption) {
-    caption_ = caption;
-    changed();
-}
+void Control::changed() { form().screen().controlChanged(*this); }
 
 }  // namespace vrix

@@ -4,13 +4,13 @@
 
 namespace vrix {
 
-class Windows;
+class Screen;
 
 // The caption of every window, and the title of the run-time report.
 inline constexpr const char* programTitle = "Vrix 3.0 Administrative Toolkit";
 
 // Runs one event of the program to its end. What escapes it is shown as the run-time report, and the program ends.
 // Makers of windows and timers call nothing of the program but through this.
-void runEvent(Windows& windows, const std::function<void()>& event) noexcept;
+void runEvent(Screen& screen, const std::function<void()>& event) noexcept;
 
 }  // namespace vrix

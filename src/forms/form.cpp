@@ -18,8 +18,8 @@ void collect(const Container& container, std::vector<Control*>& controls) {
 
 }  // namespace
 
-Form::Form(Windows& windows, std::string_view name, std::string_view caption, const Size& size, Border border)
-    : windows_(windows), name_(name), caption_(caption), size_(size), border_(border) {}
+Form::Form(Screen& screen, std::string_view name, std::string_view caption, const Size& size, Border border)
+    : screen_(screen), name_(name), caption_(caption), size_(size), border_(border) {}
 
 void Form::show() {
     if (!loaded_) {
@@ -28,23 +28,23 @@ void Form::show() {
         load();
     }
     visible_ = true;
-    windows_.formChanged(*this);
+    screen_.formChanged(*this);
 }
 
 void Form::hide() {
     visible_ = false;
-    windows_.formChanged(*this);
+    screen_.formChanged(*this);
 }
 
 void Form::setEnabled(bool enabled) {
     enabled_ = enabled;
-    windows_.formChanged(*this);
+    screen_.formChanged(*this);
 }
 
 void Form::centre() {
-    const Size screen = windows_.screenSize();
-    left_ = screen.width / 2 - size_.width / 2;
-    top_ = screen.height / 2 - size_.height / 2;
+    const Size area = screen_.screenSize();
+    left_ = area.width / 2 - size_.width / 2;
+    top_ = area.height / 2 - size_.height / 2;
 }
 
 std::vector<Control*> Form::controls() const {

@@ -14,7 +14,7 @@ public:
     enum class Border { none, fixed };
 
     // `size` is that of the client area.
-    Form(Windows& windows, std::string_view name, std::string_view caption, const Size& size,
+    Form(Screen& screen, std::string_view name, std::string_view caption, const Size& size,
          Border border = Border::fixed);
     virtual ~Form() = default;
 
@@ -27,7 +27,7 @@ public:
     Border border() const { return border_; }
     int left() const { return left_; }  // of the client area on the screen, in 1/96 inch
     int top() const { return top_; }
-    Windows& windows() const { return windows_; }
+    Screen& screen() const { return screen_; }
 
     bool loaded() const { return loaded_; }
     bool visible() const { return visible_; }
@@ -56,7 +56,7 @@ protected:
     void centre();
 
 private:
-    Windows& windows_;
+    Screen& screen_;
     std::string name_;
     std::string caption_;
     Size size_;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "forms/control.h"
 
 namespace vrix {
@@ -17,31 +15,6 @@ public:
 
 private:
     Form& parentForm_;
-};
-
-// How a label's text is set.
-enum class Look {
-    body,        // the message font, broken into lines
-    heading,     // the name of the task, in the title band
-    subheading,  // the name of the page, in the title band
-    section,     // the head of a group of inputs, with a rule behind it
-    product,     // the program's name on the splash and the main screen
-};
-
-// Fixed text, shown as typed: "&" is an ordinary character.
-class Label final : public Control {
-public:
-    Label(Container& parent, std::string_view name, const Place& place, std::string_view caption,
-          Look look = Look::body)
-        : Control(parent, name, place), caption_(caption), look_(look) {}
-    ControlKind kind() const override { return ControlKind::label; }
-    const std::string& caption() const { return caption_; }
-    void setCaption(const std::string& caption);
-    Look look() const { return look_; }
-
-private:
-    std::string caption_;
-    Look look_;
 };
 
 }  // namespace vrix

@@ -56,7 +56,7 @@ void ComboBox::insertItem(const std::string& text, int row) {
     if (row < 0 || row > count()) throw RuntimeFailure(FailureNumber::invalidCall);
     rows_.insert(rows_.begin() + offset(row), text);
     if (current_ >= row) ++current_;
-    form().windows().rowsChanged(*this, RowChange::inserted, row);
+    form().screen().rowsChanged(*this, RowChange::inserted, row);
 }
 
 void ComboBox::removeItem(int row) {
@@ -67,7 +67,7 @@ void ComboBox::removeItem(int row) {
     } else if (current_ > row) {
         --current_;
     }
-    form().windows().rowsChanged(*this, RowChange::removed, row);
+    form().screen().rowsChanged(*this, RowChange::removed, row);
 }
 
 void ComboBox::setListIndex(int row) {
@@ -95,18 +95,18 @@ void ComboBox::restore(const std::string& text) {
 void ComboBox::clear() {
     rows_.clear();
     current_ = -1;
-    form().windows().rowsChanged(*this, RowChange::cleared, -1);
+    form().screen().rowsChanged(*this, RowChange::cleared, -1);
 }
 
 void MarkList::addItem(const std::string& text, int itemData) {
     rows_.push_back({text, itemData, false});
-    form().windows().rowsChanged(*this, RowChange::inserted, count() - 1);
+    form().screen().rowsChanged(*this, RowChange::inserted, count() - 1);
 }
 
 void MarkList::setMarked(int row, bool marked) {
     if (row < 0 || row >= count()) throw RuntimeFailure(FailureNumber::invalidPropertyValue);
     rows_[static_cast<std::size_t>(row)].marked = marked;
-    form().windows().rowsChanged(*this, RowChange::marked, row);
+    form().screen().rowsChanged(*this, RowChange::marked, row);
 }
 
 void MarkList::mark(const std::vector<int>& rows) {
@@ -121,7 +121,7 @@ void MarkList::userMarks(int row, bool marked) {
 
 void MarkList::clear() {
     rows_.clear();
-    form().windows().rowsChanged(*this, RowChange::cleared, -1);
+    form().screen().rowsChanged(*this, RowChange::cleared, -1);
 }
 
 }  // namespace vrix

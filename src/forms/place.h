@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/windows.h"
+#include "platform/screen.h"
 
 namespace vrix {
 

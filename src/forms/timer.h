@@ -2,14 +2,14 @@
 
 #include <functional>
 
-#include "platform/windows.h"
+#include "platform/screen.h"
 
 namespace vrix {
 
 // Raises its event every `interval` milliseconds while it is enabled.
 class Timer final {
 public:
-    Timer(Windows& windows, int interval) : windows_(windows), interval_(interval) {}
+    Timer(Screen& screen, int interval) : screen_(screen), interval_(interval) {}
     Timer(const Timer&) = delete;
     Timer& operator=(const Timer&) = delete;
 
@@ -18,11 +18,11 @@ public:
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled) {
         enabled_ = enabled;
-        windows_.timerChanged(*this);
+        screen_.timerChanged(*this);
     }
 
 private:
-    Windows& windows_;
+    Screen& screen_;
     int interval_;
     bool enabled_ = false;
 };

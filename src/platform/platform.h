@@ -3,7 +3,7 @@
 namespace vrix {
 
 class Registry;
-class Windows;
+class Screen;
 class FileDialog;
 class Files;
 class Clock;
@@ -11,7 +11,7 @@ class Clock;
 // What the program asks of its machine. Outlives every page.
 struct Platform {
     Registry& registry;
-    Windows& windows;
+    Screen& screen;
     FileDialog& fileDialog;
     Files& files;
     Clock& clock;

@@ -6,7 +6,7 @@
 namespace vrix {
 
 // A status of the platform's registry. Any number may come; those that the program or a maker names stand here.
-enum class Status : std::int32_t {
+enum class RegistryStatus : std::int32_t {
     success = 0,
     fileNotFound = 2,
     accessDenied = 5,
@@ -53,33 +53,35 @@ public:
     virtual ~Registry() = default;
 
     // Opens an existing key below `parent`. On failure `key` is 0. Every opened key is the caller's to close.
-    [[nodiscard]] virtual Status openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
-                                         RegistryKey& key) = 0;
+    [[nodiscard]] virtual RegistryStatus openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
+                                                 RegistryKey& key) = 0;
     // The same, making every missing key of the path on the way.
-    [[nodiscard]] virtual Status createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
-                                           RegistryKey& key) = 0;
-    virtual Status closeKey(RegistryKey key) = 0;
+    [[nodiscard]] virtual RegistryStatus createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
+                                                   RegistryKey& key) = 0;
+    virtual RegistryStatus closeKey(RegistryKey key) = 0;
 
     // Reads a value's type, bytes and size in bytes. `size` holds the room at `data` on the way in and the value's
     // size on the way out; too little room is moreData, with nothing copied. An empty name is the key's default value.
-    [[nodiscard]] virtual Status queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                                            std::uint32_t& size) = 0;
+    [[nodiscard]] virtual RegistryStatus queryValue(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                                    void* data, std::uint32_t& size) = 0;
     // Writes a value. No data with size 1 stands for an empty string and is stored as its terminator. A text whose
     // terminator is not counted is stored with it; it must stand behind the text all the same.
-    [[nodiscard]] virtual Status setValue(RegistryKey key, const std::string& name, std::uint32_t type,
-                                          const void* data, std::uint32_t size) = 0;
+    [[nodiscard]] virtual RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type,
+                                                  const void* data, std::uint32_t size) = 0;
 
     // Deletes a key with its values. A key that has subkeys is refused with accessDenied.
-    [[nodiscard]] virtual Status deleteKey(RegistryKey parent, const std::string& path) = 0;
-    [[nodiscard]] virtual Status deleteValue(RegistryKey key, const std::string& name) = 0;
+    [[nodiscard]] virtual RegistryStatus deleteKey(RegistryKey parent, const std::string& path) = 0;
+    [[nodiscard]] virtual RegistryStatus deleteValue(RegistryKey key, const std::string& name) = 0;
 
     // Gives the name of the subkey at `index` with its terminator; `capacity` is the room in bytes.
-    [[nodiscard]] virtual Status enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) = 0;
+    [[nodiscard]] virtual RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name,
+                                                 std::uint32_t capacity) = 0;
     // Gives the name of the value at `index` with its terminator. `length` holds the room in bytes on the way in and
     // the name's length, without terminator, on the way out.
-    [[nodiscard]] virtual Status enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) = 0;
+    [[nodiscard]] virtual RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name,
+                                                   std::uint32_t& length) = 0;
     // Gives the length of the key's longest value name, without terminator.
-    [[nodiscard]] virtual Status queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) = 0;
+    [[nodiscard]] virtual RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) = 0;
 
     // Replaces every %NAME% that the environment knows by its text; the others stay as they are.
     virtual std::string expandEnvironment(const std::string& text) = 0;

@@ -1,12 +1,12 @@
-#include "platform/win32/startup.h"
-#include "platform/win32/win32_registry.h"
+#include "makers/win32/startup.h"
+#include "makers/win32/win32_registry.h"
 #include "program/run_on_windows.h"
 
 // The product: works on the machine's registry.
 int main() {
     vrix::hardenProcess();
     vrix::Win32Registry registry;
-    vrix::Win32Windows windows;
-    windows.onPause = [&] { registry.release(); };
-    return vrix::runOnWindows(registry, windows);
+    vrix::Win32Screen screen;
+    screen.onPause = [&] { registry.release(); };
+    return vrix::runOnWindows(registry, screen);
 }

@@ -1,8 +1,8 @@
 #include <cstdlib>
 
-#include "platform/embedded/journal_registry.h"
-#include "platform/win32/startup.h"
-#include "platform/win32/win32_disk.h"
+#include "makers/embedded/journal_registry.h"
+#include "makers/win32/startup.h"
+#include "makers/win32/win32_disk.h"
 #include "program/run_on_windows.h"
 
 namespace {
@@ -17,13 +17,13 @@ std::optional<std::string> environment(const std::string& name) {
 // The same program over a store of its own, kept in one file of the user. It leaves the machine's registry alone.
 int main() {
     vrix::hardenProcess();
-    vrix::Win32Windows windows;
+    vrix::Win32Screen screen;
     try {
         vrix::JournalRegistry registry(vrix::localDataFile("Vrix Toolkit Trial", "store.journal"), &environment,
                                        vrix::makeJournalDisk());
-        return vrix::runOnWindows(registry, windows);
+        return vrix::runOnWindows(registry, screen);
     } catch (const vrix::JournalError& error) {
-        windows.ask(error.what(), vrix::programTitle, vrix::Buttons::ok);
+        screen.ask(error.what(), vrix::programTitle, vrix::Buttons::ok);
         return 1;
     }
 }

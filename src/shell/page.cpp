@@ -1,13 +1,11 @@
 #include "shell/page.h"
 
-#include "edit/edit2.h"
 #include "forms/event.h"
-#include "shell/toolkit_main.h"
 
 namespace vrix {
 
 Page::Page(Toolkit& owner, std::string_view name, std::string_view task, std::string_view heading)
-    : Form(owner.platform.windows, name, programTitle, pageSize),
+    : Form(owner.platform.screen, name, programTitle, pageSize),
       Label1(*this, "Label1", {24, 12, -96, 26}, task, Look::heading),
       Label2(*this, "Label2", {24, 40, -96, 20}, heading, Look::subheading),
       toolkit(owner) {}
@@ -19,9 +17,9 @@ void Page::showTaskOfLastPage(bool edit) {
     NextBtnLbl.setCaption(edit ? "Finish" : "Next >");
 }
 
-void Page::goToHub() { goTo(toolkit.edit2); }
+void Page::goToHub() { goTo(vrix::form(toolkit, "Edit2")); }
 
-void Page::goToMain() { goTo(toolkit.toolkitMain); }
+void Page::goToMain() { goTo(vrix::form(toolkit, "ToolkitMain")); }
 
 void Page::endEdit(bool& edit) {
     goToHub();
@@ -36,7 +34,7 @@ void Page::exitGroup(bool& edit) {
     }
 }
 
-void Page::tell(const std::string& title, const std::string& text) { windows().ask(text, title, Buttons::ok); }
+void Page::tell(const std::string& title, const std::string& text) { screen().ask(text, title, Buttons::ok); }
 
 void Page::browse(CommonDialog& dialog, TextBox& box) {
     dialog.ShowOpen();

@@ -5,6 +5,8 @@
 #include "forms/form.h"
 #include "forms/frame.h"
 #include "forms/inputs.h"
+#include "forms/label.h"
+#include "forms/pictures.h"
 #include "shell/toolkit.h"
 
 namespace vrix {

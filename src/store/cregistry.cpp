@@ -26,12 +26,12 @@ std::string textOf(Variant value) {
     return {};
 }
 
-bool cRegistry::DeleteKey() { return registry_.deleteKey(ClassKey, SectionKey) == Status::success; }
+bool cRegistry::DeleteKey() { return registry_.deleteKey(ClassKey, SectionKey) == RegistryStatus::success; }
 
 bool cRegistry::DeleteValue() {
     OpenKey open(registry_);
-    if (registry_.openKey(ClassKey, SectionKey, access::change, open.key) != Status::success) return false;
-    return registry_.deleteValue(open.key, ValueKey) == Status::success;
+    if (registry_.openKey(ClassKey, SectionKey, access::change, open.key) != RegistryStatus::success) return false;
+    return registry_.deleteValue(open.key, ValueKey) == RegistryStatus::success;
 }
 
 Variant cRegistry::Value() {
@@ -41,8 +41,8 @@ Variant cRegistry::Value() {
     std::uint32_t type = 0;
     std::uint32_t size = 0;
     std::uint32_t scratch = 0;
-    const Status status = registry_.queryValue(open.key, ValueKey, type, &scratch, size);
-    if (status != Status::success && status != Status::moreData) return Default;
+    const RegistryStatus status = registry_.queryValue(open.key, ValueKey, type, &scratch, size);
+    if (status != RegistryStatus::success && status != RegistryStatus::moreData) return Default;
     ValueType = static_cast<std::int32_t>(type);
     switch (type) {
         case valuetype::string:
@@ -80,7 +80,7 @@ Variant cRegistry::readBytes(RegistryKey key, std::uint32_t size) {
 
 void cRegistry::Value(Variant value) {
     OpenKey open(registry_);
-    if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) != Status::success) return;
+    if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) != RegistryStatus::success) return;
     switch (static_cast<std::uint32_t>(ValueType)) {
         case valuetype::string:
         case valuetype::expandString: return writeText(open.key, textOf(std::move(value)));
@@ -93,7 +93,7 @@ void cRegistry::Value(Variant value) {
 
 void cRegistry::SetText(const std::string& text) {
     OpenKey open(registry_);
-    if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) == Status::success) {
+    if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) == RegistryStatus::success) {
         writeText(open.key, text);
     }
 }
@@ -126,12 +126,12 @@ bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_
     sKeyNames.clear();
     OpenKey open(registry_);
     std::uint32_t longest = 0;
-    if (registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key) != Status::success) return true;
-    if (registry_.queryInfoKey(open.key, longest) != Status::success) return true;
+    if (registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key) != RegistryStatus::success) return true;
+    if (registry_.queryInfoKey(open.key, longest) != RegistryStatus::success) return true;
     std::string name(static_cast<std::size_t>(longest) + 1, '\0');
     for (std::uint32_t index = 0;; ++index) {
         std::uint32_t length = longest + 1;
-        if (registry_.enumValue(open.key, index, name.data(), length) != Status::success) return true;
+        if (registry_.enumValue(open.key, index, name.data(), length) != RegistryStatus::success) return true;
         sKeyNames.push_back(name.substr(0, length));
         ++iKeyCount;
     }

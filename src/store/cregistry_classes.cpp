@@ -21,23 +21,24 @@ const std::string& orElse(const std::string& text, const std::string& usual) { r
 
 bool cRegistry::KeyExists() {
     OpenKey open(registry_);
-    return registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key) == Status::success;
+    return registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key) == RegistryStatus::success;
 }
 
 bool cRegistry::CreateKey() {
     OpenKey open(registry_);
-    return registry_.createKey(ClassKey, SectionKey, access::change, open.key) == Status::success;
+    return registry_.createKey(ClassKey, SectionKey, access::change, open.key) == RegistryStatus::success;
 }
 
 bool cRegistry::EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount) {
     iSectCount = 0;
     sSect.clear();
     OpenKey open(registry_);
-    if (registry_.openKey(ClassKey, SectionKey, access::enumerateSubKeys, open.key) != Status::success) return true;
+    if (registry_.openKey(ClassKey, SectionKey, access::enumerateSubKeys, open.key) != RegistryStatus::success)
+        return true;
     for (std::uint32_t index = 0;; ++index) {
         constexpr std::uint32_t room = 255;
         std::array<char, room + 1> name{};
-        if (registry_.enumKey(open.key, index, name.data(), room) != Status::success) return true;
+        if (registry_.enumKey(open.key, index, name.data(), room) != RegistryStatus::success) return true;
         sSect.emplace_back(name.data());
         ++iSectCount;
     }

@@ -3,7 +3,7 @@
 #include <csignal>
 
 #include "common/runtime_failure.h"
-#include "platform/standard/standard_files.h"
+#include "makers/standard/standard_files.h"
 #include "registry_suite.h"
 
 namespace vrix {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "platform/embedded/memory_registry.h"
-#include "platform/win32/control_window.h"
+#include "makers/embedded/memory_registry.h"
+#include "makers/win32/control_window.h"
 #include "program/run_on_windows.h"
 
 namespace vrix {
@@ -64,7 +64,7 @@ protected:
     }
 
     MemoryRegistry registry{[](const std::string&) { return std::nullopt; }};
-    Win32Windows windows;
+    Win32Screen windows;
     Win32FileDialog dialog{windows};
     StandardFiles files;
     Win32Clock clock;

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "makers/embedded/ordered_names.h"
+#include "platform/registry.h"
+
+namespace vrix {
+
+// Gives the text of an environment name, or nothing. Case is its own affair.
+using Environment = std::function<std::optional<std::string>(const std::string& name)>;
+
+// One change of the registry. A path counts from the machine's hive.
+struct Change {
+    enum class Kind : std::uint8_t { makeKey = 1, removeKey, setValue, removeValue };
+
+    explicit Change(Kind kind_, std::string path_, std::string name_ = {}, std::uint32_t type_ = 0,
+                    std::string data_ = {})
+        : kind(kind_), path(std::move(path_)), name(std::move(name_)), type(type_), data(std::move(data_)) {}
+
+    Kind kind;
+    std::string path;
+    std::string name;
+    std::uint32_t type;
+    std::string data;
+};
+
+// A registry of our own that behaves as the platform's. The classes hive is the machine's Software\Classes; these two
+// keys are always there and no other key can be made directly in the machine's hive. Subkeys and values are listed in
+// the order in which they were made. Security, classes of keys and views for other processors are left out: every
+// right that is asked for is granted, and every handle has the rights with which it was opened.
+class EmbeddedRegistry : public Registry {
+public:
+    RegistryStatus openKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) final;
+    RegistryStatus createKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) final;
+    RegistryStatus closeKey(RegistryKey key) final;
+    RegistryStatus queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
+                              std::uint32_t& size) final;
+    RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
+                            std::uint32_t size) final;
+    RegistryStatus deleteKey(RegistryKey parent, const std::string& path) final;
+    RegistryStatus deleteValue(RegistryKey key, const std::string& name) final;
+    RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) final;
+    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) final;
+    RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) final;
+    std::string expandEnvironment(const std::string& text) final;
+
+protected:
+    explicit EmbeddedRegistry(Environment environment);
+
+    // Called with each change before it is made. Any status but success refuses it and leaves the registry as it was.
+    virtual RegistryStatus persist(const Change& change) = 0;
+
+    // Makes a change that was kept earlier. False, and nothing made, when it does not fit what is there, or when no
+    // call could have made it.
+    bool replay(Change change);
+    // The changes that lead from an empty registry to this one, in order.
+    using Listener = std::function<void(const Change&)>;
+    void forEachChange(const Listener& listener) const;
+
+private:
+    struct Value {
+        std::uint32_t type = 0;
+        std::string data;
+    };
+    struct Key;
+    using KeyPointer = std::shared_ptr<Key>;
+    struct Key {
+        std::string name;
+        Key* parent = nullptr;  // none for the hive; not to be followed from a removed key
+        std::size_t level = 0;
+        bool permanent = false;
+        bool removed = false;
+        OrderedNames<KeyPointer> keys;
+        OrderedNames<Value> values;
+        std::map<std::size_t, std::size_t> nameLengths;  // how many value names have each length
+    };
+    // The deepest key of a path that exists, and the parts that lead on from it.
+    struct PathMatch {
+        KeyPointer key;
+        std::vector<std::string> missing;
+    };
+    struct Open {
+        KeyPointer key;
+        std::uint32_t rights = 0;
+    };
+
+    RegistryStatus resolveHandle(RegistryKey handle, std::uint32_t rights, KeyPointer& key) const;
+    RegistryStatus resolve(RegistryKey parent, const std::string& path, PathMatch& place) const;
+    RegistryKey open(const KeyPointer& key, std::uint32_t rights);
+    void forEachChange(const Key& key, const std::string& path, const Listener& listener) const;
+
+    static RegistryStatus walkPath(const std::string& path, PathMatch& place);
+    static RegistryStatus mayMake(const PathMatch& place);
+    static RegistryStatus mayRemove(const Key& key);
+    static std::string pathOf(const Key& key);
+    static KeyPointer makeKeys(const PathMatch& place);
+    static KeyPointer makeKey(Key& parent, const std::string& name);
+    static void removeKey(Key& key);
+    static void put(Key& key, Change change);
+    static void removeValue(Key& key, const std::string& name);
+
+    Environment environment_;
+    KeyPointer machine_;
+    KeyPointer classes_;
+    std::map<RegistryKey, Open> open_;
+    RegistryKey lastHandle_ = 0;
+};
+
+}  // namespace vrix

@@ -1,0 +1,59 @@
+#include "makers/embedded/journal_registry.h"
+
+#include <optional>
+#include <utility>
+
+namespace vrix {
+
+namespace {
+
+// A record is the kind in one byte, then the type and the lengths of path and name, then path, name and data.
+constexpr std::size_t fixedSize = 13;
+
+std::string recordOf(const Change& change) {
+    std::string record(1, static_cast<char>(change.kind));
+    record += packed(change.type);
+    record += packed(static_cast<std::uint32_t>(change.path.size()));
+    record += packed(static_cast<std::uint32_t>(change.name.size()));
+    return record + change.path + change.name + change.data;
+}
+
+std::optional<Change> changeOf(const std::string& record) {
+    if (record.size() < fixedSize) return std::nullopt;
+    const std::size_t path = unpacked(record, 5);
+    const std::size_t name = unpacked(record, 9);
+    const std::size_t rest = record.size() - fixedSize;
+    if (path > rest || name > rest - path) return std::nullopt;
+    return Change(static_cast<Change::Kind>(record[0]), record.substr(fixedSize, path),
+                  record.substr(fixedSize + path, name), unpacked(record, 1), record.substr(fixedSize + path + name));
+}
+
+}  // namespace
+
+JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk)
+    : EmbeddedRegistry(std::move(environment)), disk_(std::move(disk)) {
+    // Opened before the lock, which cannot tell why it is refused.
+    file_ = std::make_unique<JournalFile>(path, *disk_);
+    if (!disk_->acquire(path)) throw JournalError("The file \"" + path + "\" is in use by another program.");
+    file_->start([this](const std::string& record) {
+        auto change = changeOf(record);
+        return change && replay(std::move(*change));
+    });
+    compactIfWorthwhile();
+}
+
+void JournalRegistry::compactIfWorthwhile() {
+    constexpr std::uint64_t smallFile = 16'384;
+    std::uint64_t needed = 0;
+    forEachChange([&](const Change& change) { needed += JournalFile::headSize + recordOf(change).size(); });
+    if (file_->size() <= smallFile + 2 * needed) return;
+    file_->rewrite([this](const JournalFile::Writer& write) {
+        forEachChange([&](const Change& change) { write(recordOf(change)); });
+    });
+}
+
+RegistryStatus JournalRegistry::persist(const Change& change) {
+    return file_->append(recordOf(change)) ? RegistryStatus::success : RegistryStatus::registryIoFailed;
+}
+
+}  // namespace vrix

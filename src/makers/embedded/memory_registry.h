@@ -1,0 +1,18 @@
+#pragma once
+
+#include <utility>
+
+#include "makers/embedded/embedded_registry.h"
+
+namespace vrix {
+
+// A registry that lives in memory and goes with its object.
+class MemoryRegistry final : public EmbeddedRegistry {
+public:
+    explicit MemoryRegistry(Environment environment = {}) : EmbeddedRegistry(std::move(environment)) {}
+
+private:
+    RegistryStatus persist(const Change&) override { return RegistryStatus::success; }
+};
+
+}  // namespace vrix

@@ -1,0 +1,58 @@
+#include "makers/standard/file_facts.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>  // for the separators of the system alone: its paths would bring in all of the locales
+
+namespace vrix {
+
+namespace {
+
+using Facts = struct stat;
+
+// What ends the name of a folder in a path.
+constexpr auto folderEnds = std::filesystem::path::preferred_separator == '\\' ? "\\/:" : "/";
+
+std::optional<Facts> factsOf(const std::string& path) {
+    std::string text = path.c_str();
+    // Not every system knows a folder by a name with a separator at its end.
+    if (!text.empty() && text.find_last_of(folderEnds) == text.size() - 1) text += '.';
+    Facts facts{};
+    return stat(text.c_str(), &facts) == 0 ? std::optional(facts) : std::nullopt;
+}
+
+}  // namespace
+
+PathKind kindOf(const std::string& path) {
+    const auto facts = factsOf(path);
+    if (!facts) return PathKind::nothing;
+    return S_ISDIR(facts->st_mode) ? PathKind::folder : PathKind::file;
+}
+
+std::string folderOf(const std::string& path) {
+    const std::string text = path.c_str();
+    // The dot makes a folder of a bare drive, and of no text at all.
+    return text.substr(0, text.find_last_of(folderEnds) + 1) + '.';
+}
+
+std::optional<std::uint64_t> sizeOf(std::FILE* file) {
+    if (fseeko64(file, 0, SEEK_END) != 0) return std::nullopt;
+    const off64_t size = ftello64(file);
+    std::rewind(file);
+    return size < 0 ? std::nullopt : std::optional(static_cast<std::uint64_t>(size));
+}
+
+bool cutFile(const std::string& path, std::uint64_t size) {
+    return truncate64(path.c_str(), static_cast<off64_t>(size)) == 0;
+}
+
+bool removeFile(const std::string& path) {
+    if (std::remove(path.c_str()) == 0) return true;
+    // A read-only file does not go on Windows.
+    const auto facts = factsOf(path);
+    return facts && chmod(path.c_str(), facts->st_mode | S_IWUSR) == 0 && std::remove(path.c_str()) == 0;
+}
+
+}  // namespace vrix

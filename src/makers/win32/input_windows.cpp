@@ -1,0 +1,295 @@
+#include "makers/win32/input_windows.h"
+
+#include <algorithm>
+
+#include "makers/win32/pictures.h"
+
+namespace vrix {
+
+namespace {
+
+constexpr UINT settleChoices = WM_APP;
+constexpr UINT setMostRowsSeen = 0x1701;  // CB_SETMINVISIBLE
+constexpr int rowsSeen = 12;              // of an open list, at most
+
+// A box of one line, as high as its font wants it, in the middle of the control's place.
+RECT lineBox(RECT place, int height) {
+    const int spare = std::max(0, static_cast<int>(place.bottom - place.top) - height);
+    return {place.left, place.top + spare / 2, place.right, place.bottom - (spare - spare / 2)};
+}
+
+// Text for a native control that would take "&" for a key mark.
+std::string unmarked(const std::string& text) {
+    std::string result;
+    for (const char c : text) result.append(c == '&' ? 2 : 1, c);
+    return result;
+}
+
+// The text of an option button as it stands on the screen, where "&&" is one "&".
+std::string asSeen(const std::string& caption) {
+    std::string result;
+    for (std::size_t i = 0; i < caption.size(); i += caption.compare(i, 2, "&&") == 0 ? 2 : 1) result += caption[i];
+    return result;
+}
+
+}  // namespace
+
+TextBoxWindow::TextBoxWindow(FormWindow& owner, TextBox& box)
+    : ControlWindow(owner, box, {"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
+    send(EM_SETLIMITTEXT, 0);  // no limit
+}
+
+RECT TextBoxWindow::place() const { return lineBox(ControlWindow::place(), owner().style().lineBoxHeight()); }
+
+void TextBoxWindow::update() {
+    ControlWindow::update();
+    if (windowText(handle()) == box_.text()) return;
+    DWORD start = 0;
+    DWORD end = 0;
+    send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    setText(box_.text());
+    send(EM_SETSEL, start, static_cast<LPARAM>(end));
+}
+
+void TextBoxWindow::notified(int code) {
+    if (code == EN_CHANGE) event([this] { box_.setText(windowText(handle())); });
+}
+
+void MarkWindow::showCaption(const std::string& caption) {
+    constexpr int markWidth = 20;  // with the gap behind it
+    const Style& style = owner().style();
+    setText(unmarked(shortenedTo(style.px(control().bounds().width - markWidth), caption)));
+}
+
+CheckBoxWindow::CheckBoxWindow(FormWindow& owner, CheckBox& box)
+    : MarkWindow(owner, box, {"BUTTON", WS_TABSTOP | WS_GROUP | BS_CHECKBOX}), box_(box) {}
+
+void CheckBoxWindow::update() {
+    ControlWindow::update();
+    showCaption(box_.caption());
+    const auto state = static_cast<WPARAM>(box_.value() == 1 ? BST_CHECKED : BST_UNCHECKED);
+    if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
+}
+
+void CheckBoxWindow::notified(int code) {
+    if (code == BN_CLICKED) event([this] { box_.setValue(1 - box_.value()); });
+}
+
+OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
+    : MarkWindow(owner, button, {"BUTTON", WS_GROUP | BS_AUTORADIOBUTTON}), button_(button) {}
+
+void OptionButtonWindow::update() {
+    ControlWindow::update();
+    showCaption(asSeen(button_.caption()));
+    const auto state = static_cast<WPARAM>(button_.chosen() ? BST_CHECKED : BST_UNCHECKED);
+    if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
+    placeTabStop();
+}
+
+// Tab stops at the chosen button of the group, or at its first while none is chosen.
+void OptionButtonWindow::placeTabStop() {
+    const OptionButton* stop = nullptr;
+    for (const Control* sibling : button_.parent().children()) {
+        if (sibling->kind() != ControlKind::optionButton) continue;
+        const auto* other = static_cast<const OptionButton*>(sibling);
+        if (stop == nullptr || other->chosen()) stop = other;
+    }
+    for (const Control* sibling : button_.parent().children()) {
+        if (sibling->kind() != ControlKind::optionButton) continue;
+        if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*sibling))) {
+            window->setStyle(WS_TABSTOP, sibling == stop);
+        }
+    }
+}
+
+void OptionButtonWindow::notified(int code) {
+    if (code == BN_CLICKED) event([this] { button_.choose(); });
+}
+
+ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
+    : ControlWindow(owner, box, {"COMBOBOX", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS}),
+      box_(box) {
+    send(setMostRowsSeen, rowsSeen);
+    send(CB_INITSTORAGE, box.rows().size(), 32);
+}
+
+// The native control's own height is that of the list which it opens.
+RECT ComboBoxWindow::place() const {
+    RECT area = lineBox(ControlWindow::place(), owner().style().lineBoxHeight());
+    area.bottom += static_cast<LONG>(rowsSeen * send(CB_GETITEMHEIGHT, 0)) + owner().style().px(2);
+    return area;
+}
+
+void ComboBoxWindow::layout() {
+    ControlWindow::layout();
+    constexpr auto ownBox = static_cast<WPARAM>(-1);
+    RECT closed{};
+    GetWindowRect(handle(), &closed);
+    const LRESULT border = closed.bottom - closed.top - send(CB_GETITEMHEIGHT, ownBox);
+    send(CB_SETITEMHEIGHT, ownBox, owner().style().lineBoxHeight() - border);
+}
+
+void ComboBoxWindow::rowsChanged(RowChange, int) { rowsDiffer_ = true; }
+
+void ComboBoxWindow::showRows() {
+    shown_.become(
+        box_.rows(), [&](std::size_t row, const std::string& text) { send(CB_INSERTSTRING, row, text); },
+        [&](std::size_t row) { send(CB_DELETESTRING, row); }, [&] { send(CB_RESETCONTENT); });
+}
+
+void ComboBoxWindow::update() {
+    ControlWindow::update();
+    if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
+    if (rowsDiffer_) showRows();
+    rowsDiffer_ = false;
+    send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
+}
+
+// One choice comes as several notifications, in an order that differs with what the user did. They are taken together
+// behind the last.
+void ComboBoxWindow::notified(int code) {
+    if (code == CBN_DROPDOWN) raised_ = false;
+    if (code == CBN_SELENDOK) confirmed_ = true;
+    if (code != CBN_SELENDOK && code != CBN_SELCHANGE && code != CBN_CLOSEUP) return;
+    if (!settling_) settling_ = PostMessageA(handle(), settleChoices, 0, 0) != FALSE;
+}
+
+LRESULT ComboBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != settleChoices) return ControlWindow::message(message, wParam, lParam);
+    choicesSettled();
+    return 0;
+}
+
+void ComboBoxWindow::choicesSettled() {
+    const auto row = static_cast<int>(send(CB_GETCURSEL));
+    const bool again = confirmed_ && !raised_;  // the user chose the row that was current before
+    settling_ = false;
+    confirmed_ = false;
+    if (row < 0 || (row == box_.listIndex() && !again)) return;
+    raised_ = wantsEnter();
+    event([&] { box_.userChooses(row); });
+}
+
+bool ComboBoxWindow::wantsEnter() const { return send(CB_GETDROPPEDSTATE) != 0; }
+
+MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
+    : ControlWindow(owner, list,
+                    {"LISTBOX",
+                     WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED |
+                         LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
+                     WS_EX_CLIENTEDGE}),
+      list_(list) {
+    send(LB_INITSTORAGE, list.rows().size(), 32);
+}
+
+void MarkListWindow::layout() {
+    ControlWindow::layout();
+    const HFONT font = owner().style().font(Look::body);
+    send(LB_SETITEMHEIGHT, 0, lineHeight(font) + owner().style().px(5));
+}
+
+void MarkListWindow::update() {
+    const bool many = rowsDiffer_;
+    if (many) {
+        send(WM_SETREDRAW, FALSE);
+        showRows();
+    }
+    if (marksDiffer_) showMarks();
+    if (many) {
+        send(WM_SETREDRAW, TRUE);
+        InvalidateRect(handle(), nullptr, TRUE);
+    }
+    ControlWindow::update();
+}
+
+void MarkListWindow::showRows() {
+    std::vector<std::string> texts;
+    for (const MarkList::Row& row : list_.rows()) texts.push_back(row.text);
+    shown_.become(
+        std::move(texts), [&](std::size_t row, const std::string& text) { send(LB_INSERTSTRING, row, text); },
+        [&](std::size_t row) { send(LB_DELETESTRING, row); }, [&] { send(LB_RESETCONTENT); });
+    // A list that was filled anew begins at its top.
+    if (cleared_) {
+        send(LB_SETCARETINDEX, 0, FALSE);
+        send(LB_SETTOPINDEX, 0);
+    }
+    rowsDiffer_ = false;
+    cleared_ = false;
+}
+
+std::vector<bool> MarkListWindow::shownMarks() const {
+    std::vector<int> rows(static_cast<std::size_t>(std::max<LRESULT>(0, send(LB_GETSELCOUNT))));
+    send(LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
+    std::vector<bool> marks(list_.rows().size());
+    for (const int row : rows) marks.at(static_cast<std::size_t>(row)) = true;
+    return marks;
+}
+
+// Marking by code moves neither the focused row nor what is seen of the list.
+void MarkListWindow::showMarks() {
+    marksDiffer_ = false;
+    const std::vector<bool> shown = shownMarks();
+    const auto caret = static_cast<WPARAM>(send(LB_GETCARETINDEX));
+    const auto top = static_cast<WPARAM>(send(LB_GETTOPINDEX));
+    const auto differs = [&](std::size_t row) { return list_.rows()[row].marked != shown[row]; };
+    for (std::size_t row = 0; row < shown.size(); ++row) {
+        if (!differs(row)) continue;
+        const std::size_t first = row;
+        const bool marked = list_.rows()[row].marked;
+        while (row + 1 < shown.size() && differs(row + 1) && list_.rows()[row + 1].marked == marked) ++row;
+        send(LB_SELITEMRANGE, marked, MAKELPARAM(first, row));
+    }
+    if (static_cast<WPARAM>(send(LB_GETCARETINDEX)) != caret) send(LB_SETCARETINDEX, caret, TRUE);
+    if (static_cast<WPARAM>(send(LB_GETTOPINDEX)) != top) send(LB_SETTOPINDEX, top);
+}
+
+void MarkListWindow::rowsChanged(RowChange change, int) {
+    if (change != RowChange::marked) rowsDiffer_ = true;
+    if (change == RowChange::cleared) cleared_ = true;
+    marksDiffer_ = true;
+}
+
+void MarkListWindow::notified(int code) {
+    if (code == LBN_SELCHANGE) takeMarks();
+}
+
+// Not every platform notifies of a row marked by keyboard.
+LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = ControlWindow::message(message, wParam, lParam);
+    if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) takeMarks();
+    return result;
+}
+
+void MarkListWindow::takeMarks() {
+    const std::vector<bool> shown = shownMarks();
+    for (std::size_t row = 0; row < std::min(shown.size(), list_.rows().size()); ++row) {
+        const bool marked = shown[row];
+        if (marked != list_.rows()[row].marked) event([&] { list_.userMarks(static_cast<int>(row), marked); });
+    }
+}
+
+void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
+    const Style& style = owner().style();
+    const bool empty = item.itemID >= list_.rows().size();
+    const Buffer buffer(item.hDC, item.rcItem);
+    FillRect(buffer.dc(), &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
+    if (!empty) {
+        const bool live = (item.itemState & ODS_DISABLED) == 0;
+        const int side = style.px(13);
+        const LONG left = item.rcItem.left + style.px(4);
+        const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
+        drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
+                 style.palette());
+        const std::string& text = list_.rows()[item.itemID].text;
+        RECT area{left + side + style.px(6), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
+        const Selected font(buffer.dc(), style.font(Look::body));
+        SetTextColor(buffer.dc(), live ? style.palette().text : style.palette().greyText);
+        DrawTextA(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
+                  DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    }
+    if ((item.itemState & ODS_FOCUS) == 0) return;
+    SetTextColor(buffer.dc(), style.palette().text);
+    DrawFocusRect(buffer.dc(), &item.rcItem);
+}
+
+}  // namespace vrix

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "forms/buttons.h"
+#include "forms/label.h"
+#include "forms/pictures.h"
+#include "makers/win32/control_window.h"
+
+namespace vrix {
+
+// A control that we draw ourselves, without flicker. Its native class serves its role and its name.
+class PaintedWindow : public ControlWindow {
+public:
+    using ControlWindow::ControlWindow;
+    void update() override;
+
+protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    virtual void paint(HDC dc, const RECT& area) = 0;
+    bool focused() const { return GetFocus() == handle(); }
+};
+
+class LabelWindow final : public PaintedWindow {
+public:
+    LabelWindow(FormWindow& owner, Label& label);
+    void layout() override;
+    void update() override;
+
+private:
+    void paint(HDC dc, const RECT& area) override;
+    void paintSection(HDC dc, const RECT& area);
+    Colour colour() const;
+    Label& label_;
+    std::string shown_;  // its caption, or the beginning of one that is too long for the line
+};
+
+// A painted control that the mouse presses. The press captures the mouse until its release, wherever that is. By
+// keyboard, Space or Enter presses and releases it.
+class PressableWindow : public PaintedWindow {
+public:
+    using PaintedWindow::PaintedWindow;
+    void notified(int code) override;
+    bool press() override;
+
+protected:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    virtual void pressed(POINT at) = 0;
+    virtual void released(POINT at) = 0;
+    virtual void moved(POINT /*at*/, bool /*buttonHeld*/) {}
+    bool captured() const { return captured_; }
+
+private:
+    bool mouseMessage(UINT message, WPARAM wParam, POINT at);
+    bool keyMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    bool captured_ = false;
+};
+
+class PictureWindow final : public PressableWindow {
+public:
+    PictureWindow(FormWindow& owner, Picture& picture);
+    bool press() override { return false; }
+
+private:
+    void paint(HDC dc, const RECT& area) override;
+    void pressed(POINT) override {}
+    void released(POINT at) override;
+    Picture& picture_;
+};
+
+class TaskPictureWindow final : public PressableWindow {
+public:
+    TaskPictureWindow(FormWindow& owner, TaskPicture& picture);
+
+private:
+    void paint(HDC dc, const RECT& area) override;
+    void pressed(POINT at) override;
+    void released(POINT at) override;
+    TaskPicture& picture_;
+};
+
+class ImageButtonWindow final : public PressableWindow {
+public:
+    ImageButtonWindow(FormWindow& owner, ImageButton& button);
+    void layout() override;
+    void update() override;
+    bool press() override;
+
+private:
+    void paint(HDC dc, const RECT& area) override;
+    void pressed(POINT at) override;
+    void released(POINT at) override;
+    void moved(POINT at, bool buttonHeld) override;
+    bool enabled() const override;
+    void measureCaption();
+
+    ImageButton& button_;
+    RECT caption_{};        // where the caption stands; it is the button's label, the rest is its picture
+    bool onLabel_ = false;  // the press that holds the mouse was on the label
+};
+
+}  // namespace vrix

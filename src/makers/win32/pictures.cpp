@@ -1,0 +1,164 @@
+#include "makers/win32/pictures.h"
+
+#include <algorithm>
+#include <numbers>
+
+namespace vrix {
+
+namespace {
+
+constexpr double artSize = 48;  // the units of a picture across and down
+
+constexpr int sheets = 6;  // of the set that is the program's mark
+
+Colour sheetColour(const Palette& palette, int sheet) {
+    if (palette.systemColoursOnly) return palette.text;
+    return sheet == 0 ? RGB(226, 148, 40) : mixed(RGB(12, 62, 92), RGB(64, 158, 178), (sheet - 1) / 4.0);
+}
+
+// The sheets of a set, laid round in a ring.
+void drawRing(Canvas& canvas, const Palette& palette) {
+    const Point middle{24, 24};
+    for (int i = 0; i < sheets; ++i) {
+        const double angle = 2 * std::numbers::pi * i / sheets;
+        const auto place = [&](std::vector<Point> points) {
+            return turned(turned(std::move(points), -0.42, {24, 10}), angle, middle);
+        };
+        const Colour colour = sheetColour(palette, i);
+        canvas.polygon(place({{18.5, 2}, {26, 2}, {30, 6}, {30, 18}, {18.5, 18}}), colour);
+        canvas.polygon(place({{26, 2}, {30, 6}, {26, 6}}), palette.window);
+        canvas.stroke(place({{21, 9.5}, {27.5, 9.5}}), 1.4, palette.window);
+        canvas.stroke(place({{21, 13.5}, {27.5, 13.5}}), 1.4, palette.window);
+    }
+}
+
+// The ring as a small mark.
+void drawEmblem(Canvas& canvas, const Palette& palette) {
+    for (int i = 0; i < sheets; ++i) {
+        const double angle = 2 * std::numbers::pi * i / sheets;
+        canvas.circle(turned({{24, 9}}, angle, {24, 24}).front(), 6, sheetColour(palette, i));
+    }
+}
+
+void drawSheet(Canvas& canvas, const Palette& palette, double x, double y) {
+    const auto at = [&](std::vector<Point> points) {
+        for (Point& point : points) point = {point.x + x, point.y + y};
+        return points;
+    };
+    const Colour edge = palette.secondary;
+    canvas.polygon(at({{12, 6}, {28, 6}, {36, 14}, {36, 42}, {12, 42}}), edge);
+    canvas.polygon(at({{13.4, 7.4}, {27.4, 7.4}, {34.6, 14.6}, {34.6, 40.6}, {13.4, 40.6}}), palette.window);
+    canvas.polygon(at({{27, 6}, {36, 15}, {27, 15}}), edge);
+    for (const double line : {20.0, 25.0, 30.0, 35.0}) {
+        canvas.stroke(at({{17.5, line}, {line < 30 ? 30.5 : 24.5, line}}), 1.6, mixed(edge, palette.window, 0.35));
+    }
+}
+
+void drawBadge(Canvas& canvas, const Palette& palette, Colour colour, double x, double y, bool cross) {
+    const Point middle{34 + x, 35 + y};
+    canvas.circle(middle, 10.2, palette.window);
+    canvas.circle(middle, 8.8, colour);
+    const double angle = cross ? std::numbers::pi / 4 : 0;
+    for (const double turn : {0.0, std::numbers::pi / 2}) {
+        canvas.stroke(turned({{middle.x - 4.4, middle.y}, {middle.x + 4.4, middle.y}}, angle + turn, middle), 2.4,
+                      palette.window);
+    }
+}
+
+void drawPencil(Canvas& canvas, const Palette& palette, double x, double y) {
+    const Point tip{22 + x, 41 + y};
+    const auto pencil = [&](double from, double to, double half) {
+        return turned({{tip.x + from, tip.y - half},
+                       {tip.x + to, tip.y - half},
+                       {tip.x + to, tip.y + half},
+                       {tip.x + from, tip.y + half}},
+                      -std::numbers::pi / 4, tip);
+    };
+    canvas.polygon(pencil(0, 29, 5.2), palette.window);
+    const Colour wood = palette.systemColoursOnly ? palette.text : RGB(226, 148, 40);
+    canvas.polygon(turned({tip, {tip.x + 7, tip.y - 3.8}, {tip.x + 7, tip.y + 3.8}}, -std::numbers::pi / 4, tip),
+                   mixed(wood, palette.text, 0.55));
+    canvas.polygon(pencil(7, 21.5, 3.8), wood);
+    canvas.polygon(pencil(23, 27.5, 3.8), palette.accent);
+}
+
+void drawTile(Canvas& canvas, bool pressed, bool focused, const Palette& palette) {
+    const double line = pressed ? 2.4 : 1;
+    canvas.box({0, 0}, {artSize, artSize}, 4, pressed ? palette.accent : palette.rule);
+    const Colour fill =
+        palette.systemColoursOnly ? palette.window : mixed(palette.window, palette.accent, pressed ? 0.2 : 0.03);
+    canvas.box({line, line}, {artSize - line, artSize - line}, 4 - line, fill);
+    if (!focused) return;
+    canvas.box({2.2, 2.2}, {artSize - 2.2, artSize - 2.2}, 2.4, palette.text);
+    canvas.box({3.2, 3.2}, {artSize - 3.2, artSize - 3.2}, 1.6, fill);
+}
+
+}  // namespace
+
+void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const Palette& palette, Colour background) {
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    Canvas canvas(width, height, std::min(width, height) / artSize, background);
+    if (tile != Tile::none) drawTile(canvas, tile == Tile::pressed, focused, palette);
+    const double shift = tile == Tile::pressed ? 1.5 : 0;
+    switch (art) {
+        case Art::logo: drawRing(canvas, palette); break;
+        case Art::emblem: drawEmblem(canvas, palette); break;
+        case Art::create:
+            drawSheet(canvas, palette, shift, shift);
+            drawBadge(canvas, palette, palette.accent, shift, shift, false);
+            break;
+        case Art::edit:
+            drawSheet(canvas, palette, shift, shift);
+            drawPencil(canvas, palette, shift, shift);
+            break;
+        case Art::remove:
+            drawSheet(canvas, palette, shift, shift);
+            drawBadge(canvas, palette, palette.warning, shift, shift, true);
+            break;
+    }
+    draw(dc, area.left, area.top, canvas);
+}
+
+void drawFace(HDC dc, const RECT& area, const FaceLook& look, const Style& style, Colour background) {
+    using Face = ImageButton::Face;
+    const Palette& palette = style.palette();
+    const double width = (area.right - area.left) / style.scale();
+    const double height = (area.bottom - area.top) / style.scale();
+    const bool live = look.face == Face::hover || look.face == Face::pressed;
+    const double line = live ? 2 : 1;
+    const double radius = 4;
+
+    Colour edge = look.isDefault ? palette.accent : palette.edge;
+    if (live) edge = palette.accent;
+    if (look.face == Face::disabled) edge = palette.systemColoursOnly ? palette.greyText : palette.rule;
+    Colour fill = mixed(palette.window, palette.face, 0.3);
+    if (look.face == Face::hover) fill = mixed(palette.window, palette.accent, 0.1);
+    if (look.face == Face::pressed) fill = mixed(palette.window, palette.accent, 0.28);
+    if (look.face == Face::disabled) fill = background;
+    if (palette.systemColoursOnly) fill = palette.face;
+
+    Canvas canvas(area.right - area.left, area.bottom - area.top, style.scale(), background);
+    canvas.box({0, 0}, {width, height}, radius, edge);
+    canvas.box({line, line}, {width - line, height - line}, radius - line, fill);
+    if (look.face == Face::pressed) canvas.box({line, line}, {width - line, line + 2}, 0, mixed(fill, edge, 0.5));
+    if (look.focused) {
+        canvas.box({3, 3}, {width - 3, height - 3}, 2, palette.faceText);
+        canvas.box({4, 4}, {width - 4, height - 4}, 1, fill);
+    }
+    draw(dc, area.left, area.top, canvas);
+}
+
+void drawMark(HDC dc, const RECT& area, bool marked, bool enabled, const Palette& palette) {
+    const int side = area.right - area.left;
+    Canvas canvas(side, side, side / 13.0, palette.window);
+    const Colour ink = enabled ? palette.text : palette.greyText;
+    const Colour fill = marked && enabled && !palette.systemColoursOnly ? palette.accent : palette.window;
+    const Colour edge = !enabled ? ink : fill == palette.window ? palette.edge : fill;
+    canvas.box({0, 0}, {13, 13}, 2, edge);
+    canvas.box({1, 1}, {12, 12}, 1, fill);
+    if (marked) canvas.stroke({{3.2, 6.8}, {5.5, 9.2}, {9.9, 4}}, 1.5, fill == palette.window ? ink : palette.window);
+    draw(dc, area.left, area.top, canvas);
+}
+
+}  // namespace vrix

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "forms/buttons.h"
+#include "forms/pictures.h"
+#include "makers/win32/style.h"
+
+namespace vrix {
+
+// The pictures of the program, drawn by code. Each fills a rectangle of `dc` whole, on a background colour.
+
+// Without `tile` the picture stands free; with it, on a tile that tells whether it is pressed and has the focus.
+enum class Tile { none, rest, pressed };
+void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const Palette& palette, Colour background);
+
+// The face of an image button without its caption.
+struct FaceLook {
+    ImageButton::Face face;
+    bool isDefault;
+    bool focused;
+};
+void drawFace(HDC dc, const RECT& area, const FaceLook& look, const Style& style, Colour background);
+
+// The square in front of a row that can be marked.
+void drawMark(HDC dc, const RECT& area, bool marked, bool enabled, const Palette& palette);
+
+}  // namespace vrix

@@ -1,0 +1,24 @@
+#include "pages/edit/delete1.h"
+
+#include "pages/edit/delete2.h"
+#include "pages/edit/edit1.h"
+
+namespace vrix {
+
+Delete1::Delete1(Toolkit& owner) : Page(owner, "Delete1", "Delete An Existing Product", "Select A Product") {
+    NextBtn.action = [this] { goToDelete2(); };
+    BackBtn.action = [this] { returnToMain(); };
+    ExitBtn.action = [this] { returnToMain(); };
+}
+
+void Delete1::initDelete1() {
+    ProductList.clear();
+    fillProductList(toolkit, *this, ProductList);
+}
+
+void Delete1::goToDelete2() {
+    goTo(toolkit.delete2);
+    toolkit.delete2.DeleteProductTxt.setCaption(ProductList.text());
+}
+
+}  // namespace vrix

@@ -1,0 +1,68 @@
+#include "pages/edit/edit2.h"
+
+#include "pages/edit/edit1.h"
+#include "pages/finish/create18.h"
+#include "pages/smartfields/create19.h"
+#include "pages/topics/create20.h"
+#include "pages/topics/create8.h"
+#include "pages/topics/create9.h"
+#include "pages/wizard/create17.h"
+#include "pages/wizard/create2.h"
+#include "pages/wizard/create3.h"
+#include "pages/wizard/fields_page.h"
+#include "pages/wizard/optional_section.h"
+#include "store/cregistry_functions.h"
+
+namespace vrix {
+
+Edit2::Edit2(Toolkit& owner) : Page(owner, "Edit2", "Edit A Product", "Product Name") {
+    NextBtnLbl.setCaption("Finish");
+    NextBtn.action = [this] { finishEdit2(); };
+    BackBtn.action = [this] { backEdit2(); };
+    ExitBtn.action = [this] { finishEdit2(); };
+    ProductSettingsBtn.action = [this] { openProductSettings(); };
+    CoverPagesBtn.action = [this] { open(toolkit.create3, &Create3::initThis3); };
+    ContentSummaryBtn.action = [this] { open(toolkit.create5, &Create5::initThis); };
+    TableOfContentsBtn.action = [this] { open(toolkit.create6, &Create6::initThis); };
+    ConclusionBtn.action = [this] { open(toolkit.create7, &Create7::initThis); };
+    TopicsBtn.action = [this] { open(toolkit.create8, &Create8::initThis8); };
+    TopicOrderBtn.action = [this] { open(toolkit.create20, &Create20::initThis20); };
+    DependenciesBtn.action = [this] { openDependencies(); };
+    UserDefinedFieldsBtn.action = [this] { open(toolkit.create10, &Create10::initThis); };
+    SmartFieldsBtn.action = [this] { open(toolkit.create19, &Create19::initThis19); };
+    MiscellaneousSettingsBtn.action = [this] { open(toolkit.create17, &Create17::initThis17); };
+    ExportSettingsBtn.action = [this] { open(toolkit.create18, &Create18::initThis18); };
+}
+
+template <class OwnerPage, class Init>
+void Edit2::open(OwnerPage& page, Init init) {
+    page.Edit = true;
+    goTo(page);
+    (page.*init)();
+}
+
+void Edit2::openDependencies() {
+    Create9& page = toolkit.create9;
+    page.Edit = true;
+    setEnabled(false);
+    hide();
+    page.show();
+    page.initThis9();
+    page.setEnabled(true);
+}
+
+void Edit2::openProductSettings() {
+    Create2& page = toolkit.create2;
+    const Edit1& selected = toolkit.edit1;
+    page.Edit = true;
+    goTo(page);
+    page.NextBtnLbl.setCaption("Finish");
+    page.ProductKey.setEnabled(false);
+    page.ProductKey.setText(
+        toolkit.settings.GetSetting(application, selected.listSection(), selected.ProductList.text(), ""));
+    page.initThis2();
+}
+
+void Edit2::backEdit2() { goTo(toolkit.edit1); }
+
+}  // namespace vrix

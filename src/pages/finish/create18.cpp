@@ -1,0 +1,78 @@
+#include "pages/finish/create18.h"
+
+#include "pages/finish/export_product.h"
+#include "pages/finish/new_product.h"
+#include "pages/finish/settings_file.h"
+#include "pages/wizard/create17.h"
+#include "platform/clock.h"
+
+namespace vrix {
+
+Create18::Create18(Toolkit& owner)
+    : Page(owner, "Create18", "Create A Product Wizard", "Finish"), CommonDialog1(owner.platform.fileDialog) {
+    CommonDialog1.DialogTitle = "Browse For Export File";
+    CommonDialog1.Filter = "Kelmarsh Settings (*.kls)|*.kls";
+    CommonDialog1.DefaultExt = ".kls";
+    NextBtnLbl.setCaption("Finish");
+    Browse1Btn.action = [this] { browse1This18(); };
+    NextBtn.action = [this] { nextThis18(); };
+    BackBtn.action = [this] { backThis18(); };
+    ExitBtn.action = [this] { exitThis18(); };
+}
+
+void Create18::initThis18() {
+    showTask(Edit);
+    Label2.setCaption(Edit ? "Export Settings" : "Finish");
+    Label3.setCaption(Edit ? "Please select a filename to export the settings for this Product to."
+                           : "This Product is now complete. Please click finish to save these settings and select a "
+                             "filename below to export them.");
+    SettingsPath.clear();
+}
+
+std::string Create18::regslashes(const std::string& path) { return escapedPath(path); }
+
+void Create18::browse1This18() {
+    CommonDialog1.ShowSave();
+    SettingsPath.setText(CommonDialog1.FileName);
+}
+
+void Create18::nextThis18() {
+    Answer answer = Answer::ok;
+    if (SettingsPath.text().empty()) {
+        answer = screen().ask(
+            "You have not entered a file to output the Product Settings To. If you continue without an output file, "
+            "you will not be able to export this Product to another system.\r\nDo you wish to continue?",
+            "Invalid Settings File", Buttons::okCancel);
+    }
+    if (answer != Answer::ok) return;
+    if (Edit) {
+        exportProduct();
+    } else {
+        finish();
+    }
+}
+
+// The Product is in the store before the file is touched, so a bad path loses the file alone.
+void Create18::finish() {
+    const std::string timeStamp = toolkit.platform.clock.now();
+    saveNewProduct(toolkit, timeStamp);
+    if (!SettingsPath.text().empty()) writeNewProduct(toolkit, SettingsPath.text(), timeStamp);
+    goToMain();
+}
+
+// Without a path nothing happens at all, whatever was answered.
+void Create18::exportProduct() {
+    if (SettingsPath.text().empty()) return;
+    ProductExport(toolkit).write(SettingsPath.text());
+    endEdit(Edit);
+}
+
+void Create18::backThis18() {
+    if (Edit) {
+        endEdit(Edit);
+    } else {
+        goTo(toolkit.create17);
+    }
+}
+
+}  // namespace vrix

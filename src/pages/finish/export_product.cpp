@@ -1,0 +1,111 @@
+#include "pages/finish/export_product.h"
+
+#include <algorithm>
+
+#include "common/number.h"
+#include "pages/edit/edit1.h"
+#include "pages/finish/settings_file.h"
+#include "pages/wizard/product_options.h"
+#include "store/cregistry_functions.h"
+
+namespace vrix {
+
+void ProductExport::write(const std::string& path) {
+    root_ = toolkit_.edit1.ProductRegKey;
+    SettingsFile file(toolkit_.platform.files, path);
+    identity(file);
+    header(file, "\\Dependencies");
+    file.blank();
+    section(file, "\\Dependencies\\IndexTable", Data::plain);
+    section(file, "\\Dependencies\\Matrix", Data::plain);
+    section(file, "\\Topics", Data::path);
+    if (!toolkit_.edit1.isDeveloper) addedTopics(file);
+    statement([&] { file.blank(); });
+    options(file);
+    smartFields(file);
+    statement([&] { file.close(); });
+}
+
+std::string ProductExport::read(const std::string& section, const std::string& name) const {
+    return toolkit_.settings.GetSetting(application, section, name, "");
+}
+
+SettingsTable ProductExport::list(const std::string& below) const {
+    return toolkit_.settings.GetAllSettings(application, root_ + below);
+}
+
+// A listing's rows are counted by their cells, in 16 bits.
+int ProductExport::rowsOf(const SettingsTable& table) const {
+    return halved(ignoreFailures_ ? cappedCount16(table.cellCount()) : count16(table.cellCount()));
+}
+
+void ProductExport::header(SettingsFile& file, const std::string& below) {
+    statement([&] { file.header(root_ + below); });
+}
+
+void ProductExport::section(SettingsFile& file, const std::string& below, Data data) {
+    header(file, below);
+    entries(file, list(below), data);
+    file.blank();
+}
+
+void ProductExport::entries(SettingsFile& file, const SettingsTable& table, Data data) {
+    const int rows = rowsOf(table);
+    for (int r = 0; r < rows; ++r) {
+        statement([&] { file.entry(table.name(r), data == Data::path ? escapedPath(table.text(r)) : table.text(r)); });
+    }
+}
+
+void ProductExport::identity(SettingsFile& file) {
+    const Edit1& selected = toolkit_.edit1;
+    const std::string name = selected.ProductList.text();
+    file.header(selected.listSection());
+    // The develop tree's section is asked for with a leading separator, which counts for nothing.
+    file.entry(name, read(selected.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
+    file.blank();
+    file.header(root_);
+    file.entry("CreationDate", read(root_, "CreationDate"));
+    file.blank();
+}
+
+// Whether there are added Topics shows by a failure, and the trap taken up for it stays to the end of the file.
+void ProductExport::addedTopics(SettingsFile& file) {
+    const SettingsTable added = list("\\Toolkit\\Topics");
+    ignoreFailures_ = true;
+    if (!added.isTable()) return;
+    header(file, "\\Toolkit");
+    statement([&] { file.blank(); });
+    header(file, "\\Toolkit\\Topics");
+    entries(file, added, Data::path);
+}
+
+void ProductExport::options(SettingsFile& file) {
+    header(file, "\\Options");
+    const std::vector<Option>& all = toolkit_.options.all();
+    const auto isPathName = [&](const std::string& name) {
+        return std::any_of(all.begin(), all.end(), [&](const Option& o) { return o.isPath && o.name == name; });
+    };
+    SettingsTable table;
+    statement([&] { table = list("\\Options"); });
+    int rows = 0;
+    statement([&] { rows = rowsOf(table); });
+    for (int r = 0; r < rows; ++r) {
+        if (isPathName(table.name(r))) continue;
+        statement([&] { file.entry(table.name(r), table.text(r)); });
+    }
+    for (const Option& option : all) {
+        if (!option.isPath) continue;
+        statement([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
+    }
+    statement([&] { file.blank(); });
+}
+
+void ProductExport::smartFields(SettingsFile& file) {
+    ignoreFailures_ = true;
+    header(file, "\\SmartFields");
+    ignoring([&] { entries(file, list("\\SmartFields"), Data::plain); });
+    statement([&] { file.blank(); });
+    statement([&] { file.blank(); });
+}
+
+}  // namespace vrix

@@ -1,0 +1,84 @@
+#include "pages/topics/create20.h"
+
+#include "common/number.h"
+#include "pages/edit/edit1.h"
+#include "pages/smartfields/create19.h"
+#include "pages/topics/create8.h"
+#include "pages/topics/create9.h"
+#include "pages/topics/topic_order.h"
+#include "pages/topics/topic_rewrite.h"
+#include "store/product_reg.h"
+
+namespace vrix {
+
+Create20::Create20(Toolkit& owner) : Page(owner, "Create20", "Create A Product Wizard", "Reorder Topics") {
+    for (int n = 0; n < optionCount; ++n) {
+        OrderOption[static_cast<std::size_t>(n)].onClick = [this, n] { OrderChosenOption = add16(0, n); };
+    }
+    using Direction = TopicOrderModule::Direction;
+    MoveUpBtn.action = [this] { toolkit.topicOrderModule.moveOrderRow(OrderChosenOption, Direction::up); };
+    MoveDownBtn.action = [this] { toolkit.topicOrderModule.moveOrderRow(OrderChosenOption, Direction::down); };
+    PageUpBtn.action = [this] { turnPage(1, toolkit.topicOrderModule.OrderPageCount); };
+    PageDownBtn.action = [this] { turnPage(-1, 1); };
+    NextBtn.action = [this] { nextThis20(); };
+    BackBtn.action = [this] { backThis20(); };
+    ExitBtn.action = [this] { exitThis20(); };
+}
+
+// When editing, the hub's call is the only one.
+void Create20::load() {
+    if (!Edit) initThis20();
+}
+
+void Create20::initThis20() {
+    showTaskOfLastPage(Edit);
+    toolkit.topicOrderModule.loadOrderTable();
+}
+
+void Create20::turnPage(int step, int lastPage) {
+    if (OrderCurrentView != lastPage) OrderCurrentView = add16(OrderCurrentView, step);
+    toolkit.topicOrderModule.showOrderPage(OrderCurrentView);
+}
+
+void Create20::nextThis20() {
+    if (Edit) {
+        rewriteTopicKeys();
+        endEdit(Edit);
+        return;
+    }
+    const TopicOrderModule::Columns& ordered = toolkit.topicOrderModule.OrderTable;
+    toolkit.create8.TopicNames = ordered.names;
+    toolkit.create8.TopicPaths = ordered.paths;
+    setEnabled(false);
+    hide();
+    toolkit.create9.initThis9();
+    toolkit.create9.show();
+    toolkit.create9.setEnabled(true);
+}
+
+void Create20::rewriteTopicKeys() {
+    const Edit1& selected = toolkit.edit1;
+    const TopicOrderModule& order = toolkit.topicOrderModule;
+    TopicRewrite(toolkit.settings, selected.ProductRegKey, selected.isDeveloper, toolkit.productReg.standardRows(),
+                 FailuresAre::fatal)
+        .run({order.OrderTable.names, order.OrderTable.paths, order.OrderRowCount});
+}
+
+void Create20::backThis20() {
+    if (Edit) {
+        endEdit(Edit);
+    } else {
+        goTo(toolkit.create8);
+    }
+}
+
+// It ends the edit mode of Create19, and stays in its own.
+void Create20::exitThis20() {
+    if (Edit) {
+        endEdit(toolkit.create19.Edit);
+    } else {
+        goToMain();
+    }
+}
+
+}  // namespace vrix

@@ -1,0 +1,209 @@
+#include "pages/topics/create8.h"
+
+#include "common/letters.h"
+#include "common/number.h"
+#include "common/runtime_failure.h"
+#include "pages/edit/edit1.h"
+#include "pages/topics/create20.h"
+#include "pages/topics/topic_rewrite.h"
+#include "pages/wizard/fields_page.h"
+#include "pages/wizard/optional_section.h"
+#include "platform/files.h"
+#include "store/product_reg.h"
+
+namespace vrix {
+
+Create8::Create8(Toolkit& owner)
+    : Page(owner, "Create8", "Create A Product Wizard", "Topics"), CommonDialog1(owner.platform.fileDialog) {
+    CommonDialog1.DialogTitle = "Browse For Course Briefing";
+    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
+    CommonDialog1.DefaultExt = ".doc";
+    Topics.onClick = [this] { showCurrentTopic(); };
+    Browse1Btn.action = [this] { browse(CommonDialog1, TopicPath); };
+    CreateBtn.action = [this] { createThis8(); };
+    UpdateBtn.action = [this] { updateThis8(); };
+    DeleteBtn.action = [this] { deleteThis8(); };
+    NextBtn.action = [this] { nextThis8(); };
+    BackBtn.action = [this] { backThis8(); };
+    ExitBtn.action = [this] { exitGroup(Edit); };
+}
+
+void Create8::initThis8() {
+    Topics.clear();
+    TopicNames = TextTable();
+    TopicPaths = TextTable();
+    showTaskOfLastPage(Edit);
+    if (Edit) {
+        loadTopics();
+    } else {
+        i = 0;
+    }
+    emptyBoxes();
+}
+
+void Create8::loadTopics() {
+    ProductReg& reg = toolkit.productReg;
+    reg.GetTopics(toolkit.edit1.ProductRegKey);
+    TopicNames.sizeTo(reg.CountTopics);
+    TopicPaths.sizeTo(reg.CountTopics);
+    for (i = 0; i < reg.CountTopics; ++i) {
+        const Topic topic = reg.topic(i);
+        TopicNames.at(i) = topic.name;
+        TopicPaths.at(i) = topic.path;
+        Topics.addItem(topic.name);
+    }
+    Topics.setListIndex(i - 1);
+}
+
+void Create8::showCurrentTopic() {
+    TopicName.setText(TopicNames.at(Topics.listIndex()));
+    TopicPath.setText(TopicPaths.at(Topics.listIndex()));
+}
+
+void Create8::emptyBoxes() {
+    TopicName.clear();
+    TopicPath.clear();
+}
+
+void Create8::createThis8() {
+    if (TopicName.text().empty()) {
+        tell("Empty Topic Name", "You have not entered a name for your topic.");
+        return;
+    }
+    if (TopicPath.text().empty()) {
+        tell("Empty Topic Path", "You have not entered a path for your topic.");
+        return;
+    }
+    const std::string name = TopicName.text();
+    growTables();
+    TopicNames.at(i) = name;
+    TopicPaths.at(i) = TopicPath.text();
+    appendRow(name);
+}
+
+void Create8::growTables() {
+    TopicNames.growTo(add16(i, 1));
+    TopicPaths.growTo(add16(i, 1));
+}
+
+// Lists the row that the tables have taken already.
+void Create8::appendRow(const std::string& name) {
+    Topics.addItem(name);
+    Topics.setListIndex(i);
+    i = add16(i, 1);
+    emptyBoxes();
+}
+
+void Create8::ImportFile(const std::string& path) {
+    const auto stream = toolkit.platform.files.openText(path);
+    const std::string folder = path.substr(0, path.rfind('\\') + 1);
+    while (!stream->atEnd()) {
+        const std::string line = stream->readLine();
+        const auto colon = line.find(':');
+        const std::string name = line.substr(0, colon);
+        growTables();
+        TopicNames.at(i) = name;
+        if (colon == std::string::npos) throw RuntimeFailure(FailureNumber::subscript);
+        const std::string stem = line.substr(colon + 1, line.find(':', colon + 1) - colon - 1);
+        TopicPaths.at(i) = folder + lowerCase(stem) + ".doc";
+        appendRow(name);
+    }
+}
+
+void Create8::updateThis8() {
+    if (i < 1) return;
+    const int row = Topics.listIndex();
+    TopicNames.at(row) = TopicName.text();
+    TopicPaths.at(row) = TopicPath.text();
+    Topics.removeItem(row);
+    Topics.insertItem(TopicName.text(), row);
+    Topics.setListIndex(row);
+    emptyBoxes();
+}
+
+void Create8::deleteThis8() {
+    const int row = Topics.listIndex();
+    const bool standard = Edit && !toolkit.edit1.isDeveloper && row < toolkit.productReg.standardRows();
+    const Answer answer = screen().ask(
+        standard ? "This topic is part of the standard installation set for this product. If you delete it, you will "
+                   "not be able to recreate this topic, except with a reinstallation of the product. Are you sure you "
+                   "would like to continue?"
+                 : "Are you sure you want to delete this topic?",
+        "Confirm Deletion", Buttons::okCancel);
+    if (answer == Answer::ok) removeTopic(row);
+    emptyBoxes();
+}
+
+void Create8::removeTopic(int row) {
+    Topics.removeItem(row);
+    TopicNames.at(row).clear();
+    TopicPaths.at(row).clear();
+    compact();
+    i = add16(i, -1);
+    if (Edit && i < toolkit.productReg.CountTopics) countDeleted(row);
+    Topics.setListIndex(i - 1);
+}
+
+// Moves every Topic that has a name to the front. What stands behind the last of them stays as it was.
+void Create8::compact() {
+    int written = 0;
+    const int elements = static_cast<int>(TopicNames.count());
+    for (int read = 0; read < elements; ++read) {
+        if (TopicNames.at(read).empty()) continue;
+        TopicNames.at(written) = TopicNames.at(read);
+        TopicPaths.at(written) = TopicPaths.at(read);
+        ++written;
+    }
+}
+
+// Keeps the counts of the Topics in step. Behind the standard set only the second count goes down, which makes that
+// set one row longer for the rest of the visit.
+void Create8::countDeleted(int row) {
+    ProductReg& reg = toolkit.productReg;
+    if (toolkit.edit1.isDeveloper || row < reg.standardRows()) {
+        reg.CountTopics = add16(reg.CountTopics, -1);
+    } else {
+        reg.ToolkitCountTopics = add16(reg.ToolkitCountTopics, -1);
+    }
+}
+
+// Failures of this routine's own statements and of the save are ignored; those of the page that it opens are not.
+void Create8::nextThis8() {
+    emptyBoxes();
+    if (ignoring([&] { static_cast<void>(TopicNames.at(0)); }) != FailureNumber::none) {
+        tell("Invalid Number Of Topics",
+             "You have not created any topics yet. Please create at least one topic before continuing");
+        return;
+    }
+    if (Edit) {
+        rewriteTopicKeys();
+        endEdit(Edit);
+        return;
+    }
+    ignoring([&] { thisTopicCount = count16(TopicNames.count() - 1); });
+    if (thisTopicCount > 1) {
+        goTo(toolkit.create20);
+        toolkit.create20.initThis20();
+    } else {
+        goTo(toolkit.create10);
+        toolkit.create10.initThis();
+    }
+}
+
+void Create8::rewriteTopicKeys() {
+    const Edit1& selected = toolkit.edit1;
+    TopicRewrite(toolkit.settings, selected.ProductRegKey, selected.isDeveloper, toolkit.productReg.standardRows(),
+                 FailuresAre::ignored)
+        .run({TopicNames, TopicPaths, i});
+}
+
+void Create8::backThis8() {
+    emptyBoxes();
+    if (Edit) {
+        endEdit(Edit);
+    } else {
+        goTo(toolkit.create7);
+    }
+}
+
+}  // namespace vrix

@@ -1,0 +1,99 @@
+#include "pages/topics/create9.h"
+
+#include <algorithm>
+
+#include "common/number.h"
+#include "common/runtime_failure.h"
+#include "pages/edit/edit1.h"
+#include "pages/topics/create20.h"
+#include "pages/topics/create8.h"
+#include "pages/topics/dependencies.h"
+#include "pages/wizard/fields_page.h"
+#include "store/cregistry_functions.h"
+#include "store/product_reg.h"
+
+namespace vrix {
+
+Create9::Create9(Toolkit& owner) : Page(owner, "Create9", "Create A Product Wizard", "Topic Dependencies") {
+    Topics.onClick = [this] { fillDependsList(toolkit, Topics.listIndex()); };
+    DependsList.onClick = [this] { rebuildRow(); };
+    NextBtn.action = [this] { nextThis9(); };
+    BackBtn.action = [this] { backThis9(); };
+    ExitBtn.action = [this] { exitGroup(Edit); };
+}
+
+void Create9::initThis9() {
+    DependsList.clear();
+    Topics.clear();
+    showTaskOfLastPage(Edit);
+    if (Edit) {
+        loadTopics();
+        loadMatrix();
+    } else {
+        const Create8& topics = toolkit.create8;
+        Depends.sizeTo(topics.i);
+        const int elements = static_cast<int>(topics.TopicNames.count());
+        for (int r = 0; r < elements; ++r) Topics.addItem(topics.TopicNames.at(r));
+    }
+    Topics.setListIndex(0);
+    fillDependsList(toolkit, 0);
+}
+
+void Create9::loadTopics() {
+    ProductReg& reg = toolkit.productReg;
+    reg.GetTopics(toolkit.edit1.ProductRegKey);
+    EditTopicNames.sizeTo(reg.CountTopics - 1);
+    for (int r = 0; r < reg.CountTopics; ++r) EditTopicNames.at(r) = reg.topic(r).name;
+    for (int r = 0; r < reg.CountTopics; ++r) Topics.addItem(EditTopicNames.at(r));
+}
+
+// Each row of the matrix goes where its name says. A name that is no row of Depends is fatal.
+void Create9::loadMatrix() {
+    const SettingsTable matrix =
+        toolkit.settings.GetAllSettings(application, toolkit.edit1.ProductRegKey + "\\Dependencies\\Matrix");
+    const int rows = halved(count16(matrix.cellCount()));
+    Depends.sizeTo(Topics.count());
+    for (int r = 0; r < rows; ++r) Depends.at(toInt16(matrix.name(r))) = matrix.text(r);
+}
+
+// Writes the shown Topic's row anew from the marks alone.
+void Create9::rebuildRow() {
+    std::string row;
+    for (const MarkList::Row& topic : DependsList.rows()) {
+        if (!topic.marked) continue;
+        if (!row.empty()) row += ' ';
+        row += std::to_string(topic.itemData);
+    }
+    ignoring([&] { Depends.at(Topics.listIndex()) = row; });
+}
+
+void Create9::nextThis9() {
+    if (Edit) {
+        save();
+        goToHub();  // edit mode stays on
+    } else {
+        goTo(toolkit.create10);
+        toolkit.create10.initThis();
+    }
+}
+
+// Nothing is deleted first: values of an older index or name stay beside the new ones.
+void Create9::save() {
+    const int topics = toolkit.productReg.CountTopics;
+    const std::string root = toolkit.edit1.ProductRegKey + "\\Dependencies";
+    const auto saveRow = [&](int row, const std::string& index) {
+        toolkit.settings.SaveSetting(application, root + "\\IndexTable", EditTopicNames.at(row), index);
+        toolkit.settings.SaveSetting(application, root + "\\Matrix", index, topics < 2 ? "" : Depends.at(row));
+    };
+    for (int r = 0; r < std::max(topics, 1); ++r) saveRow(r, std::to_string(r));
+}
+
+void Create9::backThis9() {
+    if (Edit) {
+        endEdit(Edit);
+    } else {
+        goTo(toolkit.create20);
+    }
+}
+
+}  // namespace vrix

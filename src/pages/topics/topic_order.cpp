@@ -1,0 +1,165 @@
+#include "pages/topics/topic_order.h"
+
+#include <map>
+#include <string>
+
+#include "common/number.h"
+#include "common/runtime_failure.h"
+#include "pages/edit/edit1.h"
+#include "pages/topics/create20.h"
+#include "pages/topics/create8.h"
+#include "store/product_reg.h"
+
+namespace vrix {
+
+void TopicOrderModule::loadOrderTable() {
+    if (toolkit_.create20.Edit) {
+        loadFromStore();
+    } else {
+        loadFromPage();
+    }
+    OrderRowCount = 0;
+    countOrderRows();
+    Create20& page = toolkit_.create20;
+    page.OrderCurrentView = 1;
+    page.PageDownBtn.setDisabled(true);
+    showOrderPage(1);
+    page.OrderChosenOption = 0;
+}
+
+void TopicOrderModule::loadFromPage() {
+    const Create8& topics = toolkit_.create8;
+    sizeColumns(topics.i - 1);
+    for (int r = 0; r < topics.i; ++r) {
+        OrderTable.names.at(r) = topics.TopicNames.at(r);
+        OrderTable.paths.at(r) = topics.TopicPaths.at(r);
+    }
+}
+
+void TopicOrderModule::loadFromStore() {
+    ProductReg& reg = toolkit_.productReg;
+    reg.GetTopics(toolkit_.edit1.ProductRegKey);
+    sizeColumns(reg.CountTopics - 1);
+    for (int r = 0; r < reg.CountTopics; ++r) {
+        const Topic topic = reg.topic(r);
+        OrderTable.names.at(r) = topic.name;
+        OrderTable.paths.at(r) = topic.path;
+    }
+}
+
+void TopicOrderModule::sizeColumns(int upper) {
+    OrderTable.names.sizeTo(upper);
+    OrderTable.paths.sizeTo(upper);
+    OrderTable.numbers.resize(OrderTable.names.count());
+    for (int r = 0; r <= upper; ++r) OrderTable.numbers[static_cast<std::size_t>(r)] = add16(0, r);
+}
+
+void TopicOrderModule::countOrderRows() { OrderRowCount = add16(OrderRowCount, count16(OrderTable.names.count())); }
+
+void TopicOrderModule::showOrderPage(int page) {
+    OrderPageSize = Create20::optionCount;
+    OrderPageCount = add16(0, (OrderRowCount + OrderPageSize - 1) / OrderPageSize);
+    Create20& view = toolkit_.create20;
+    if (page <= OrderPageCount) {
+        const int start = page * OrderPageSize - OrderPageSize;
+        for (OptionButton& option : view.OrderOption) option.setVisible(false);
+        for (int j = 0; j < OrderPageSize && start + j < OrderRowCount; ++j) {
+            OptionButton& option = view.OrderOption[static_cast<std::size_t>(j)];
+            option.setCaption(doubleAmpersands(OrderTable.names.at(start + j)));
+            option.setVisible(true);
+        }
+    }
+    view.PageDownBtn.setDisabled(page == 1);
+    view.PageUpBtn.setDisabled(page == OrderPageCount);
+    view.PageNum.setCaption(std::to_string(page) + "/" + std::to_string(OrderPageCount));
+    view.OrderCurrentView = add16(0, page);
+    choose(0);
+}
+
+void TopicOrderModule::choose(int option) {
+    if (option < 0 || option >= Create20::optionCount) throw RuntimeFailure(FailureNumber::subscript);
+    toolkit_.create20.OrderOption[static_cast<std::size_t>(option)].choose();
+}
+
+void TopicOrderModule::moveOrderRow(const std::int16_t& chosen, Direction direction) {
+    const int a = OrderPageSize * toolkit_.create20.OrderCurrentView + chosen - OrderPageSize;
+    const int neighbour = direction == Direction::down ? a - 1 : a + 1;
+    if (neighbour >= 0 && neighbour < OrderRowCount) {
+        OrderTable.numbers.at(static_cast<std::size_t>(a)) = add16(0, neighbour);
+        OrderTable.numbers.at(static_cast<std::size_t>(neighbour)) = add16(0, a);
+    }
+    applyOrderNumbers();
+    if (direction == Direction::down) {
+        followDown(a);
+    } else {
+        followUp(a);
+    }
+}
+
+// After a move to the row before: a was the Topic's row.
+void TopicOrderModule::followDown(int a) {
+    const int view = toolkit_.create20.OrderCurrentView;
+    const int size = OrderPageSize;
+    if (a - 1 < 0) return;
+    if (view == 1) {
+        choose(a - 1);
+    } else if (a > (view - 1) * size) {
+        choose(a - 1 - (view - 1) * size);
+    } else {
+        showOrderPage(view - 1);
+        choose(a - 1 - (toolkit_.create20.OrderCurrentView - 1) * size);
+    }
+}
+
+// After a move to the row behind: a was the Topic's row.
+void TopicOrderModule::followUp(int a) {
+    const int view = toolkit_.create20.OrderCurrentView;
+    const int size = OrderPageSize;
+    if (a + 1 >= OrderRowCount) {
+        choose(OrderRowCount - (view - 1) * size - 1);
+    } else if (a + 1 >= view * size) {
+        showOrderPage(view + 1);
+        choose(a + 1 - (toolkit_.create20.OrderCurrentView - 1) * size);
+    } else if (view < 2) {
+        choose(a + 1);
+    } else {
+        showOrderPage(view);
+        choose(a + 1 - (view - 1) * size);
+    }
+}
+
+// A row that keeps its place is touched only where another row comes to that place too.
+void TopicOrderModule::applyOrderNumbers() {
+    struct Row {
+        int place;
+        std::string name;
+        std::string path;
+    };
+    std::map<int, Row> rows;
+    const auto take = [&](int row) {
+        const auto place = OrderTable.numbers.at(static_cast<std::size_t>(row));
+        rows.try_emplace(row, Row{place, OrderTable.names.at(row), OrderTable.paths.at(row)});
+    };
+    const int count = static_cast<int>(OrderTable.numbers.size());
+    for (int row = 0; row < count; ++row) {
+        const int place = OrderTable.numbers[static_cast<std::size_t>(row)];
+        if (place == row) continue;
+        take(row);
+        if (place < count) take(place);
+    }
+    for (const auto& [number, row] : rows) {
+        if (row.place >= OrderRowCount) continue;
+        OrderTable.names.at(row.place) = row.name;
+        OrderTable.numbers[static_cast<std::size_t>(row.place)] = static_cast<std::int16_t>(row.place);
+        OrderTable.paths.at(row.place) = row.path;
+    }
+    showOrderPage(toolkit_.create20.OrderCurrentView);
+}
+
+std::string TopicOrderModule::doubleAmpersands(const std::string& text) {
+    std::string doubled;
+    for (const char c : text) doubled += c == '&' ? std::string("&&") : std::string(1, c);
+    return doubled;
+}
+
+}  // namespace vrix

@@ -1,0 +1,91 @@
+#include "pages/topics/topic_rewrite.h"
+
+#include "common/number.h"
+#include "store/cregistry_functions.h"
+
+namespace vrix {
+
+namespace {
+
+constexpr const char* topicsKey = "\\Topics";
+constexpr const char* addedTopicsKey = "\\Toolkit\\Topics";
+constexpr const char* indexTableKey = "\\Dependencies\\IndexTable";
+constexpr const char* matrixKey = "\\Dependencies\\Matrix";
+
+}  // namespace
+
+void TopicRewrite::run(const TopicRows& topics) {
+    sizeTables(topics.count);
+    deleteTopics();
+    readOldIndexTable();
+    if (topics.count < 2) {
+        saveSingleTopic(topics);
+        return;
+    }
+    for (int r = 0; r < topics.count; ++r) saveTopic(topics, r);
+    writeBack(topics);
+}
+
+void TopicRewrite::sizeTables(std::int16_t n) {
+    statement([&] { keptIndex_.sizeTo(n); });
+    statement([&] { keptRows_.sizeTo(n); });
+    statement([&] { oldIndexCells_.sizeTo(add16(n, n)); });
+}
+
+void TopicRewrite::deleteTopics() {
+    settings_.DeleteSetting(application, root_ + topicsKey, "");
+    SettingsTable added;
+    statement([&] { added = settings_.GetAllSettings(application, root_ + addedTopicsKey); });
+    // A table does not compare with text. With failures ignored the delete that the comparison guards runs all the
+    // same.
+    statement([&] {
+        if (added.isTable()) throw RuntimeFailure(FailureNumber::typeMismatch);
+    });
+    settings_.DeleteSetting(application, root_ + addedTopicsKey, "");
+}
+
+void TopicRewrite::readOldIndexTable() {
+    SettingsTable table;
+    statement([&] { table = settings_.GetAllSettings(application, root_ + indexTableKey); });
+    std::size_t cells = 0;
+    statement([&] { cells = table.cellCount(); });
+    for (std::size_t c = 0; c < cells; ++c) {
+        statement([&] { oldIndexCells_.at(static_cast<int>(c)) = table.cell(c); });
+    }
+}
+
+void TopicRewrite::saveSingleTopic(const TopicRows& topics) {
+    const char* home = isDeveloper_ || standardRows_ >= 0 ? topicsKey : addedTopicsKey;
+    statement([&] { settings_.SaveSetting(application, root_ + home, topics.names.at(0), topics.paths.at(0)); });
+}
+
+void TopicRewrite::saveTopic(const TopicRows& topics, int r) {
+    const char* home = isDeveloper_ || r < standardRows_ ? topicsKey : addedTopicsKey;
+    const std::string indexTable = root_ + indexTableKey;
+    statement([&] { old_ = settings_.GetSetting(application, indexTable, oldIndexCells_.at(r), ""); });
+    statement([&] { settings_.SaveSetting(application, root_ + home, topics.names.at(r), topics.paths.at(r)); });
+    statement([&] { keptIndex_.at(r) = settings_.GetSetting(application, indexTable, topics.names.at(r), ""); });
+    statement([&] {
+        if (keptIndex_.at(r).empty()) keptIndex_.at(r) = std::to_string(r);
+    });
+    // A developer's Product keeps a one-digit index with the Topic's name; elsewhere the index at the place wins.
+    const bool placeWins = isDeveloper_ ? old_.size() > 1 : !old_.empty();
+    statement([&] {
+        if (placeWins) keptIndex_.at(r) = old_;
+    });
+    statement([&] { keptRows_.at(r) = settings_.GetSetting(application, root_ + matrixKey, keptIndex_.at(r), ""); });
+}
+
+void TopicRewrite::writeBack(const TopicRows& topics) {
+    const std::string indexTable = root_ + indexTableKey;
+    const std::string matrix = root_ + matrixKey;
+    settings_.DeleteSetting(application, indexTable, "");
+    settings_.DeleteSetting(application, matrix, "");
+    const int last = ignoreFailures_ ? topics.count : topics.count - 1;
+    for (int k = 0; k <= last; ++k) {
+        statement([&] { settings_.SaveSetting(application, indexTable, topics.names.at(k), keptIndex_.at(k)); });
+        statement([&] { settings_.SaveSetting(application, matrix, keptIndex_.at(k), keptRows_.at(k)); });
+    }
+}
+
+}  // namespace vrix

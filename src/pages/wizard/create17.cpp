@@ -1,0 +1,75 @@
+#include "pages/wizard/create17.h"
+
+#include "pages/finish/create18.h"
+#include "pages/start/toolkit_main.h"
+#include "pages/wizard/field_options_page.h"
+#include "pages/wizard/fields_page.h"
+#include "pages/wizard/product_options.h"
+
+namespace vrix {
+
+Create17::Create17(Toolkit& owner)
+    : Page(owner, "Create17", "Create A Product Wizard", "Document Control"), CommonDialog1(owner.platform.fileDialog) {
+    CommonDialog1.DefaultExt = ".doc";
+    Browse1Btn.action = [this] { browse1This17(); };
+    Browse2Btn.action = [this] { browse2This17(); };
+    NextBtn.action = [this] { nextThis17(); };
+    BackBtn.action = [this] { backThis17(); };
+    ExitBtn.action = [this] { exitThis17(); };
+}
+
+void Create17::initThis17() {
+    showTaskOfLastPage(Edit);
+    if (Edit) {
+        toolkit.options.load({&TemplatePath, &DefaultOutputFile, &AllowChangeCourseName, &ShowCourseName});
+    } else {
+        TemplatePath.clear();
+        DefaultOutputFile.clear();
+        AllowChangeCourseName.setValue(1);
+        ShowCourseName.setValue(1);
+    }
+}
+
+void Create17::browse1This17() {
+    CommonDialog1.DialogTitle = "Browse For Product Template";
+    CommonDialog1.Filter = "Word Templates (*.dot)|*.dot";
+    browse(CommonDialog1, TemplatePath);
+}
+
+void Create17::browse2This17() {
+    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
+    CommonDialog1.DialogTitle = "Select Default Output Document";
+    browse(CommonDialog1, DefaultOutputFile);
+}
+
+void Create17::nextThis17() {
+    if (Edit) {
+        toolkit.options.rewriteAll({&TemplatePath, &DefaultOutputFile, &AllowChangeCourseName, &ShowCourseName});
+        endEdit(Edit);
+    } else {
+        goTo(toolkit.create18);
+        toolkit.create18.initThis18();
+    }
+}
+
+// The page before in the chain is Create19, but Back passes over it.
+void Create17::backThis17() {
+    if (Edit) {
+        endEdit(Edit);
+    } else if (anyFieldHasPath(toolkit)) {
+        goTo(toolkit.create16);
+    } else {
+        goTo(toolkit.create13);
+    }
+}
+
+// When creating, Create16 is left in this page's place, and this page stays on the screen beside the main one.
+void Create17::exitThis17() {
+    if (Edit) {
+        endEdit(Edit);
+    } else {
+        leaveFor(toolkit.create16, toolkit.toolkitMain);
+    }
+}
+
+}  // namespace vrix

@@ -1,0 +1,79 @@
+#include "pages/wizard/create2.h"
+
+#include "pages/edit/edit1.h"
+#include "pages/wizard/create1.h"
+#include "pages/wizard/create3.h"
+#include "pages/wizard/product_options.h"
+#include "store/cregistry_functions.h"
+
+namespace vrix {
+
+Create2::Create2(Toolkit& owner) : Page(owner, "Create2", "Create A Product Wizard", "Initial Product Setup") {
+    ProductName.onChange = [this] { nameChanged(); };
+    NextBtn.action = [this] { nextThis2(); };
+    BackBtn.action = [this] { backThis2(); };
+    ExitBtn.action = [this] { exitThis2(); };
+}
+
+void Create2::initThis2() {
+    showTaskOfLastPage(Edit);
+    ProductKey.setEnabled(!Edit);
+    if (Edit) {
+        const Edit1& selected = toolkit.edit1;
+        const std::string name = selected.ProductList.text();
+        ProductKey.setText(toolkit.settings.GetSetting(application, selected.listSection(), name, ""));
+        ProductName.setText(name);
+        toolkit.options.load({&DefaultCourseName});
+    } else {
+        ProductKey.clear();
+        ProductName.clear();
+        DefaultCourseName.clear();
+    }
+}
+
+// While a new Product's name is typed, its key follows.
+void Create2::nameChanged() {
+    if (!Edit) ProductKey.setText(ProductName.text());
+}
+
+void Create2::nextThis2() {
+    if (ProductKey.text().empty()) {
+        tell("Invalid Product Key", "Please enter a Product key for the Product settings to be stored under.");
+        return;
+    }
+    if (ProductName.text().empty()) {
+        tell("Invalid Product Name", "Please enter a Product name.");
+        return;
+    }
+    if (Edit) {
+        rename();
+        goToHub();  // edit mode stays on
+        return;
+    }
+    if (!toolkit.settings.GetSetting(application, ProductKey.text(), "CreationDate", "").empty()) {
+        ProductKey.clear();
+        tell("Invalid Product Key", "Sorry - this Product key already exists. Please enter another, unique, key.");
+        return;
+    }
+    goTo(toolkit.create3);
+    toolkit.create3.initThis3();
+}
+
+void Create2::rename() {
+    const Edit1& selected = toolkit.edit1;
+    const std::string section = selected.listSection();
+    toolkit.settings.DeleteSetting(application, section, selected.ProductList.text());
+    toolkit.options.remove({&DefaultCourseName});
+    toolkit.settings.SaveSetting(application, section, ProductName.text(), ProductKey.text());
+    toolkit.options.save({&DefaultCourseName});
+}
+
+void Create2::backThis2() {
+    if (Edit) {
+        endEdit(Edit);
+    } else {
+        goTo(toolkit.create1);
+    }
+}
+
+}  // namespace vrix

@@ -1,0 +1,50 @@
+#include "pages/wizard/create4.h"
+
+#include "pages/wizard/create3.h"
+#include "pages/wizard/optional_section.h"
+#include "pages/wizard/product_options.h"
+
+namespace vrix {
+
+Create4::Create4(Toolkit& owner) : Page(owner, "Create4", "Create A Product Wizard", "Cover Page Options") {
+    NextBtn.action = [this] { nextThis4(); };
+    BackBtn.action = [this] { backThis4(); };
+    ExitBtn.action = [this] { exitThis4(); };
+}
+
+void Create4::initThis4() {
+    const Create3& names = toolkit.create3;
+    showTaskOfLastPage(names.Edit);
+    if (names.Edit) {
+        toolkit.options.load({&AllowNoCoverPage, &AllowUseAlternateCoverPage, &DefaultCover});
+    } else {
+        AllowUseAlternateCoverPage.setValue(names.CoverPage2Name.text().empty() ? 0 : 1);
+        AllowNoCoverPage.setValue(1);
+        DefaultCover.setValue(1);
+    }
+    // The stored choice is not read: each opening stands at the first name.
+    DefaultCoverPage.clear();
+    for (const TextBox* name : {&names.CoverPage1Name, &names.CoverPage2Name, &names.CoverPage3Name}) {
+        if (!name->text().empty()) DefaultCoverPage.addItem(name->text());
+    }
+    DefaultCoverPage.setListIndex(0);
+}
+
+void Create4::nextThis4() {
+    Create3& owner = toolkit.create3;
+    if (owner.Edit) {
+        toolkit.options.rewriteEach(owner.boxes());
+        toolkit.options.rewriteEach({&AllowNoCoverPage, &AllowUseAlternateCoverPage, &DefaultCover, &DefaultCoverPage});
+        endEdit(owner.Edit);
+        return;
+    }
+    NextBtnLbl.setCaption("Next >");
+    goTo(toolkit.create5);
+    toolkit.create5.initThis();
+}
+
+void Create4::backThis4() { goTo(toolkit.create3); }
+
+void Create4::exitThis4() { exitGroup(toolkit.create3.Edit); }
+
+}  // namespace vrix

@@ -1,0 +1,91 @@
+#include "pages/wizard/field_options_page.h"
+
+#include "pages/smartfields/create19.h"
+#include "pages/wizard/fields_page.h"
+#include "pages/wizard/product_options.h"
+
+namespace vrix {
+
+FieldOptionsPage::FieldOptionsPage(Toolkit& owner, std::string_view name, std::string_view prompt,
+                                   std::string_view boxName)
+    : Page(owner, name, "Create A Product Wizard", "User Defined Fields Options"),
+      Label3(Frame2, "Label3", {0, 0, 0, 18}, prompt) {
+    for (int number = 1; number <= userFieldCount; ++number) {
+        const Place place{0, 2 + number * 28, 0, 22};
+        const std::string box = std::string(boxName) + std::to_string(number);
+        boxes_.push_back(std::make_unique<CheckBox>(Frame2, box, place, ""));
+        boxes_.back()->setEnabled(false);
+    }
+    NextBtn.action = [this] { nextThis(); };
+    BackBtn.action = [this] { backThis(); };
+    ExitBtn.action = [this] { exitGroup(toolkit.create10.Edit); };
+}
+
+std::vector<Control*> FieldOptionsPage::boxes() const {
+    std::vector<Control*> all;
+    for (const auto& box : boxes_) all.push_back(box.get());
+    return all;
+}
+
+void FieldOptionsPage::initThis() {
+    // A field counts by its path. A box once enabled stays so for the rest of the run.
+    for (int number = 1; number <= userFieldCount; ++number) {
+        const UserField& field = userField(toolkit, number);
+        CheckBox& box = *boxes_[static_cast<std::size_t>(number - 1)];
+        if (!field.path.text().empty()) box.setEnabled(true);
+        box.setCaption(field.name.text());
+    }
+    const bool edit = toolkit.create10.Edit;
+    showTask(edit);
+    if (edit) {
+        toolkit.options.load(boxes());
+    } else {
+        for (const auto& box : boxes_) box->setValue(0);
+    }
+}
+
+void Create14::nextThis() {
+    goTo(toolkit.create15);
+    toolkit.create15.initThis();
+}
+
+void Create14::backThis() { goTo(toolkit.create13); }
+
+void Create15::nextThis() {
+    goTo(toolkit.create16);
+    toolkit.create16.initThis();
+}
+
+void Create15::backThis() { goTo(toolkit.create14); }
+
+// The sixty controls of the group, in the order in which they are written.
+std::vector<Control*> Create16::group() const {
+    std::vector<Control*> names;
+    std::vector<Control*> paths;
+    std::vector<Control*> positions;
+    for (int number = 1; number <= userFieldCount; ++number) {
+        UserField& field = userField(toolkit, number);
+        names.push_back(&field.name);
+        paths.push_back(&field.path);
+        positions.push_back(&field.pos);
+    }
+    std::vector<Control*> all;
+    for (const auto& family : {toolkit.create15.boxes(), boxes(), names, paths, positions, toolkit.create14.boxes()}) {
+        all.insert(all.end(), family.begin(), family.end());
+    }
+    return all;
+}
+
+void Create16::nextThis() {
+    if (toolkit.create10.Edit) {
+        toolkit.options.rewriteAll(group());
+        endEdit(toolkit.create10.Edit);
+    } else {
+        goTo(toolkit.create19);
+        toolkit.create19.initThis19();
+    }
+}
+
+void Create16::backThis() { goTo(toolkit.create15); }
+
+}  // namespace vrix

@@ -1,0 +1,125 @@
+#include "pages/wizard/fields_page.h"
+
+#include "pages/smartfields/create19.h"
+#include "pages/topics/create8.h"
+#include "pages/topics/create9.h"
+#include "pages/wizard/field_options_page.h"
+#include "pages/wizard/product_options.h"
+
+namespace vrix {
+
+namespace {
+
+constexpr int slotHeight = 96;
+constexpr int firstSlot = 28;
+
+std::string fieldName(int number, const char* what = "") { return "UserDef" + std::to_string(number) + what; }
+
+std::string slotName(const char* what, int slot) { return what + std::to_string(slot + 1); }
+
+}  // namespace
+
+UserField::UserField(Container& page, int number, int slot)
+    : title(page, slotName("TitleLbl", slot), {0, firstSlot + slot * slotHeight, 0, 18},
+            "Field " + std::to_string(number), Look::section),
+      nameLbl(page, slotName("NameLbl", slot), {0, firstSlot + slot * slotHeight + 26, 56, 18}, "Name:"),
+      name(page, fieldName(number), {60, firstSlot + slot * slotHeight + 23, 250, 24}),
+      posLbl(page, slotName("PosLbl", slot), {326, firstSlot + slot * slotHeight + 26, 60, 18}, "Position:"),
+      pos(page, fieldName(number, "Pos"), {390, firstSlot + slot * slotHeight + 23, 0, 24}),
+      pathLbl(page, slotName("PathLbl", slot), {0, firstSlot + slot * slotHeight + 58, 56, 18}, "Path:"),
+      path(page, fieldName(number, "Path"), {60, firstSlot + slot * slotHeight + 55, -102, 24}),
+      browse(page, slotName("Browse", slot) + "Btn", {-88, firstSlot + slot * slotHeight + 53, 88, 28}, "Browse") {}
+
+FieldsPage::FieldsPage(Toolkit& owner, std::string_view name, int first, int last)
+    : Page(owner, name, "Create A Product Wizard", "User Defined Fields"),
+      CommonDialog1(owner.platform.fileDialog),
+      first_(first) {
+    CommonDialog1.DialogTitle = "Browse For User Defined Documents";
+    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
+    CommonDialog1.DefaultExt = ".doc";
+    for (int number = first; number <= last; ++number) {
+        UserField& field = *fields_.emplace_back(std::make_unique<UserField>(Frame2, number, number - first));
+        field.browse.action = [this, &field] { browse(CommonDialog1, field.path); };
+    }
+    NextBtn.action = [this] { nextThis(); };
+    BackBtn.action = [this] { backThis(); };
+    ExitBtn.action = [this] { exitGroup(toolkit.create10.Edit); };
+}
+
+void FieldsPage::initThis() {
+    for (const auto& field : fields_) field->pos.clear();
+    for (const auto& field : fields_) {
+        for (const char* position :
+             {"After Cover", "After Content Summary", "Before Topics", "After Topics", "After Conclusion"}) {
+            field->pos.addItem(position);
+        }
+        field->pos.setListIndex(0);
+    }
+    const bool edit = toolkit.create10.Edit;
+    showTask(edit);
+    for (const auto& field : fields_) {
+        if (edit) {
+            toolkit.options.load({&field->name, &field->path, &field->pos});
+        } else {
+            field->name.clear();
+            field->path.clear();
+            field->pos.setListIndex(0);
+        }
+    }
+}
+
+void Create10::nextThis() {
+    goTo(toolkit.create11);
+    toolkit.create11.initThis();
+}
+
+void Create10::backThis() {
+    if (Edit) {
+        endEdit(Edit);
+    } else if (toolkit.create8.thisTopicCount <= 1) {
+        goTo(toolkit.create8);
+    } else {
+        goTo(toolkit.create9);
+    }
+}
+
+void Create11::nextThis() {
+    goTo(toolkit.create12);
+    toolkit.create12.initThis();
+}
+
+void Create11::backThis() { goTo(toolkit.create10); }
+
+void Create12::nextThis() {
+    goTo(toolkit.create13);
+    toolkit.create13.initThis();
+}
+
+void Create12::backThis() { goTo(toolkit.create11); }
+
+void Create13::nextThis() {
+    if (anyFieldHasPath(toolkit)) {
+        goTo(toolkit.create14);
+        toolkit.create14.initThis();
+    } else {
+        goTo(toolkit.create19);
+        toolkit.create19.initThis19();
+    }
+}
+
+void Create13::backThis() { goTo(toolkit.create12); }
+
+UserField& userField(const Toolkit& toolkit, int number) {
+    if (number <= 3) return toolkit.create10.field(number);
+    if (number <= 5) return toolkit.create11.field(number);
+    return number <= 8 ? toolkit.create12.field(number) : toolkit.create13.field(number);
+}
+
+bool anyFieldHasPath(const Toolkit& toolkit) {
+    for (int number = 1; number <= userFieldCount; ++number) {
+        if (!userField(toolkit, number).path.text().empty()) return true;
+    }
+    return false;
+}
+
+}  // namespace vrix
