@@ -5,6 +5,7 @@
 // The product: works on the machine's registry.
 int main() {
     vrix::hardenProcess();
+    vrix::useSystemCodePage();
     vrix::Win32Registry registry;
     vrix::Win32Screen screen;
     screen.onPause = [&] { registry.release(); };

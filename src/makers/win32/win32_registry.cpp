@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <cstring>
-#include <string_view>
 #include <utility>
+
+#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
@@ -38,19 +39,6 @@ LSTATUS askInfo(HKEY key, DWORD& longest, std::uint64_t& changed) {
                                           &longest, nullptr, nullptr, &time);
     changed = in100ns(time);
     return code;
-}
-
-// Gives the text in the system's code page. False if that has not every character.
-bool narrowed(std::wstring_view wide, std::string& text) {
-    const int length = static_cast<int>(wide.size());
-    text.assign(4 * wide.size(), '\0');
-    std::wstring back(wide.size() + 1, L'\0');
-    const int room = static_cast<int>(text.size());
-    text.resize(static_cast<std::size_t>(
-        length == 0 ? 0 : WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), room, nullptr, nullptr)));
-    const int size = static_cast<int>(text.size());
-    const int again = size == 0 ? 0 : MultiByteToWideChar(CP_ACP, 0, text.data(), size, back.data(), length + 1);
-    return std::wstring_view(back.data(), static_cast<std::size_t>(again)) == wide;
 }
 
 // An answer that only a key which is there can give.
@@ -283,10 +271,10 @@ bool Win32Registry::list(Listing& listing, RegistryKey key, std::uint32_t index,
         return listing.atEnd;
     }
     Peek value{key, {}, type, {}};
-    if (code != ERROR_SUCCESS || !narrowed({wideName.data(), nameLength}, value.name)) return false;
+    if (code != ERROR_SUCCESS || !narrowExactly({wideName.data(), nameLength}, value.name)) return false;
     if (value.name.size() >= length || value.name.find('\0') != std::string::npos) return false;
     if (type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ) {
-        if (size % sizeof *room != 0 || !narrowed({room, size / sizeof *room}, value.data)) return false;
+        if (size % sizeof *room != 0 || !narrowExactly({room, size / sizeof *room}, value.data)) return false;
     } else {
         value.data.assign(reinterpret_cast<const char*>(room), size);
     }
@@ -299,13 +287,15 @@ bool Win32Registry::list(Listing& listing, RegistryKey key, std::uint32_t index,
 std::string Win32Registry::expandEnvironment(const std::string& text) {
     constexpr std::size_t longestText = 32'766;  // the platform loses what is longer
     const std::string known = text.c_str();
-    std::string expanded;
-    DWORD needed = known.size() > longestText ? 0 : ExpandEnvironmentStringsA(known.c_str(), nullptr, 0);
+    const std::wstring plain = wide(known);
+    std::wstring expanded;
+    // The narrow call counts characters where it should count bytes.
+    DWORD needed = plain.size() > longestText ? 0 : ExpandEnvironmentStringsW(plain.c_str(), nullptr, 0);
     while (needed > expanded.size()) {
-        expanded.assign(needed, '\0');
-        needed = ExpandEnvironmentStringsA(known.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
+        expanded.assign(needed, L'\0');
+        needed = ExpandEnvironmentStringsW(plain.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
     }
-    return needed == 0 ? known : expanded.c_str();
+    return needed == 0 ? known : narrow(expanded.c_str());
 }
 
 }  // namespace vrix
