@@ -29,5 +29,5 @@ diff <(in_words tests/expected/sample.kls | iconv -f UTF-8 -t "$code_page" | wit
 empty_store
 merge "$sample"
 # The file has a section for SmartFields, and the merge makes its key, where the store has none.
-store | grep -vxF '\Toolkit\SampleKey\SmartFields|' >"$out/merged"
+store | grep -vxF "$(in_words <<<'\Toolkit\SampleKey\SmartFields|')" >"$out/merged"
 sed 's/|Creation Date=/|CreationDate=/' "$out/store" | sort | diff - "$out/merged"
