@@ -44,4 +44,18 @@ FailureNumber ignoring(Statement&& statement) {
     }
 }
 
+// Runs the statements of a routine that exists in both kinds: a failure ends the routine, or is ignored like above.
+struct StatementRunner {
+    bool ignoreFailures = false;
+
+    template <class Statement>
+    void operator()(Statement&& statement) const {
+        if (ignoreFailures) {
+            ignoring(statement);
+        } else {
+            statement();
+        }
+    }
+};
+
 }  // namespace vrix

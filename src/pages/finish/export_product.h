@@ -23,14 +23,6 @@ public:
 private:
     enum class Data { plain, path };
 
-    template <class Statement>
-    void statement(Statement&& run) {
-        if (ignoreFailures_) {
-            ignoring(run);
-        } else {
-            run();
-        }
-    }
     std::string read(const std::string& section, const std::string& name) const;
     SettingsTable list(const std::string& below) const;
     int rowsOf(const SettingsTable& table) const;
@@ -44,7 +36,7 @@ private:
 
     const Toolkit& toolkit_;
     std::string root_;
-    bool ignoreFailures_ = false;
+    StatementRunner statement_;
 };
 
 }  // namespace vrix

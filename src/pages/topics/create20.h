@@ -41,7 +41,6 @@ private:
     void turnPage(int step, int lastPage);
     void nextThis20();
     void rewriteTopicKeys();
-    void backThis20();
     void exitThis20();
 };
 

@@ -22,7 +22,7 @@ public:
     ImageButton UpdateBtn{Frame2, "UpdateBtn", {100, 204, 88, 28}, "Update"};
     ImageButton DeleteBtn{Frame2, "DeleteBtn", {200, 204, 88, 28}, "Delete"};
 
-    CommonDialog CommonDialog1;
+    CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Course Briefing", wordDocuments, ".doc"};
 
     TextTable TopicNames;  // always longer than i once a Topic was created; behind row i - 1 stands stale text
     TextTable TopicPaths;

@@ -5,10 +5,10 @@
 
 #include "common/number.h"
 #include "common/runtime_failure.h"
-#include "pages/edit/edit1.h"
 #include "pages/topics/create20.h"
 #include "pages/topics/create8.h"
 #include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
@@ -38,7 +38,7 @@ void TopicOrderModule::loadFromPage() {
 
 void TopicOrderModule::loadFromStore() {
     ProductReg& reg = toolkit_.productReg;
-    reg.GetTopics(toolkit_.edit1.ProductRegKey);
+    reg.GetTopics(toolkit_.selectedProduct.ProductRegKey);
     sizeColumns(reg.CountTopics - 1);
     for (int r = 0; r < reg.CountTopics; ++r) {
         const Topic topic = reg.topic(r);

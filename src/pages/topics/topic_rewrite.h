@@ -5,6 +5,7 @@
 
 #include "common/runtime_failure.h"
 #include "common/text_table.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
@@ -25,27 +26,18 @@ enum class FailuresAre { ignored, fatal };
 // last Topic. Otherwise a failure leaves the keys half written.
 class TopicRewrite {
 public:
-    // `root` is the Product's; rows below `standardRows` belong to the installed Product, unless it is a developer's,
-    // whose rows all count alike.
-    TopicRewrite(cRegistryFunctions& settings, const std::string& root, bool isDeveloper, int standardRows,
-                 FailuresAre failures)
+    // Rows below `standardRows` belong to the standard set of an installed Product. In the develop tree all rows count
+    // alike.
+    TopicRewrite(cRegistryFunctions& settings, const SelectedProduct& product, int standardRows, FailuresAre failures)
         : settings_(settings),
-          root_(root),
-          isDeveloper_(isDeveloper),
+          root_(product.ProductRegKey),
+          isDeveloper_(product.isDeveloper),
           standardRows_(standardRows),
-          ignoreFailures_(failures == FailuresAre::ignored) {}
+          statement_{failures == FailuresAre::ignored} {}
 
     void run(const TopicRows& topics);
 
 private:
-    template <class Statement>
-    void statement(Statement&& run) {
-        if (ignoreFailures_) {
-            ignoring(run);
-        } else {
-            run();
-        }
-    }
     void sizeTables(std::int16_t n);
     void deleteTopics();
     void readOldIndexTable();
@@ -57,7 +49,7 @@ private:
     std::string root_;
     bool isDeveloper_;
     int standardRows_;
-    bool ignoreFailures_;
+    StatementRunner statement_;
 
     TextTable keptIndex_;
     TextTable keptRows_;

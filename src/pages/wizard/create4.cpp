@@ -6,10 +6,10 @@
 
 namespace vrix {
 
-Create4::Create4(Toolkit& owner) : Page(owner, "Create4", "Create A Product Wizard", "Cover Page Options") {
+Create4::Create4(Toolkit& owner) : Page(owner, "Create4", "Cover Page Options") {
     NextBtn.action = [this] { nextThis4(); };
-    BackBtn.action = [this] { backThis4(); };
-    ExitBtn.action = [this] { exitThis4(); };
+    BackBtn.action = [this] { goTo(toolkit.create3); };
+    ExitBtn.action = [this] { exitGroup(toolkit.create3.Edit); };
 }
 
 void Create4::initThis4() {
@@ -39,12 +39,7 @@ void Create4::nextThis4() {
         return;
     }
     NextBtnLbl.setCaption("Next >");
-    goTo(toolkit.create5);
-    toolkit.create5.initThis();
+    goForward(toolkit.create5, &Create5::initThis);
 }
-
-void Create4::backThis4() { goTo(toolkit.create3); }
-
-void Create4::exitThis4() { exitGroup(toolkit.create3.Edit); }
 
 }  // namespace vrix
