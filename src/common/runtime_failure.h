@@ -22,7 +22,7 @@ enum class FailureNumber {
 // The text that the run-time report gives for a number, such as "Type mismatch".
 const char* failureText(FailureNumber number);
 
-// Thrown by a statement that fails. It is dropped by ignoring(), or it ends the program at the edge of the event.
+// Thrown by a statement that fails. Where ignoring() does not drop it, it ends the event and then the program.
 class RuntimeFailure final : public std::exception {
 public:
     explicit RuntimeFailure(FailureNumber number) : number_(number) {}
@@ -44,7 +44,8 @@ FailureNumber ignoring(Statement&& statement) {
     }
 }
 
-// Runs the statements of a routine that exists in both kinds: a failure ends the routine, or is ignored like above.
+// Runs the statements of a routine one by one. A failure ends the routine, or it is ignored and the next statement
+// runs.
 struct StatementRunner {
     bool ignoreFailures = false;
 

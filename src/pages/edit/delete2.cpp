@@ -14,8 +14,8 @@ Delete2::Delete2(Toolkit& owner) : Page(owner, "Delete2", "Confirm Product Delet
     ExitBtn.action = [this] { exitToMain(); };
 }
 
-// Children go before parents, since a key with subkeys is not deleted, and the list row goes last: an interrupted
-// delete leaves a listed Product with missing parts, not an unlisted remnant. What else lies below the root stays.
+// Keys go before their parents, since a key with subkeys is not deleted. The list row goes last: after an interrupted
+// delete the Product is still listed and can be deleted again. Other keys below its root stay.
 void Delete2::DeleteProduct() {
     const ComboBox& list = toolkit.delete1.ProductList;
     const SelectedProduct product = chosenProduct(toolkit, list);

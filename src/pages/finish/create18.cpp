@@ -48,7 +48,7 @@ void Create18::nextThis18() {
     }
 }
 
-// The Product is in the store before the file is touched, so a bad path loses the file alone.
+// The Product is stored before the file is written: with a bad path only the file is lost.
 void Create18::finish() {
     const std::string timeStamp = toolkit.platform.clock.now();
     saveNewProduct(toolkit, timeStamp);
@@ -56,7 +56,7 @@ void Create18::finish() {
     goToMain();
 }
 
-// Without a path nothing happens at all, whatever was answered.
+// Without a path nothing is written and the page stays, also after an OK.
 void Create18::exportProduct() {
     if (SettingsPath.text().empty()) return;
     ProductExport(toolkit).write(SettingsPath.text());

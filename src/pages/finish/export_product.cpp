@@ -35,7 +35,7 @@ SettingsTable ProductExport::list(const std::string& below) const {
     return toolkit_.settings.GetAllSettings(application, root_ + below);
 }
 
-// A listing's rows are counted by their cells, in 16 bits.
+// Half of the listing's cells, which are counted in 16 bits.
 int ProductExport::rowsOf(const SettingsTable& table) const {
     return halved(statement_.ignoreFailures ? cappedCount16(table.cellCount()) : count16(table.cellCount()));
 }
@@ -61,15 +61,16 @@ void ProductExport::identity(SettingsFile& file) {
     const SelectedProduct& selected = toolkit_.selectedProduct;
     const std::string name = toolkit_.edit1.ProductList.text();
     file.header(selected.listSection());
-    // The develop tree's section is asked for with a leading separator, which counts for nothing.
+    // The leading separator doubles the one before it, and the registry takes both as one.
     file.entry(name, read(selected.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
     file.blank();
     file.header(root_);
+    // Not the "Creation Date" of a new Product: the two names are on purpose.
     file.entry("CreationDate", read(root_, "CreationDate"));
     file.blank();
 }
 
-// Whether there are added Topics shows by a failure, and the trap taken up for it stays to the end of the file.
+// The test for added Topics is a statement that may fail. From it to the end of the file failures are ignored.
 void ProductExport::addedTopics(SettingsFile& file) {
     const SettingsTable added = list("\\Toolkit\\Topics");
     statement_.ignoreFailures = true;

@@ -31,8 +31,7 @@ void Create19::initThis19() {
     if (Edit) loadFromStore();
 }
 
-// Every failure in here is ignored, statement by statement. The stored default is not read: a Product that has
-// SmartFields opens with the box ticked.
+// Each statement that fails is skipped. The stored default is not read: where there are SmartFields, the box is ticked.
 void Create19::loadFromStore() {
     SettingsTable stored;
     ignoring([&] {
@@ -107,7 +106,7 @@ void Create19::deleteThis19() {
     }
 }
 
-// Moves the SmartFields that are not empty to the front. What stands behind the last of them stays as it was.
+// Moves the SmartFields that are not empty to the front. The elements behind the last of them keep their old text.
 void Create19::compact() {
     int written = 0;
     for (int read = 0; read < SmartFieldCount; ++read) {
@@ -126,7 +125,7 @@ void Create19::nextThis19() {
     }
 }
 
-// Every failure in here is ignored, statement by statement.
+// Each statement that fails is skipped.
 void Create19::save() {
     const std::string section = toolkit.selectedProduct.ProductRegKey + "\\SmartFields";
     cRegistryFunctions& settings = toolkit.settings;

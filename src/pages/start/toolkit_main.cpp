@@ -53,8 +53,8 @@ void ToolkitMain::returnIfNoProducts(TaskPicture& picture, Form& page, const std
     picture.setPressed(false);
 }
 
-// The SmartFields of Create19 stay. A run that never opened Create9 has no row of Depends: the failure 9 that follows
-// leaves the pages behind it as they are.
+// Create19 keeps its SmartFields. Where Create9 was never opened, Depends has no element 0: with that failure 9 the
+// pages from Create10 on are not cleared.
 void ToolkitMain::InitEverything() {
     for (const Form* page : toolkit_.forms) {
         if (page == &toolkit_.create19) continue;

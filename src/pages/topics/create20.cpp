@@ -25,7 +25,7 @@ Create20::Create20(Toolkit& owner) : Page(owner, "Create20", "Reorder Topics") {
     ExitBtn.action = [this] { exitThis20(); };
 }
 
-// When editing, the hub's call is the only one.
+// When editing, only the hub's call starts the page.
 void Create20::load() {
     if (!Edit) initThis20();
 }
@@ -62,7 +62,7 @@ void Create20::rewriteTopicKeys() {
         .run({order.OrderTable.names, order.OrderTable.paths, order.OrderRowCount});
 }
 
-// It ends the edit mode of Create19, and stays in its own.
+// On purpose this ends the edit mode of Create19, and not its own.
 void Create20::exitThis20() {
     if (Edit) {
         endEdit(toolkit.create19.Edit);

@@ -82,7 +82,7 @@ void Create8::growTables() {
     TopicPaths.growTo(add16(i, 1));
 }
 
-// Lists the row that the tables have taken already.
+// Adds to the list the row that stands in the tables already.
 void Create8::appendRow(const std::string& name) {
     Topics.addItem(name);
     Topics.setListIndex(i);
@@ -140,7 +140,7 @@ void Create8::removeTopic(int row) {
     Topics.setListIndex(i - 1);
 }
 
-// Moves every Topic that has a name to the front. What stands behind the last of them stays as it was.
+// Moves every Topic that has a name to the front. The elements behind the last of them keep their old text.
 void Create8::compact() {
     int written = 0;
     const int elements = static_cast<int>(TopicNames.count());
@@ -152,8 +152,8 @@ void Create8::compact() {
     }
 }
 
-// Keeps the counts of the Topics in step. Behind the standard set only the second count goes down, which makes that
-// set one row longer for the rest of the visit.
+// Keeps the counts of the Topics in step. For a Topic behind the standard set only the second count goes down: until
+// the counts are read again, the standard set has one row more.
 void Create8::countDeleted(int row) {
     ProductReg& reg = toolkit.productReg;
     if (toolkit.selectedProduct.isDeveloper || row < reg.standardRows()) {
@@ -163,7 +163,7 @@ void Create8::countDeleted(int row) {
     }
 }
 
-// Failures of this routine's own statements and of the save are ignored; those of the page that it opens are not.
+// Failures of its own statements and of the save are ignored. Those of the page that it opens are not.
 void Create8::nextThis8() {
     emptyBoxes();
     if (ignoring([&] { static_cast<void>(TopicNames.at(0)); }) != FailureNumber::none) {

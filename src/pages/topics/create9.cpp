@@ -47,7 +47,7 @@ void Create9::loadTopics() {
     for (int r = 0; r < reg.CountTopics; ++r) Topics.addItem(EditTopicNames.at(r));
 }
 
-// Each row of the matrix goes where its name says. A name that is no row of Depends is fatal.
+// The name of a value in the matrix is its row in Depends. A name that is no such row is fatal.
 void Create9::loadMatrix() {
     const SettingsTable matrix =
         toolkit.settings.GetAllSettings(application, toolkit.selectedProduct.ProductRegKey + "\\Dependencies\\Matrix");
@@ -56,7 +56,7 @@ void Create9::loadMatrix() {
     for (int r = 0; r < rows; ++r) Depends.at(toInt16(matrix.name(r))) = matrix.text(r);
 }
 
-// Writes the shown Topic's row anew from the marks alone.
+// Makes the shown Topic's row from the marks.
 void Create9::rebuildRow() {
     std::string row;
     for (const MarkList::Row& topic : DependsList.rows()) {
@@ -70,13 +70,13 @@ void Create9::rebuildRow() {
 void Create9::nextThis9() {
     if (Edit) {
         save();
-        goToHub();  // edit mode stays on
+        goToHub();  // edit mode stays on, on purpose
     } else {
         goForward(toolkit.create10, &Create10::initThis);
     }
 }
 
-// Nothing is deleted first: values of an older index or name stay beside the new ones.
+// Nothing is deleted before: values with an older index or name stay beside the new ones.
 void Create9::save() {
     const int topics = toolkit.productReg.CountTopics;
     const std::string root = toolkit.selectedProduct.ProductRegKey + "\\Dependencies";

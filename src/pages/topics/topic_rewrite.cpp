@@ -36,8 +36,8 @@ void TopicRewrite::deleteTopics() {
     settings_.DeleteSetting(application, root_ + topicsKey, "");
     SettingsTable added;
     statement_([&] { added = settings_.GetAllSettings(application, root_ + addedTopicsKey); });
-    // A table does not compare with text. With failures ignored the delete that the comparison guards runs all the
-    // same.
+    // The delete stands under the condition that the listing is empty text. A table cannot be compared with text: that
+    // failure ends the routine, or it is ignored and the delete runs all the same.
     statement_([&] {
         if (added.isTable()) throw RuntimeFailure(FailureNumber::typeMismatch);
     });
@@ -68,7 +68,7 @@ void TopicRewrite::saveTopic(const TopicRows& topics, int r) {
     statement_([&] {
         if (keptIndex_.at(r).empty()) keptIndex_.at(r) = std::to_string(r);
     });
-    // A developer's Product keeps a one-digit index with the Topic's name; elsewhere the index at the place wins.
+    // The index that stood at this row goes before the Topic's own. In the develop tree only one with two digits does.
     const bool placeWins = isDeveloper_ ? old_.size() > 1 : !old_.empty();
     statement_([&] {
         if (placeWins) keptIndex_.at(r) = old_;

@@ -20,10 +20,10 @@ struct TopicRows {
 
 enum class FailuresAre { ignored, fatal };
 
-// Rewrites the Topics of an existing Product in the order of a list, which is the one way in which their order reaches
-// the store, and carries each Topic's index and dependency row over as far as they are found. With failures ignored,
-// a statement that fails is skipped and the next one runs, and one more entry of index and row is written behind the
-// last Topic. Otherwise a failure leaves the keys half written.
+// Rewrites the Topics of an existing Product in the order of a list. The store keeps the order in which values are
+// written, so this alone changes it. Each Topic keeps its index and its dependency row as far as they are found. With
+// failures ignored, a statement that fails is skipped, and one more index and row are written behind the last Topic.
+// Otherwise a failure ends the routine, and the keys stay half written.
 class TopicRewrite {
 public:
     // Rows below `standardRows` belong to the standard set of an installed Product. In the develop tree all rows count
@@ -54,7 +54,7 @@ private:
     TextTable keptIndex_;
     TextTable keptRows_;
     TextTable oldIndexCells_;
-    std::string old_;  // keeps its text from row to row when a read of it fails
+    std::string old_;  // of the row; when its read fails, still that of the row before
 };
 
 }  // namespace vrix

@@ -55,7 +55,7 @@ Form& Create17::pageBefore() const {
     return toolkit.create13;
 }
 
-// When creating, Create16 is left in this page's place, and this page stays on the screen beside the main one.
+// When creating, this hides Create16 and not this page, which stays on the screen beside the main one.
 void Create17::exitThis17() {
     if (Edit) {
         endEdit(Edit);

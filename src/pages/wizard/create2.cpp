@@ -47,9 +47,10 @@ void Create2::nextThis2() {
     }
     if (Edit) {
         rename();
-        goToHub();  // edit mode stays on
+        goToHub();  // edit mode stays on, on purpose
         return;
     }
+    // Only a Product of the installed tree has this value. The "Creation Date" of a new one is another, on purpose.
     if (!toolkit.settings.GetSetting(application, ProductKey.text(), "CreationDate", "").empty()) {
         ProductKey.clear();
         tell("Invalid Product Key", "Sorry - this Product key already exists. Please enter another, unique, key.");

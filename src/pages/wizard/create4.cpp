@@ -22,7 +22,7 @@ void Create4::initThis4() {
         AllowNoCoverPage.setValue(1);
         DefaultCover.setValue(1);
     }
-    // The stored choice is not read: each opening stands at the first name.
+    // The stored choice is not read: the list always starts at the first name.
     DefaultCoverPage.clear();
     for (const TextBox* name : {&names.CoverPage1Name, &names.CoverPage2Name, &names.CoverPage3Name}) {
         if (!name->text().empty()) DefaultCoverPage.addItem(name->text());

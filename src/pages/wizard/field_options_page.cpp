@@ -25,7 +25,7 @@ std::vector<Control*> FieldOptionsPage::boxes() const {
 }
 
 void FieldOptionsPage::initThis() {
-    // A field counts by its path. A box once enabled stays so for the rest of the run.
+    // A field with a path is in use. A box that was enabled once stays so to the end of the run.
     for (int number = 1; number <= userFieldCount; ++number) {
         const UserField& field = userField(toolkit, number);
         CheckBox& box = *boxes_[static_cast<std::size_t>(number - 1)];

@@ -10,8 +10,7 @@ namespace vrix {
 
 namespace {
 
-constexpr int slotHeight = 96;
-constexpr int firstSlot = 28;
+constexpr int top(int slot) { return 28 + slot * 96; }
 
 std::string fieldName(int number, const char* what = "") { return "UserDef" + std::to_string(number) + what; }
 
@@ -20,15 +19,14 @@ std::string slotName(const char* what, int slot) { return what + std::to_string(
 }  // namespace
 
 UserField::UserField(Container& page, int number, int slot)
-    : title(page, slotName("TitleLbl", slot), {0, firstSlot + slot * slotHeight, 0, 18},
-            "Field " + std::to_string(number), Look::section),
-      nameLbl(page, slotName("NameLbl", slot), {0, firstSlot + slot * slotHeight + 26, 56, 18}, "Name:"),
-      name(page, fieldName(number), {60, firstSlot + slot * slotHeight + 23, 250, 24}),
-      posLbl(page, slotName("PosLbl", slot), {326, firstSlot + slot * slotHeight + 26, 60, 18}, "Position:"),
-      pos(page, fieldName(number, "Pos"), {390, firstSlot + slot * slotHeight + 23, 0, 24}),
-      pathLbl(page, slotName("PathLbl", slot), {0, firstSlot + slot * slotHeight + 58, 56, 18}, "Path:"),
-      path(page, fieldName(number, "Path"), {60, firstSlot + slot * slotHeight + 55, -102, 24}),
-      browse(page, slotName("Browse", slot) + "Btn", {-88, firstSlot + slot * slotHeight + 53, 88, 28}, "Browse") {}
+    : title(page, slotName("TitleLbl", slot), {0, top(slot), 0, 18}, "Field " + std::to_string(number), Look::section),
+      nameLbl(page, slotName("NameLbl", slot), {0, top(slot) + 26, 56, 18}, "Name:"),
+      name(page, fieldName(number), {60, top(slot) + 23, 250, 24}),
+      posLbl(page, slotName("PosLbl", slot), {326, top(slot) + 26, 60, 18}, "Position:"),
+      pos(page, fieldName(number, "Pos"), {390, top(slot) + 23, 0, 24}),
+      pathLbl(page, slotName("PathLbl", slot), {0, top(slot) + 58, 56, 18}, "Path:"),
+      path(page, fieldName(number, "Path"), {60, top(slot) + 55, -102, 24}),
+      browse(page, slotName("Browse", slot) + "Btn", {-88, top(slot) + 53, 88, 28}, "Browse") {}
 
 FieldsPage::FieldsPage(Toolkit& owner, std::string_view name, int first, int last)
     : Page(owner, name, "User Defined Fields"), first_(first) {

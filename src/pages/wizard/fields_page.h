@@ -73,7 +73,7 @@ inline constexpr int userFieldCount = 10;
 FieldsPage& fieldsPage(const Toolkit& toolkit, int number);
 UserField& userField(const Toolkit& toolkit, int number);
 
-// Whether any field has a path. Names do not count.
+// Whether any field has a path. A name alone does not count.
 bool anyFieldHasPath(const Toolkit& toolkit);
 
 }  // namespace vrix

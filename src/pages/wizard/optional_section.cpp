@@ -18,8 +18,8 @@ OptionalSection::OptionalSection(Toolkit& owner, const SectionNames& names)
     ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
-// When editing, the hub's call is the only one: a second load would find the path unchanged and show the stored
-// switches.
+// When editing, only the hub's call starts the page. The first load of a path sets all switches; a second one would
+// find the path unchanged and show the stored switches.
 void OptionalSection::load() {
     if (!Edit) initThis();
 }

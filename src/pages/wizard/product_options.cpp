@@ -11,8 +11,8 @@ namespace vrix {
 
 namespace {
 
-// A row of the table: the value, and the page and control that it is written from. A row with a count stands for its
-// members "1" to that count, the number taking the place of "#". The page of a user defined field goes by its number.
+// A row of the table: the name of a value, and the page and control that hold it. A row with a count stands for that
+// many values, with the numbers from 1 in the place of "#". The page of a user defined field depends on its number.
 struct Row {
     std::string_view value;
     std::string_view page;
