@@ -36,7 +36,7 @@ bool cRegistry::DeleteValue() {
 
 Variant cRegistry::Value() {
     OpenKey open(registry_);
-    // A failed open is not looked at: the query on no key fails as well.
+    // The status is not tested: without a key the query fails too.
     static_cast<void>(registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key));
     std::uint32_t type = 0;
     std::uint32_t size = 0;

@@ -26,8 +26,8 @@ struct ExeAssociation {
 };
 
 // A cursor over the registry: the caller says which hive, which key path and which value are meant, then reads or
-// writes it. The fields keep what they hold from call to call. No operation throws or reports a registry failure
-// otherwise than its result says.
+// writes it. The fields keep what they hold from call to call. No operation throws: a registry failure shows in the
+// result, if at all.
 class cRegistry {
 public:
     explicit cRegistry(Registry& registry) : registry_(registry) {}
@@ -51,7 +51,7 @@ public:
     Variant Value();
     // Writes the value as ValueType says, making the key if need be. Strings with two percent signs that enclose at
     // least one character are stored as expandable. Bytes go without their last two; numbers of type 4 and 5 need an
-    // integer. A write that fits no type stores nothing, and no failure is told.
+    // integer. A write that fits no type, or that the registry refuses, stores nothing and tells nothing.
     void Value(Variant value);
     // Writes text, whatever ValueType says, making the key if need be.
     void SetText(const std::string& text);

@@ -7,7 +7,7 @@
 
 namespace vrix {
 
-// The texts of the cursor keep their room from call to call.
+// Assigns in place: the cursor's text uses the same memory at every call.
 void cRegistryFunctions::pointTo(std::string_view sApplication, std::string_view sSection) {
     cursor_.ClassKey = hive::localMachine;
     cursor_.SectionKey.assign("Software\\").append(sApplication).append("\\").append(sSection);
@@ -35,7 +35,7 @@ SettingsTable cRegistryFunctions::GetAllSettings(std::string_view sApplication, 
         texts.push_back(textOf(cursor_.Value()));
     }
     if (texts.empty()) throw RuntimeFailure(FailureNumber::subscript);
-    names.resize(texts.size());  // names by their own index, texts by the count of named values
+    names.resize(texts.size());  // an unnamed value has a name here, but no text
     return {std::move(names), std::move(texts)};
 }
 
