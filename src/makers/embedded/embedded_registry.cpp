@@ -73,7 +73,7 @@ RegistryStatus EmbeddedRegistry::queryValue(RegistryKey key, const std::string& 
         return status;
     const auto* entry = found->values.find(cut(name));
     if (entry == nullptr) return RegistryStatus::fileNotFound;
-    const std::string& bytes = entry->item.data;
+    const std::string& bytes = entry->item.bytes;
     const std::uint32_t room = size;
     type = entry->item.type;
     size = static_cast<std::uint32_t>(bytes.size());
@@ -118,7 +118,7 @@ RegistryStatus EmbeddedRegistry::deleteValue(RegistryKey key, const std::string&
     const std::string known = cut(name);
     if (found->values.find(known) == nullptr) return RegistryStatus::fileNotFound;
     status = persist(Change(Change::Kind::removeValue, pathOf(*found), known));
-    if (status == RegistryStatus::success) removeValue(*found, known);
+    if (status == RegistryStatus::success) found->values.remove(known);
     return status;
 }
 
@@ -134,15 +134,17 @@ RegistryStatus EmbeddedRegistry::enumKey(RegistryKey key, std::uint32_t index, c
     return RegistryStatus::success;
 }
 
-RegistryStatus EmbeddedRegistry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) {
+RegistryStatus EmbeddedRegistry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
+                                           std::optional<ValueData>* data) {
     KeyPointer found;
     if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
         return status;
     if (index >= found->values.size()) return RegistryStatus::noMoreItems;
-    const std::string& text = found->values.at(index).name;
+    const auto& [text, value] = found->values.at(index);
     if (text.size() >= length) return RegistryStatus::moreData;
     std::memcpy(name, text.c_str(), text.size() + 1);
     length = static_cast<std::uint32_t>(text.size());
+    if (data != nullptr) *data = value;
     return RegistryStatus::success;
 }
 
@@ -151,7 +153,9 @@ RegistryStatus EmbeddedRegistry::queryInfoKey(RegistryKey key, std::uint32_t& lo
     longestValueName = 0;
     if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
         return status;
-    if (!found->nameLengths.empty()) longestValueName = static_cast<std::uint32_t>(found->nameLengths.rbegin()->first);
+    for (std::size_t i = 0; i < found->values.size(); ++i) {
+        longestValueName = std::max(longestValueName, static_cast<std::uint32_t>(found->values.at(i).name.size()));
+    }
     return RegistryStatus::success;
 }
 
@@ -269,14 +273,7 @@ void EmbeddedRegistry::put(Key& key, Change change) {
         entry->item = {change.type, std::move(change.data)};
         return;
     }
-    ++key.nameLengths[change.name.size()];
     key.values.add(std::move(change.name), {change.type, std::move(change.data)});
-}
-
-void EmbeddedRegistry::removeValue(Key& key, const std::string& name) {
-    const auto counted = key.nameLengths.find(name.size());
-    if (--counted->second == 0) key.nameLengths.erase(counted);
-    key.values.remove(name);
 }
 
 bool EmbeddedRegistry::replay(Change change) {
@@ -301,7 +298,7 @@ bool EmbeddedRegistry::replay(Change change) {
             return true;
         case Change::Kind::removeValue:
             if (place.key->values.find(change.name) == nullptr) return false;
-            removeValue(*place.key, change.name);
+            place.key->values.remove(change.name);
             return true;
     }
     return false;
@@ -313,7 +310,7 @@ void EmbeddedRegistry::forEachChange(const Key& key, const std::string& path, co
     if (!key.permanent) listener(Change(Change::Kind::makeKey, path));
     for (std::size_t i = 0; i < key.values.size(); ++i) {
         const auto& [name, value] = key.values.at(i);
-        listener(Change(Change::Kind::setValue, path, name, value.type, value.data));
+        listener(Change(Change::Kind::setValue, path, name, value.type, value.bytes));
     }
     for (std::size_t i = 0; i < key.keys.size(); ++i) {
         const auto& [name, below] = key.keys.at(i);
