@@ -4,7 +4,6 @@
 #include <random>
 
 #include "common/runtime_failure.h"
-#include "makers/embedded/folded_name.h"
 #include "makers/kept/kept_keys.h"
 #include "store/cregistry_functions.h"
 #include "stubs.h"
@@ -18,7 +17,7 @@ const std::map<std::string, std::string> testEnvironment = {
 
 Environment environmentLookup() {
     return [](const std::string& name) {
-        const auto found = testEnvironment.find(foldedName(name));
+        const auto found = testEnvironment.find(lowerCase(name));
         return found == testEnvironment.end() ? std::nullopt : std::optional(found->second);
     };
 }

@@ -5,11 +5,14 @@
 #include <limits>
 #include <utility>
 
+#include "common/code_page.h"
+
 namespace vrix {
 
 namespace {
 
-constexpr std::size_t pathLimit = 260;  // in one call, as the platform's narrow calls have it
+// In characters. A path is that of one call, as the platform's narrow calls have it.
+constexpr std::size_t pathLimit = 260;
 constexpr std::size_t keyNameLimit = 255;
 constexpr std::size_t valueNameLimit = 16'383;
 constexpr std::size_t levelLimit = 512;
@@ -87,7 +90,7 @@ RegistryStatus EmbeddedRegistry::setValue(RegistryKey key, const std::string& na
                                           const void* data, std::uint32_t size) {
     if (data == nullptr && size > 1) return RegistryStatus::noAccess;
     if (!isHive(key) && !open_.contains(key)) return RegistryStatus::invalidHandle;
-    if (cut(name).size() > valueNameLimit || size > sizeLimit) return RegistryStatus::invalidParameter;
+    if (characterCount(cut(name)) > valueNameLimit || size > sizeLimit) return RegistryStatus::invalidParameter;
     KeyPointer found;
     if (const RegistryStatus status = resolveHandle(key, setValueRight, found); status != RegistryStatus::success)
         return status;
@@ -154,7 +157,8 @@ RegistryStatus EmbeddedRegistry::queryInfoKey(RegistryKey key, std::uint32_t& lo
     if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
         return status;
     for (std::size_t i = 0; i < found->values.size(); ++i) {
-        longestValueName = std::max(longestValueName, static_cast<std::uint32_t>(found->values.at(i).name.size()));
+        longestValueName =
+            std::max(longestValueName, static_cast<std::uint32_t>(characterCount(found->values.at(i).name)));
     }
     return RegistryStatus::success;
 }
@@ -193,7 +197,7 @@ RegistryStatus EmbeddedRegistry::resolveHandle(RegistryKey handle, std::uint32_t
 RegistryStatus EmbeddedRegistry::resolve(RegistryKey parent, const std::string& path, PathMatch& place) const {
     const std::string known = cut(path);
     if (!isHive(parent) && !open_.contains(parent)) return RegistryStatus::invalidHandle;
-    if (known.size() > pathLimit) return RegistryStatus::moreData;
+    if (characterCount(known) > pathLimit) return RegistryStatus::moreData;
     const RegistryStatus status = resolveHandle(parent, 0, place.key);
     return status == RegistryStatus::success ? walkPath(known, place) : status;
 }
@@ -202,12 +206,12 @@ RegistryStatus EmbeddedRegistry::walkPath(const std::string& path, PathMatch& pl
     if (path.starts_with('\\')) return RegistryStatus::badPathName;
     std::size_t from = 0;
     while ((from = path.find_first_not_of('\\', from)) != std::string::npos) {
-        const std::string part = path.substr(from, path.find('\\', from) - from);
+        const std::string part = path.substr(from, findCharacter(path, '\\', from) - from);
         from += part.size();
         const auto* next = place.missing.empty() ? place.key->keys.find(part) : nullptr;
         if (next != nullptr) {
             place.key = next->item;
-        } else if (part.size() > keyNameLimit && place.missing.empty()) {
+        } else if (characterCount(part) > keyNameLimit && place.missing.empty()) {
             return RegistryStatus::invalidParameter;
         } else {
             place.missing.push_back(part);
@@ -240,7 +244,7 @@ RegistryStatus EmbeddedRegistry::mayMake(const PathMatch& place) {
     const bool inHive = place.key->parent == nullptr;
     const bool tooDeep = place.key->level + place.missing.size() > levelLimit;
     const bool tooLong = std::any_of(place.missing.begin(), place.missing.end(),
-                                     [](const std::string& part) { return part.size() > keyNameLimit; });
+                                     [](const std::string& part) { return characterCount(part) > keyNameLimit; });
     return inHive || tooDeep || tooLong ? RegistryStatus::invalidParameter : RegistryStatus::success;
 }
 
@@ -293,7 +297,7 @@ bool EmbeddedRegistry::replay(Change change) {
             removeKey(*place.key);
             return true;
         case Change::Kind::setValue:
-            if (change.name.size() > valueNameLimit) return false;
+            if (characterCount(change.name) > valueNameLimit) return false;
             put(*place.key, std::move(change));
             return true;
         case Change::Kind::removeValue:

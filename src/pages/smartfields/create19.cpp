@@ -1,5 +1,6 @@
 #include "pages/smartfields/create19.h"
 
+#include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
 #include "pages/smartfields/smart_field_module.h"
@@ -57,8 +58,10 @@ void Create19::loadFromStore() {
 void Create19::showCurrent() {
     const std::string text = SmartFields.text();
     if (text.empty()) return;
-    if (text.size() < 4) throw RuntimeFailure(FailureNumber::invalidCall);
-    SmartFieldText.setText(text.substr(2, text.size() - 4));
+    const std::size_t length = characterCount(text);
+    if (length < 4) throw RuntimeFailure(FailureNumber::invalidCall);
+    const std::size_t first = characterStart(text, 2);
+    SmartFieldText.setText(text.substr(first, characterStart(text, length - 2) - first));
 }
 
 std::string Create19::delimited() const { return "<!" + SmartFieldText.text() + "!>"; }

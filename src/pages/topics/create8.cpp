@@ -1,6 +1,6 @@
 #include "pages/topics/create8.h"
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
 #include "pages/topics/create20.h"
@@ -92,15 +92,15 @@ void Create8::appendRow(const std::string& name) {
 
 void Create8::ImportFile(const std::string& path) {
     const auto stream = toolkit.platform.files.openText(path);
-    const std::string folder = path.substr(0, path.rfind('\\') + 1);
+    const std::string folder = path.substr(0, findLastCharacter(path, '\\') + 1);
     while (!stream->atEnd()) {
         const std::string line = stream->readLine();
-        const auto colon = line.find(':');
+        const auto colon = findCharacter(line, ':');
         const std::string name = line.substr(0, colon);
         growTables();
         TopicNames.at(i) = name;
         if (colon == std::string::npos) throw RuntimeFailure(FailureNumber::subscript);
-        const std::string stem = line.substr(colon + 1, line.find(':', colon + 1) - colon - 1);
+        const std::string stem = line.substr(colon + 1, findCharacter(line, ':', colon + 1) - colon - 1);
         TopicPaths.at(i) = folder + lowerCase(stem) + ".doc";
         appendRow(name);
     }
