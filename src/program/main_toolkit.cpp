@@ -6,6 +6,7 @@
 // The product: works on the machine's registry.
 int main() {
     vrix::hardenProcess();
+    vrix::useSystemCodePage();
     vrix::Win32Registry machine;
     vrix::KeptKeys registry(machine);
     vrix::Win32Screen screen;

@@ -3,7 +3,8 @@
 #include <windows.h>
 
 #include <cstring>
-#include <string_view>
+
+#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
@@ -21,17 +22,6 @@ RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
 
 bool isText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
 
-// Gives the text in the system's code page. False if that has not every character.
-bool narrowed(std::wstring_view wide, std::string& text) {
-    const int length = static_cast<int>(wide.size());
-    text.assign(4 * wide.size(), '\0');
-    const int room = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), room, nullptr, nullptr);
-    text.resize(static_cast<std::size_t>(size));
-    std::wstring back(wide.size(), L'\0');
-    return MultiByteToWideChar(CP_ACP, 0, text.data(), size, back.data(), length) == length && back == wide;
-}
-
 // Gives name and data of the value at an index. False where only narrow calls can tell what they give.
 bool enumWide(HKEY key, DWORD index, std::string& name, ValueData& value) {
     wchar_t wideName[1'024];
@@ -41,11 +31,11 @@ bool enumWide(HKEY key, DWORD index, std::string& name, ValueData& value) {
     DWORD size = sizeof data;
     const LSTATUS code =
         RegEnumValueW(key, index, wideName, &length, nullptr, &type, reinterpret_cast<BYTE*>(data), &size);
-    if (code != ERROR_SUCCESS || !narrowed({wideName, length}, name) || name.find('\0') != std::string::npos) {
+    if (code != ERROR_SUCCESS || !narrowExactly({wideName, length}, name) || name.find('\0') != std::string::npos) {
         return false;
     }
     value.type = type;
-    if (isText(type)) return size % sizeof *data == 0 && narrowed({data, size / sizeof *data}, value.bytes);
+    if (isText(type)) return size % sizeof *data == 0 && narrowExactly({data, size / sizeof *data}, value.bytes);
     value.bytes.assign(reinterpret_cast<const char*>(data), size);
     return true;
 }
@@ -133,13 +123,15 @@ RegistryStatus Win32Registry::queryInfoKey(RegistryKey key, std::uint32_t& longe
 std::string Win32Registry::expandEnvironment(const std::string& text) {
     constexpr std::size_t longestText = 32'766;  // the platform loses what is longer
     const std::string known = text.c_str();
-    std::string expanded;
-    DWORD needed = known.size() > longestText ? 0 : ExpandEnvironmentStringsA(known.c_str(), nullptr, 0);
+    const std::wstring plain = wide(known);
+    std::wstring expanded;
+    // The narrow call counts characters where it should count bytes.
+    DWORD needed = plain.size() > longestText ? 0 : ExpandEnvironmentStringsW(plain.c_str(), nullptr, 0);
     while (needed > expanded.size()) {
-        expanded.assign(needed, '\0');
-        needed = ExpandEnvironmentStringsA(known.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
+        expanded.assign(needed, L'\0');
+        needed = ExpandEnvironmentStringsW(plain.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
     }
-    return needed == 0 ? known : expanded.c_str();
+    return needed == 0 ? known : narrow(expanded.c_str());
 }
 
 }  // namespace vrix
