@@ -1,3 +1,4 @@
+#include "makers/kept/kept_keys.h"
 #include "makers/win32/startup.h"
 #include "makers/win32/win32_registry.h"
 #include "program/run_on_windows.h"
@@ -6,7 +7,8 @@
 int main() {
     vrix::hardenProcess();
     vrix::useSystemCodePage();
-    vrix::Win32Registry registry;
+    vrix::Win32Registry machine;
+    vrix::KeptKeys registry(machine);
     vrix::Win32Screen screen;
     screen.onPause = [&] { registry.release(); };
     return vrix::runOnWindows(registry, screen);

@@ -64,7 +64,7 @@ private:
     std::optional<std::string> answer(const FileQuestion& question);
 };
 
-// A clock that stands at a set text and counts how often it is read.
+// A clock that tells the text it is set to, and counts how often it is read.
 class SetClock final : public Clock {
 public:
     std::string text = "15/11/2026 19:30:05";

@@ -15,7 +15,7 @@ struct GdiDeleter {
 template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
 
-// Selects an object into a device context, and the one before at its end.
+// Selects an object into a device context. The destructor selects the one before again.
 class Selected {
 public:
     Selected(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
@@ -28,7 +28,7 @@ private:
     HGDIOBJ before_;
 };
 
-// A bitmap in memory to draw on. It is copied to its target whole, at its end, so that nothing flickers.
+// A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers.
 class Buffer {
 public:
     Buffer(HDC target, const RECT& area)

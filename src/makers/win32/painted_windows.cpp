@@ -117,7 +117,7 @@ LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
             if (!takesFocus()) return DLGC_STATIC;
             return DLGC_BUTTON | (owner().keyboard().isDefault(control()) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
         case BM_CLICK: press(); return 0;
-        case BM_SETSTYLE:  // the dialog manager would make it a button of the platform's look
+        case BM_SETSTYLE:  // the dialog manager would give it the look of the platform
         case BM_SETSTATE: return 0;
         case WM_CAPTURECHANGED: captured_ = false; return 0;
         default: return PaintedWindow::message(message, wParam, lParam);

@@ -26,7 +26,7 @@ struct Palette {
 
 Palette currentPalette();
 
-// The dots to an inch of the system, and of the monitor on which a window is.
+// Dots per inch: of the system, and of the monitor that a window is on.
 int systemDpi();
 int dpiOf(HWND window);
 

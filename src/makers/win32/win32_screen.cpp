@@ -89,7 +89,7 @@ void Win32Screen::quit() {
 }
 
 int Win32Screen::run() {
-    event([] {});  // shows what was made before
+    event([] {});  // for the forms that were shown before
     MSG message;
     while (!ended_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
         const HWND top = GetAncestor(message.hwnd, GA_ROOT);
