@@ -24,6 +24,10 @@ public:
     // Cuts a file to a size in bytes. False when the disk refuses.
     virtual bool cut(const std::string& path, std::uint64_t size);
 
+    // Brings all that was written to an open file onto the disk itself, where a loss of power leaves it. False when the
+    // disk refuses.
+    virtual bool sync(std::FILE* file) = 0;
+
     // False when the file is still there.
     virtual bool remove(const std::string& path);
 };

@@ -123,6 +123,7 @@ void JournalFile::read(const Reader& reader) {
 bool JournalFile::append(const std::string& record) {
     if (torn_ && !truncateToWhole()) return false;
     const std::string frame = framed(record);
+    synced_ = false;
     if (write(stream_.get(), frame)) {
         size_ += frame.size();
         return true;
@@ -131,6 +132,10 @@ bool JournalFile::append(const std::string& record) {
     torn_ = true;
     truncateToWhole();
     return false;
+}
+
+void JournalFile::sync() {
+    if (!synced_) synced_ = disk_.sync(stream_.get());
 }
 
 bool JournalFile::truncateToWhole() {
@@ -149,6 +154,8 @@ void JournalFile::rewrite(const std::function<void(const Writer& writer)>& conte
         whole = whole && write(target, frame);
         size += frame.size();
     });
+    // On the disk before it takes the old one's place: else a loss of power could leave neither.
+    whole = whole && std::fflush(target) == 0 && disk_.sync(target);
     if (std::fclose(target) != 0) whole = false;
     if (whole) {
         stream_.reset();

@@ -43,6 +43,10 @@ public:
     // Appends a record; it has left the program when this returns. False, and nothing appended, when the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
 
+    // Brings what was appended since the last time onto the disk itself. What the disk refuses is tried again with the
+    // next call.
+    void sync();
+
     // Replaces the file by one that holds what `content` hands to its writer. Until the new one is whole the old one
     // stays, and a disk that refuses changes nothing. Throws JournalError when the file cannot be opened again.
     void rewrite(const std::function<void(const Writer& writer)>& content);
@@ -62,6 +66,7 @@ private:
     Stream stream_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it
+    bool synced_ = true;      // all of it is on the disk itself
 };
 
 }  // namespace vrix

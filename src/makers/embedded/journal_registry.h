@@ -19,6 +19,10 @@ public:
     // is damaged, or cannot be opened and written; it is left as it was then.
     JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk);
 
+    // Brings all changes onto the disk itself, so that a loss of power leaves them. To be called at the end of an
+    // event, before its outcome is shown.
+    void sync() { file_->sync(); }
+
 private:
     RegistryStatus persist(const Change& change) override;
     void compactIfWorthwhile();
