@@ -86,7 +86,7 @@ void JournalFile::read(const Reader& reader) {
     const auto unreadable = error(path_, "cannot be read.");
     const auto whole = source ? sizeOf(source.get()) : std::nullopt;
     if (!whole) throw unreadable;
-    // Bytes that must be there: one that the disk does not give is no end of the file.
+    // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
     const auto take = [&](std::uint64_t count) {
         std::string bytes(static_cast<std::size_t>(count), '\0');
         if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
