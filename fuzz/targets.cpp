@@ -17,16 +17,9 @@ using Input = FuzzedDataProvider;
 // What a target promises of the program. A promise that is not kept is a crash, which keeps its input.
 void promise(bool kept) { kept ? void() : std::abort(); }
 
-// A store in which other programs may have left values of any type and size. It may refuse every change.
-class FuzzedStore final : public EmbeddedRegistry {
-public:
-    FuzzedStore() : EmbeddedRegistry([](const std::string& name) { return std::optional(name + name); }) {}
-    using EmbeddedRegistry::repeat;
-    RegistryStatus answer = RegistryStatus::success;
-
-private:
-    RegistryStatus persist(const Change&) override { return answer; }
-};
+auto fuzzedStore() {
+    return std::make_shared<AnyStore>(nullptr, [](const std::string& name) { return std::optional(name + name); });
+}
 
 // A text as a path that leads nowhere but into the walk's own folder.
 std::string inside(const Walk& walk, const std::string& text) {
@@ -94,7 +87,7 @@ void work(Walk& walk, Input& input) {
 // Selects the Product "P" of one of the two trees, with any values in it, opens a group of its hub, and works from
 // there; without a group from the main screen, and with any values in the list of Products.
 void edit(Input& input, const std::string& group) {
-    const auto store = std::make_shared<FuzzedStore>();
+    const auto store = fuzzedStore();
     Walk walk(store);
     walk.start().put("Products", "P", "P");
     const bool isDeveloper = input.ConsumeBool();
@@ -107,8 +100,8 @@ void edit(Input& input, const std::string& group) {
         const std::string key = tree + (group.empty() && input.ConsumeBool() ? "Products" : section);
         const auto type = input.ConsumeIntegralInRange<std::uint32_t>(0, 11);
         const std::string name = input.ConsumeRandomLengthString();
-        store->repeat(Change(Change::Kind::makeKey, key));
-        store->repeat(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
+        store->replay(Change(Change::Kind::makeKey, key));
+        store->replay(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
     }
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     if (!group.empty()) walk.editProduct(isDeveloper ? 1 : 0).user.press(group);
@@ -164,7 +157,7 @@ void finish(Input& input) {
     const auto text = [&] {
         return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + input.ConsumeRandomLengthString();
     };
-    const auto store = std::make_shared<FuzzedStore>();
+    const auto store = fuzzedStore();
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     Walk walk(store);
     walk.createTo("Create18");

@@ -185,18 +185,59 @@ TEST(EditMode, OnlyAnInstalledProductAloneHasAddedTopics) {
     EXPECT_EQ(beside.walk.pages.create8.i, 3);  // with any develop Product known, the added ones stay unread
 }
 
-TEST(EditMode, StoredSwitchesGiveWayToALoadedPathOnce) {
+// Each group is opened twice: the first loading of a path turns on the switches of its section.
+TEST(EditMode, EveryOptionIsLoadedAndSavedByItsGroupAlone) {
+    const std::vector<ToldOption> options = toldOptions();
+    for (unsigned run = 0; run < 7; ++run) {
+        Walk walk;
+        walk.start().createProduct("K");
+        for (const ToldOption& option : options) walk.put("Toolkit\\K\\Options", option.name, option.content(run));
+        walk.editProduct();
+        std::map<std::string, unsigned> saved;  // by page: how often
+        for (const char* button :
+             {"ProductSettingsBtn", "CoverPagesBtn", "ContentSummaryBtn", "TableOfContentsBtn", "ConclusionBtn",
+              "UserDefinedFieldsBtn", "SmartFieldsBtn", "MiscellaneousSettingsBtn"}) {
+            for (unsigned visit = 0; visit < 2; ++visit) {
+                for (walk.user.press(button); walk.front() != "Edit2"; walk.user.press("NextBtn")) {
+                    const std::string page = walk.front();
+                    const bool isSection = page == "Create5" || page == "Create6" || page == "Create7";
+                    for (const ToldOption& o : options) {
+                        if (o.page != page || page == "Create19") continue;  // SmartFields do not read theirs
+                        const bool turnedOn = isSection && visit == 0 && o.kind == "flag";
+                        const bool unread = o.name == "DefaultCoverPage";
+                        EXPECT_EQ(walk.text(page, o.control), turnedOn ? "1"
+                                                              : unread ? "0"
+                                                                       : o.content(run + visit))
+                            << o.name << ' ' << visit;
+                    }
+                    walk.setOptions(run + visit + 1, page);
+                    ++saved[page];
+                }
+                for (const ToldOption& o : options) {
+                    EXPECT_EQ(walk.pages.settings.GetSetting(application, "Toolkit\\K\\Options", o.name, ""),
+                              o.content(run + saved[o.page]))
+                        << o.name;
+                }
+            }
+        }
+    }
+}
+
+TEST(EditMode, SmartFieldsAreNumberedAnewAndTheirDefaultIsNotRead) {
     Walk walk;
-    walk.start().createProduct("Manual");
-    for (const char* name : {"AllowNoTOC", "ShowTOC", "DefaultTOC"}) walk.put("Toolkit\\Manual\\Options", name, "0");
-    walk.put("Toolkit\\Manual\\Options", "TOCPath", "t.doc");
-    const Create6& page = walk.pages.create6;
-    walk.editProduct().user.press("TableOfContentsBtn");
-    EXPECT_EQ(page.display.stored() + page.path.text(), "1t.doc");
-    walk.user.press("BackBtn").press("TableOfContentsBtn");
-    EXPECT_EQ(page.display.stored(), "0");
-    walk.user.press("NextBtn");
-    EXPECT_NE(walk.tree("Toolkit\\Manual\\Options").find("ShowTOC=0"), std::string::npos);
+    walk.start().createProduct("K");
+    for (const char* n : {"1", "2", "3"})
+        walk.put("Toolkit\\K\\SmartFields", std::string("SmartField") + n, std::string("<!") + n + "!>");
+    walk.editProduct().user.press("SmartFieldsBtn");
+    EXPECT_EQ(walk.text("Create19", "SmartFieldsDefault") + walk.text("Create19", "SmartFieldText"), "1");
+    walk.user.choose("SmartFields", 1)
+        .press("DeleteBtn")
+        .type("SmartFieldText", "4")
+        .press("CreateBtn")
+        .press("NextBtn");
+    EXPECT_EQ(walk.tree("Toolkit\\K\\SmartFields"),
+              "[Toolkit\\K\\SmartFields]\nSmartField1=<!1!>\nSmartField2=<!3!>\nSmartField3=<!4!>\n");
+    EXPECT_TRUE(walk.tree("Toolkit\\K\\Options").ends_with("DefaultSmartFields=1\n"));
 }
 
 TEST(EditMode, TextThatNoControlTakesEndsTheProgram) {

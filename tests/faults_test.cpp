@@ -6,7 +6,6 @@
 #include <sstream>
 
 #include "forms/event.h"
-#include "registry_suite.h"
 #include "walk.h"
 
 namespace vrix {
@@ -52,17 +51,6 @@ bool isReport(const Cells& verdict) { return verdict[0] <= "99"; }
 
 // Whether no call comes behind it.
 bool isLast(const Cells& verdict) { return verdict[0] == "stays" || (isReport(verdict) && verdict[1].empty()); }
-
-// A registry in memory that begins as another one stands.
-class Copy final : public EmbeddedRegistry {
-public:
-    explicit Copy(const Copy* other) : EmbeddedRegistry({}) {
-        if (other != nullptr) other->forEachChange([this](const Change& change) { replay(change); });
-    }
-
-private:
-    RegistryStatus persist(const Change&) override { return RegistryStatus::success; }
-};
 
 class Faults : public testing::Test {
 protected:
@@ -110,7 +98,7 @@ protected:
     }
 
     Outcome run(const Cells& plan, int first = -1, int last = -1) {
-        Walk walk(std::make_shared<Copy>(store_.get()));
+        Walk walk(std::make_shared<AnyStore>(store_.get()));
         FailingMachine& machine = walk.machine;
         Outcome ran;
         writeBytes(walk.path("out"), "old\n");
@@ -193,7 +181,7 @@ protected:
     }
 
     TemporaryFolder folder_;
-    std::shared_ptr<Copy> store_ = std::make_shared<Copy>(nullptr);
+    std::shared_ptr<AnyStore> store_ = std::make_shared<AnyStore>();
     std::vector<Cells> table_;
     static inline std::ostringstream report_;
 };
@@ -203,37 +191,6 @@ TEST_F(Faults, AreIgnoredReportedOrReadAsDefaults) {
     for (const Cells& row : table_) {
         if (row[0] == "walk") refuseEach(row);
     }
-}
-
-// A new Product, its rename and its deletion.
-TEST_F(Faults, AJournalCutAnywhereHoldsEveryWholeRecordAndGoesOn) {
-    const std::string path = folder_.path("store");
-    const std::string nothing = listing(*openedJournal(path), hive::localMachine);
-    const std::size_t signature = bytesOf(path).size();
-    std::map<std::size_t, std::string> trees{{0, nothing}, {signature, nothing}};
-    {
-        Walk walk(openedJournal(path));
-        walk.machine.before = [&] { trees[bytesOf(path).size()] = listing(*walk.stored, hive::localMachine); };
-        walk.machine.counts = true;
-        walk.start().createProduct("K").editProduct();
-        act(walk, "ProductSettingsBtn ProductName=Guide NextBtn ExitBtn DeleteImg NextBtn NextBtn DeleteImg");
-    }
-    const std::string whole = bytesOf(path);
-    std::size_t defects = 0;
-    for (std::size_t length = 1; length <= whole.size(); ++length) {
-        const auto& [end, tree] = *std::prev(trees.upper_bound(length));
-        writeBytes(path, whole.substr(0, length));
-        const auto opened = openedJournal(path);
-        bool good = listing(*opened, hive::localMachine) == tree;
-        good = good && bytesOf(path) == whole.substr(0, std::max(end, signature));
-        if (length % 16 == 0) good = good && Caller(*opened).answer({Do::set, "more"}) == "0";
-        if (length % 16 == 0) good = good && bytesOf(path).find("more", end) != std::string::npos;
-        EXPECT_TRUE(good) << length;
-        if (!good) ++defects;
-    }
-    EXPECT_EQ(trees.rbegin()->first, whole.size());
-    report_ << "| Start on a cut journal | " << trees.size() - 2 << " | " << whole.size() << " | "
-            << whole.size() - defects << " | 0 | | " << defects << " |\n";
 }
 
 }  // namespace

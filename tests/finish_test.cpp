@@ -69,7 +69,8 @@ TEST(Finish, TopicsTakeTheirRowsAsTheyStand) {
     one.createTo("Create8");
     one.addTopic("Only", "o.doc").user.press("NextBtn");
     one.pages.create18.show();
-    one.user.at("Create18").press("NextBtn");
+    one.user.at("Create18").type("SettingsPath", one.path("one.kls")).at("Create18").press("NextBtn");
+    EXPECT_NE(one.file("one.kls").find("Matrix]\r\n\"0\"=\"\"\r\n\r\n"), std::string::npos);
     EXPECT_EQ(one.tree("Toolkit\\Manual\\Dependencies\\Matrix"), "[Toolkit\\Manual\\Dependencies\\Matrix]\n0=\n");
     EXPECT_EQ(one.tree("Toolkit\\Manual\\Topics"), "[Toolkit\\Manual\\Topics]\nOnly=o.doc\n");
 
@@ -85,22 +86,23 @@ TEST(Finish, TopicsTakeTheirRowsAsTheyStand) {
               "Tools=1\n[Toolkit\\Manual\\Dependencies\\Matrix]\n0=\n");
 }
 
-// Every option stands in the store under its own name with the content of its own control.
-TEST(Finish, EveryOptionIsStoredFromItsControl) {
-    Walk walk;
-    walk.createTo("Create18");
-    std::string stored = "[Toolkit\\Manual\\Options]\n";
-    int number = 0;
-    for (const Option& option : walk.pages.options.all()) {
-        if (option.control->kind() == ControlKind::textBox) option.control->restore("t" + std::to_string(++number));
-        if (option.control->kind() == ControlKind::checkBox) option.control->restore(++number % 3 == 0 ? "1" : "0");
-        if (option.control->kind() == ControlKind::comboBox && option.name != "DefaultCoverPage") {
-            option.control->restore(std::to_string(++number % 5));
+TEST(Finish, EveryOptionReachesStoreAndFileUnderItsOwnName) {
+    for (unsigned run = 0; run < 7; ++run) {
+        Walk walk;
+        walk.createTo("Create18");
+        walk.pages.create4.DefaultCoverPage.addItem("second");
+        walk.setOptions(run);
+        walk.user.type("SettingsPath", walk.path("x.kls")).press("NextBtn");
+        std::string stored = "[Toolkit\\Manual\\Options]\n";
+        for (const ToldOption& option : toldOptions()) {
+            std::string data = option.content(run);
+            stored += option.name + '=' + data + '\n';
+            if (option.kind == "path") data.insert(2, 1, '\\');
+            EXPECT_NE(walk.file("x.kls").find("\r\n\"" + option.name + "\"=\"" + data + "\"\r\n"), std::string::npos)
+                << option.name;
         }
+        EXPECT_EQ(walk.tree("Toolkit\\Manual\\Options"), stored);
     }
-    for (const Option& option : walk.pages.options.all()) stored += option.name + '=' + option.control->stored() + '\n';
-    walk.user.press("NextBtn");
-    EXPECT_EQ(walk.tree("Toolkit\\Manual\\Options"), stored);
 }
 
 }  // namespace

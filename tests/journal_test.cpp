@@ -85,6 +85,18 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     }
 }
 
+TEST_F(JournalTest, CutAnywhereHoldsEveryWholeRecordAndGoesOn) {
+    for (std::size_t length = 1; length <= whole.size(); ++length) {
+        const auto& [end, tree] = *std::prev(trees.upper_bound(length));
+        writeBytes(path, whole.substr(0, length));
+        const auto opened = openedJournal(path);
+        ASSERT_EQ(listing(*opened, hive::localMachine), tree) << length;
+        ASSERT_EQ(bytesOf(path), whole.substr(0, std::max(end, signature))) << length;
+        ASSERT_EQ(Caller(*opened).answer({Do::set, "more"}), "0") << length;
+        ASSERT_NE(outcome(path).find("more:"), std::string::npos) << length;
+    }
+}
+
 TEST_F(JournalTest, RefusesWhatItCannotUse) {
     for (const std::string other : {"x", "Vrix registry journal 2\n", "Vrix registry\n", "\n", "MZ\x90"}) {
         EXPECT_EQ(outcomeOf(other), foreign) << other;

@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <random>
 
 #include "makers/embedded/memory_registry.h"
@@ -9,20 +7,6 @@
 namespace vrix {
 
 using namespace std::string_literals;
-
-TemporaryFolder::TemporaryFolder()
-    : folder(std::filesystem::temp_directory_path() / ("vrix_test_" + std::to_string(std::random_device{}()))) {
-    std::filesystem::create_directories(folder);
-}
-
-void writeBytes(const std::string& path, const std::string& bytes) {
-    std::ofstream(path.c_str(), std::ios::binary) << bytes;
-}
-
-std::string bytesOf(const std::string& path) {
-    std::ifstream stream(path.c_str(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 const std::map<std::string, std::string> testEnvironment = {
     {"vrix_a", "<A>"}, {"vrix b", "<B>"}, {"vrix_empty", ""}, {"vrix_loop", "%VRIX_A%"}, {"vrix_\xE9", "\x80\xE9"}};
@@ -118,7 +102,11 @@ std::string Caller::answer(const Call& call) {
         EXPECT_EQ(opened != 0, status == RegistryStatus::success);
         registry.closeKey(std::exchange(keys[call.to], opened));
     }
-    if (call.what == Do::names || call.what == Do::values) rest = ' ' + room.substr(0, room.find('\0'));
+    if (call.what == Do::names || call.what == Do::values) {
+        const auto end = room.find('\0');
+        rest = ' ' + room.substr(0, end);
+        EXPECT_TRUE(end == std::string::npos || room.find_first_not_of('#', end + 1) == std::string::npos);
+    }
     if (call.what == Do::values || call.what == Do::longest) rest += ' ' + std::to_string(size);
     return std::to_string(static_cast<int>(status)) + (status == RegistryStatus::success ? rest : "");
 }

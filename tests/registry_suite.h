@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
@@ -10,19 +9,9 @@
 #include <vector>
 
 #include "makers/embedded/journal_registry.h"
+#include "support.h"
 
 namespace vrix {
-
-// A folder of its own for one test, gone behind it.
-struct TemporaryFolder {
-    TemporaryFolder();
-    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
-    std::string path(const std::string& name) const { return (folder / name).string(); }
-    std::filesystem::path folder;
-};
-
-void writeBytes(const std::string& path, const std::string& bytes);
-std::string bytesOf(const std::string& path);
 
 // A disk whose locks are free, or held by another, and a journal on it.
 std::unique_ptr<JournalDisk> testDisk(bool isFree);

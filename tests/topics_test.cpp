@@ -96,16 +96,6 @@ TEST(TopicOrder, CaptionsDoubleTheAmpersand) {
     EXPECT_EQ(walk.pages.topicOrderModule.OrderTable.names.at(0), "R&D");
 }
 
-TEST(TopicOrder, TablesHandedBackHaveNoSpareElement) {
-    Walk walk;
-    walk.createTo("Create9");
-    walk.user.press("BackBtn").press("BackBtn");
-    EXPECT_EQ(walk.front(), "Create8");
-    walk.user.press("NextBtn");  // two Topics now count as one
-    EXPECT_EQ(walk.front(), "Create10");
-    EXPECT_EQ(walk.pages.create8.thisTopicCount, 1);
-}
-
 TEST(Dependencies, AreTheMarkedRowsInListOrder) {
     Walk walk;
     walk.createTo("Create8");

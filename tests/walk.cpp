@@ -1,6 +1,5 @@
 #include "walk.h"
 
-#include <fstream>
 #include <sstream>
 
 #include "forms/event.h"
@@ -9,49 +8,31 @@ namespace vrix {
 
 namespace {
 
-std::string contents(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
-std::filesystem::path freshFolder() {
-    static int number = 0;
-    const auto folder = std::filesystem::temp_directory_path() / ("vrix_walk_" + std::to_string(++number));
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
-    return folder;
-}
-
-void dump(Registry& registry, cRegistryFunctions& settings, const std::string& section, std::string& out) {
-    RegistryKey key = 0;
-    if (registry.openKey(hive::localMachine, "Software\\Vrix\\" + section, 63, key) != RegistryStatus::success) return;
+void dump(cRegistry& cursor, const std::string& section, std::string& out) {
+    cursor.SectionKey = "Software\\Vrix\\" + section;
+    if (!cursor.KeyExists()) return;
     out += '[' + section + "]\n";
-    char name[512];
-    std::uint32_t length = sizeof name;
-    for (std::uint32_t i = 0; registry.enumValue(key, i, name, length) == RegistryStatus::success; ++i) {
-        out += std::string(name, length) + '=' + settings.GetSetting(application, section, {name, length}, "") + '\n';
-        length = sizeof name;
+    std::vector<std::string> names;
+    std::int32_t count = 0;
+    cursor.EnumerateValues(names, count);
+    for (const std::string& name : names) {
+        cursor.ValueKey = name;
+        out += name + '=' + textOf(cursor.Value()) + '\n';
     }
-    for (std::uint32_t i = 0; registry.enumKey(key, i, name, sizeof name) == RegistryStatus::success; ++i) {
-        dump(registry, settings, section.empty() ? name : section + '\\' + name, out);
-    }
-    registry.closeKey(key);
+    cursor.EnumerateSections(names, count);
+    for (const std::string& name : names) dump(cursor, section.empty() ? name : section + '\\' + name, out);
 }
 
 }  // namespace
 
-std::shared_ptr<EmbeddedRegistry> Walk::freshRegistry() {
-    return std::make_shared<MemoryRegistry>([](const std::string& name) -> std::optional<std::string> {
-        return name == "DOCS" ? std::optional<std::string>("C:\\Docs") : std::nullopt;
-    });
-}
+// The environment knows DOCS alone.
+Walk::Walk()
+    : Walk(std::make_shared<AnyStore>(nullptr, [](const std::string& name) {
+          return name == "DOCS" ? std::optional<std::string>("C:\\Docs") : std::nullopt;
+      })) {}
 
 Walk::Walk(std::shared_ptr<EmbeddedRegistry> left)
-    : stored(std::move(left)), program({machine, windows, dialog, machine, clock}), folder_(freshFolder()) {}
-
-Walk::~Walk() { std::filesystem::remove_all(folder_); }
+    : stored(std::move(left)), program({machine, windows, dialog, machine, clock}) {}
 
 Walk& Walk::start() {
     runEvent(windows, [&] { program.start(); });
@@ -96,6 +77,15 @@ Walk& Walk::editProduct(int row) {
     return *this;
 }
 
+void Walk::setOptions(unsigned run, const std::string& page) {
+    for (int round = 0; round < 2; ++round) {  // a path turns on flags that were set before it
+        for (const ToldOption& option : toldOptions()) {
+            if (page.empty() || page == option.page)
+                control(pages, option.page, option.control).restore(option.content(run));
+        }
+    }
+}
+
 std::string Walk::message() {
     if (windows.messages.empty()) return {};
     const ShownMessage last = windows.messages.back();
@@ -105,12 +95,10 @@ std::string Walk::message() {
 
 std::string Walk::text(const std::string& formName, const std::string& name) {
     const Control& found = control(pages, formName, name);
-    if (found.kind() == ControlKind::label) return static_cast<const Label&>(found).caption();
-    if (found.kind() == ControlKind::buttonLabel) return static_cast<const ButtonLabel&>(found).caption();
+    if (const auto* label = dynamic_cast<const Label*>(&found)) return label->caption();
+    if (const auto* label = dynamic_cast<const ButtonLabel*>(&found)) return label->caption();
     return found.stored();
 }
-
-std::string Walk::file(const std::string& name) const { return contents(folder_ / name); }
 
 void Walk::put(const std::string& section, const std::string& name, const std::string& data) {
     pages.settings.SaveSetting(application, section, name, data);
@@ -118,11 +106,24 @@ void Walk::put(const std::string& section, const std::string& name, const std::s
 
 std::string Walk::tree(const std::string& section) {
     std::string out;
-    cRegistryFunctions settings(registry);
-    dump(registry, settings, section, out);
+    cRegistry cursor(registry);
+    cursor.ClassKey = hive::localMachine;
+    dump(cursor, section, out);
     return out;
 }
 
-std::string expected(const std::string& name) { return contents(std::filesystem::path(VRIX_EXPECTED) / name); }
+std::string expected(const std::string& name) { return bytesOf(VRIX_EXPECTED "/" + name); }
+
+std::string ToldOption::content(unsigned run) const {
+    const bool isNumber = kind == "flag" || kind == "index";
+    return isNumber ? std::to_string(number >> run % 7 & 1) : "C:\\t" + std::to_string(100 * run + number);
+}
+
+std::vector<ToldOption> toldOptions() {
+    std::istringstream lines(expected("options.table"));
+    std::vector<ToldOption> all;
+    for (ToldOption o; lines >> o.name >> o.page >> o.control >> o.kind; ++o.number) all.push_back(o);
+    return all;
+}
 
 }  // namespace vrix

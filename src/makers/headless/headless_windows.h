@@ -64,15 +64,11 @@ private:
     std::optional<std::string> answer(const FileQuestion& question);
 };
 
-// A clock that stands at a set text and counts how often it is read.
+// A clock that stands at a set text.
 class SetClock final : public Clock {
 public:
     std::string text = "15/11/2026 19:30:05";
-    int reads = 0;
-    std::string now() override {
-        ++reads;
-        return text;
-    }
+    std::string now() override { return text; }
 };
 
 }  // namespace vrix
