@@ -80,19 +80,15 @@ protected:
     void act(Walk& walk, const std::string& words) {
         std::istringstream stream(words);
         for (std::string word; stream >> word;) {
-            const std::string name = word.substr(0, word.find_first_of("=:"));
-            const std::string rest = word.substr(std::min(word.size(), name.size() + 1));
             if (word == "Create18") {
                 walk.createTo(word);
             } else if (word == "import") {
                 writeBytes(folder_.path("list"), "D:1\r\nE:2\r\n");
                 runEvent(walk.windows, [&] { walk.pages.create8.ImportFile(folder_.path("list")); });
-            } else if (word == name) {
-                word.ends_with("Img") ? walk.user.pressTask(word) : walk.user.press(word);
-            } else if (word[name.size()] == ':') {
-                walk.user.choose(name, std::stoi(rest));
+            } else if (word.ends_with("=@")) {
+                walk.user.type(word.substr(0, word.size() - 2), walk.path("out"));
             } else {
-                walk.user.type(name, rest == "@" ? walk.path("out") : rest);
+                walk.act(word);
             }
         }
     }

@@ -1,5 +1,6 @@
 #include "makers/embedded/memory_registry.h"
 #include "registry_suite.h"
+#include "walk.h"
 
 namespace vrix {
 
@@ -56,6 +57,31 @@ TEST_F(JournalTest, ConformsAndHoldsTheSameAsMemoryWheneverItIsOpened) {
     expectConforms([&] { return openedJournal(path + std::to_string(++number)); });
     MemoryRegistry memory(environmentLookup());
     for (unsigned seed = 0; seed < 20; ++seed) expectSameAnswers(seed, 400, memory, *openedJournal(path + "-same"));
+}
+
+// A journal must still be read by later versions.
+TEST_F(JournalTest, BeginsWithItsSignatureAndARecordOfKnownBytes) {
+    EXPECT_EQ(whole.substr(0, 64),
+              "Vrix registry journal 1\n\x1C\0\0\0\x3B\x37\x8B\x3B\x74\xF0\x2D\x52"
+              "\1\0\0\0\0\xF\0\0\0\0\0\0\0Software\\Vrix.T"s);
+}
+
+// What fits no tree, or what no call could have made.
+TEST(EmbeddedRegistry, ReplaysOnlyChangesThatItCouldHaveMade) {
+    using enum Change::Kind;
+    AnyStore store;
+    ASSERT_TRUE(store.replay(Change(makeKey, "Software\\a\\b")));
+    const std::string n256(256, 'n'), v16k(16'384, 'v');
+    const std::vector<Change> changes{
+        Change(makeKey, "\\Software\\x"),        Change(makeKey, "x"),
+        Change(makeKey, "Software\\A"),          Change(makeKey, "Software\\a\\" + n256),
+        Change(makeKey, "Software\\c\\" + n256), Change(makeKey, "Software\\x\0y"s),
+        Change(removeKey, "Software\\a"),        Change(removeKey, "Software"),
+        Change(removeKey, "Software\\x"),        Change(setValue, "Software\\x", "v"),
+        Change(setValue, "Software\\a", v16k),   Change(setValue, "Software\\a", "v\0"s),
+        Change(removeValue, "Software\\a", "v"), Change(static_cast<Change::Kind>(5), "Software\\a")};
+    for (const Change& change : changes) EXPECT_FALSE(store.replay(change)) << change.path.substr(0, 20);
+    EXPECT_EQ(listing(store, hive::localMachine), "Software{Classes{};a{b{};};};");
 }
 
 TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {

@@ -1,5 +1,6 @@
 #include "walk.h"
 
+#include <algorithm>
 #include <sstream>
 
 #include "forms/event.h"
@@ -40,42 +41,58 @@ Walk& Walk::start() {
     return *this;
 }
 
-Walk& Walk::addTopic(const std::string& name, const std::string& topicPath) {
-    user.type("TopicName", name).type("TopicPath", topicPath).press("CreateBtn");
+Walk& Walk::act(const std::string& words) {
+    std::istringstream stream(words);
+    for (std::string word; stream >> word;) {
+        std::replace(word.begin(), word.end(), '_', ' ');
+        const std::string name = word.substr(0, word.find_first_of("=*"));
+        const std::string value = word.substr(std::min(name.size() + 1, word.size()));
+        const Control* target = user.form().find(name);
+        if (dynamic_cast<const TextBox*>(target)) {
+            user.type(name, value);
+        } else if (dynamic_cast<const CheckBox*>(target)) {
+            user.check(name, value == "1");
+        } else if (dynamic_cast<const ComboBox*>(target)) {
+            user.choose(name, std::stoi(value));
+        } else if (dynamic_cast<const MarkList*>(target)) {
+            user.mark(name, std::abs(std::stoi(value)), value[0] != '-');
+        } else if (dynamic_cast<const OptionButton*>(target)) {
+            user.choose(name);
+        } else if (dynamic_cast<const TaskPicture*>(target)) {
+            user.pressTask(name);
+        } else {
+            for (int times = value.empty() ? 1 : std::stoi(value); times > 0; --times) user.press(name);
+        }
+    }
     return *this;
 }
 
 Walk& Walk::createTo(const std::string& page) {
     if (windows.visibleForms().empty()) start();
-    user.pressTask("CreateImg");
-    while (front() != page) {
+    for (act("CreateImg"); front() != page;) {
         const std::string here = front();
         fillLeast(here);
-        user.press("NextBtn");
-        if (front() == here) throw std::logic_error("stuck on " + here + ": " + message());
+        if (act("NextBtn").front() == here) throw std::logic_error("stuck on " + here + ": " + message());
     }
     return *this;
 }
 
 void Walk::fillLeast(const std::string& page) {
-    if (page == "Create2") user.type("ProductName", "Manual");
-    if (page == "Create3") user.type("CoverPage1", "c.doc").type("CoverPage1Name", "Cover");
-    if (page == "Create8") addTopic("Intro", "intro.doc").addTopic("Tools", "tools.doc");
-    if (page == "Create10") user.type("UserDef1Path", "field.doc");
+    if (page == "Create2") act("ProductName=Manual");
+    if (page == "Create3") act("CoverPage1=c.doc CoverPage1Name=Cover");
+    if (page == "Create8")
+        act("TopicName=Intro TopicPath=intro.doc CreateBtn TopicName=Tools TopicPath=tools.doc CreateBtn");
+    if (page == "Create10") act("UserDef1Path=field.doc");
 }
 
 Walk& Walk::createProduct(const std::string& name) {
     createTo("Create18");
     pages.create2.ProductKey.setText(name);
     pages.create2.ProductName.setText(name);
-    user.press("NextBtn");
-    return *this;
+    return act("NextBtn");
 }
 
-Walk& Walk::editProduct(int row) {
-    user.pressTask("EditImg").choose("ProductList", row).press("NextBtn");
-    return *this;
-}
+Walk& Walk::editProduct(int row) { return act("EditImg ProductList=" + std::to_string(row) + " NextBtn"); }
 
 void Walk::setOptions(unsigned run, const std::string& page) {
     for (int round = 0; round < 2; ++round) {  // a path turns on flags that were set before it
@@ -119,11 +136,14 @@ std::string ToldOption::content(unsigned run) const {
     return isNumber ? std::to_string(number >> run % 7 & 1) : "C:\\t" + std::to_string(100 * run + number);
 }
 
-std::vector<ToldOption> toldOptions() {
-    std::istringstream lines(expected("options.table"));
-    std::vector<ToldOption> all;
-    for (ToldOption o; lines >> o.name >> o.page >> o.control >> o.kind; ++o.number) all.push_back(o);
-    return all;
+const std::vector<ToldOption>& toldOptions() {
+    static const std::vector<ToldOption> told = [] {
+        std::istringstream lines(expected("options.table"));
+        std::vector<ToldOption> all;
+        for (ToldOption o; lines >> o.name >> o.page >> o.control >> o.kind; ++o.number) all.push_back(o);
+        return all;
+    }();
+    return told;
 }
 
 }  // namespace vrix

@@ -36,6 +36,8 @@ public:
     Walk();
     // On a store that another run of the program left behind.
     explicit Walk(std::shared_ptr<EmbeddedRegistry> left);
+    // At a page of the create chain.
+    explicit Walk(const std::string& page) : Walk() { createTo(page); }
 
     std::shared_ptr<EmbeddedRegistry> stored;
     EmbeddedRegistry& registry = *stored;
@@ -59,7 +61,10 @@ public:
     Walk& createProduct(const std::string& name);
     // From the main screen through the selection of a Product to the hub.
     Walk& editProduct(int row = 0);
-    Walk& addTopic(const std::string& name, const std::string& path);
+    // What a user does at the window in front, word by word: "NextBtn" presses, "OrderOption(2)" chooses;
+    // "TopicName=R&D" types, "ShowTOC=0" checks, "Topics=1" chooses a row, "DependsList=1" marks it, "DependsList=-1"
+    // takes the mark away. "_" stands for a blank. "NextBtn*3" presses three times.
+    Walk& act(const std::string& words);
     // Puts into the controls of the options, or of those on one page, their contents for that run.
     void setOptions(unsigned run, const std::string& page = {});
 
@@ -90,6 +95,6 @@ struct ToldOption {
     // A content for one of several runs: no two texts are alike, and no two flags are alike in seven runs on end.
     std::string content(unsigned run) const;
 };
-std::vector<ToldOption> toldOptions();
+const std::vector<ToldOption>& toldOptions();
 
 }  // namespace vrix
