@@ -7,6 +7,7 @@
 #include "forms/event.h"
 #include "makers/embedded/journal_registry.h"
 #include "pages/finish/settings_file.h"
+#include "stubs.h"
 #include "walk.h"
 
 namespace vrix {
@@ -17,8 +18,9 @@ using Input = FuzzedDataProvider;
 // What a target promises of the program. A promise that is not kept is a crash, which keeps its input.
 void promise(bool kept) { kept ? void() : std::abort(); }
 
-auto fuzzedStore() {
-    return std::make_shared<AnyStore>(nullptr, [](const std::string& name) { return std::optional(name + name); });
+// A store in which other programs may have left values of any type and size. It may refuse every change.
+std::shared_ptr<StubRegistry> fuzzedStore() {
+    return std::make_shared<StubRegistry>([](const std::string& name) { return std::optional(name + name); });
 }
 
 // A text as a path that leads nowhere but into the walk's own folder.
@@ -63,17 +65,16 @@ void work(Walk& walk, Input& input) {
         const bool yes = row < 64;
         if (!target.visible() || !target.enabled()) continue;
         const std::string& name = target.name();
-        const ControlKind kind = target.kind();
-        const std::string text = kind == ControlKind::textBox ? input.ConsumeRandomLengthString() : "";
+        const std::string text = is<TextBox>(target) ? input.ConsumeRandomLengthString() : "";
         walk.windows.answers = {yes ? Answer::ok : Answer::cancel};
         const bool writes = mayWrite(walk, name);
         const std::string before = writes ? "" : walk.tree();
-        if (kind == ControlKind::frame) walk.user.close();
-        if (kind == ControlKind::taskPicture) walk.user.pressTask(name, yes);
-        if (kind == ControlKind::imageButton) walk.user.press(name);
-        if (kind == ControlKind::checkBox) walk.user.check(name, yes);
-        if (kind == ControlKind::optionButton) walk.user.choose(name);
-        if (kind == ControlKind::textBox) walk.user.type(name, name == "SettingsPath" ? inside(walk, text) : text);
+        if (is<Frame>(target)) walk.user.close();
+        if (is<TaskPicture>(target)) walk.user.pressTask(name, yes);
+        if (is<ImageButton>(target)) walk.user.press(name);
+        if (is<CheckBox>(target)) walk.user.check(name, yes);
+        if (is<OptionButton>(target)) walk.user.choose(name);
+        if (is<TextBox>(target)) walk.user.type(name, name == "SettingsPath" ? inside(walk, text) : text);
         const auto* box = dynamic_cast<ComboBox*>(&target);
         if (box != nullptr && box->count() > 0) walk.user.choose(name, row % box->count());
         const auto* list = dynamic_cast<MarkList*>(&target);
@@ -118,15 +119,10 @@ void importFile(Input& input) {
     work(walk, input);
 }
 
-struct Disk final : JournalDisk {
-    bool acquire(const std::string&) override { return true; }
-    bool replace(const std::string& to, const std::string& by) override { return !std::rename(by.c_str(), to.c_str()); }
-};
-
 // A journal of any bytes, or of whole records of any bytes, is refused and left alone, or it is started, and holds at
 // its next start what it held after one more write.
 void journal(Input& input) {
-    Disk disk;
+    StubDisk disk;
     const std::string path = (std::filesystem::temp_directory_path() / "vrix_fuzz.journal").string();
     std::filesystem::remove(path);
     JournalFile file(path, disk);
@@ -134,7 +130,7 @@ void journal(Input& input) {
     while (input.ConsumeBool()) promise(file.append(input.ConsumeRandomLengthString()));
     std::ofstream(path, input.ConsumeBool() ? std::ios::app : std::ios::trunc) << input.ConsumeRemainingBytesAsString();
     std::filesystem::last_write_time(path, {});
-    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<Disk>()); };
+    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<StubDisk>()); };
     try {
         Walk walk(start());
         walk.put("Fuzzed", "name", "data");
@@ -170,7 +166,7 @@ void finish(Input& input) {
     pages.create2.ProductKey.setText(key);
     pages.create8.TopicNames.at(0) = text();
     for (const Option& option : pages.options.all()) {
-        if (option.control->kind() == ControlKind::textBox) option.control->restore(text());
+        if (is<TextBox>(*option.control)) option.control->restore(text());
     }
     walk.user.press("NextBtn");
     promiseSound(walk);

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "common/runtime_failure.h"
 #include "forms/event.h"
 #include "walk.h"

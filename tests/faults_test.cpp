@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "forms/event.h"
+#include "stubs.h"
 #include "walk.h"
 
 namespace vrix {
@@ -94,7 +95,9 @@ protected:
     }
 
     Outcome run(const Cells& plan, int first = -1, int last = -1) {
-        Walk walk(std::make_shared<AnyStore>(store_.get()));
+        const auto store = std::make_shared<StubRegistry>();
+        store->copy(*store_);
+        Walk walk(store);
         FailingMachine& machine = walk.machine;
         Outcome ran;
         writeBytes(walk.path("out"), "old\n");
@@ -177,7 +180,7 @@ protected:
     }
 
     TemporaryFolder folder_;
-    std::shared_ptr<AnyStore> store_ = std::make_shared<AnyStore>();
+    std::shared_ptr<StubRegistry> store_ = std::make_shared<StubRegistry>();
     std::vector<Cells> table_;
     static inline std::ostringstream report_;
 };

@@ -1,6 +1,6 @@
 #include "makers/embedded/memory_registry.h"
 #include "registry_suite.h"
-#include "walk.h"
+#include "stubs.h"
 
 namespace vrix {
 
@@ -69,7 +69,7 @@ TEST_F(JournalTest, BeginsWithItsSignatureAndARecordOfKnownBytes) {
 // What fits no tree, or what no call could have made.
 TEST(EmbeddedRegistry, ReplaysOnlyChangesThatItCouldHaveMade) {
     using enum Change::Kind;
-    AnyStore store;
+    StubRegistry store;
     ASSERT_TRUE(store.replay(Change(makeKey, "Software\\a\\b")));
     const std::string n256(256, 'n'), v16k(16'384, 'v');
     const std::vector<Change> changes{
@@ -99,8 +99,8 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     for (const std::string& record :
          {""s, std::string(12, '\1'), std::string(13, '\xFF'), "\5" + std::string(12, '\0')}) {
         writeBytes(path, whole);  // whole in itself, but no change that makes sense
-        const auto disk = testDisk(true);
-        JournalFile file(path, *disk);
+        StubDisk disk;
+        JournalFile file(path, disk);
         file.start([](const std::string&) { return true; });
         ASSERT_TRUE(file.append(record));
         EXPECT_EQ(outcome(path), damaged) << record;

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "forms/event.h"
+#include "stubs.h"
 
 namespace vrix {
 
@@ -28,7 +29,7 @@ void dump(cRegistry& cursor, const std::string& section, std::string& out) {
 
 // The environment knows DOCS alone.
 Walk::Walk()
-    : Walk(std::make_shared<AnyStore>(nullptr, [](const std::string& name) {
+    : Walk(std::make_shared<StubRegistry>([](const std::string& name) {
           return name == "DOCS" ? std::optional<std::string>("C:\\Docs") : std::nullopt;
       })) {}
 

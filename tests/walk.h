@@ -7,27 +7,13 @@
 #include <vector>
 
 #include "failing_machine.h"
+#include "files.h"
 #include "makers/embedded/embedded_registry.h"
 #include "makers/headless/headless_user.h"
 #include "makers/standard/standard_files.h"
 #include "program/program.h"
-#include "support.h"
 
 namespace vrix {
-
-// A store in memory that may begin as another one stands, takes changes past the program, and may refuse its own.
-class AnyStore final : public EmbeddedRegistry {
-public:
-    explicit AnyStore(const AnyStore* other = nullptr, Environment environment = {})
-        : EmbeddedRegistry(std::move(environment)) {
-        if (other != nullptr) other->forEachChange([this](const Change& change) { replay(change); });
-    }
-    using EmbeddedRegistry::replay;
-    RegistryStatus answer = RegistryStatus::success;
-
-private:
-    RegistryStatus persist(const Change&) override { return answer; }
-};
 
 // The whole program on a registry in memory, windows without a screen, a clock that stands, and files in a folder of
 // its own, with a user at its windows.

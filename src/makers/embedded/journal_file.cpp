@@ -75,14 +75,14 @@ void JournalFile::start(const Reader& reader) {
 }
 
 void JournalFile::open() {
-    stream_.reset(std::fopen(path_.c_str(), "ab"));
+    stream_.reset(disk_.open(path_, "ab"));
     if (!stream_) throw error(path_, "cannot be opened for writing.");
     // Without a buffer each write goes to the system at once, and none that was refused is tried again later.
     std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
 }
 
 void JournalFile::read(const Reader& reader) {
-    const Stream source(std::fopen(path_.c_str(), "rb"));
+    const Stream source(disk_.open(path_, "rb"));
     const auto unreadable = error(path_, "cannot be read.");
     const auto whole = source ? sizeOf(source.get()) : std::nullopt;
     if (!whole) throw unreadable;
@@ -134,13 +134,13 @@ bool JournalFile::append(const std::string& record) {
 }
 
 bool JournalFile::truncateToWhole() {
-    torn_ = !cutFile(path_, size_);
+    torn_ = !disk_.cut(path_, size_);
     return !torn_;
 }
 
 void JournalFile::rewrite(const std::function<void(const Writer& writer)>& content) {
     const std::string fresh = path_ + ".new";
-    std::FILE* target = std::fopen(fresh.c_str(), "wb");
+    std::FILE* target = disk_.open(fresh, "wb");
     if (target == nullptr) return;
     std::uint64_t size = signature.size();
     bool whole = write(target, signature);
@@ -156,7 +156,7 @@ void JournalFile::rewrite(const std::function<void(const Writer& writer)>& conte
         if (whole) size_ = size;
         open();
     }
-    if (!whole) removeFile(fresh);
+    if (!whole) disk_.remove(fresh);
 }
 
 }  // namespace vrix

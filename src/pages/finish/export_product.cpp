@@ -7,11 +7,12 @@
 #include "pages/finish/settings_file.h"
 #include "pages/wizard/product_options.h"
 #include "store/cregistry_functions.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
 void ProductExport::write(const std::string& path) {
-    root_ = toolkit_.edit1.ProductRegKey;
+    root_ = toolkit_.selectedProduct.ProductRegKey;
     SettingsFile file(toolkit_.platform.files, path);
     identity(file);
     header(file, "\\Dependencies");
@@ -19,11 +20,11 @@ void ProductExport::write(const std::string& path) {
     section(file, "\\Dependencies\\IndexTable", Data::plain);
     section(file, "\\Dependencies\\Matrix", Data::plain);
     section(file, "\\Topics", Data::path);
-    if (!toolkit_.edit1.isDeveloper) addedTopics(file);
-    statement([&] { file.blank(); });
+    if (!toolkit_.selectedProduct.isDeveloper) addedTopics(file);
+    statement_([&] { file.blank(); });
     options(file);
     smartFields(file);
-    statement([&] { file.close(); });
+    statement_([&] { file.close(); });
 }
 
 std::string ProductExport::read(const std::string& section, const std::string& name) const {
@@ -34,13 +35,13 @@ SettingsTable ProductExport::list(const std::string& below) const {
     return toolkit_.settings.GetAllSettings(application, root_ + below);
 }
 
-// A listing's rows are counted by their cells, in 16 bits.
+// Half of the listing's cells, which are counted in 16 bits.
 int ProductExport::rowsOf(const SettingsTable& table) const {
-    return halved(ignoreFailures_ ? cappedCount16(table.cellCount()) : count16(table.cellCount()));
+    return halved(statement_.ignoreFailures ? cappedCount16(table.cellCount()) : count16(table.cellCount()));
 }
 
 void ProductExport::header(SettingsFile& file, const std::string& below) {
-    statement([&] { file.header(root_ + below); });
+    statement_([&] { file.header(root_ + below); });
 }
 
 void ProductExport::section(SettingsFile& file, const std::string& below, Data data) {
@@ -52,29 +53,30 @@ void ProductExport::section(SettingsFile& file, const std::string& below, Data d
 void ProductExport::entries(SettingsFile& file, const SettingsTable& table, Data data) {
     const int rows = rowsOf(table);
     for (int r = 0; r < rows; ++r) {
-        statement([&] { file.entry(table.name(r), data == Data::path ? escapedPath(table.text(r)) : table.text(r)); });
+        statement_([&] { file.entry(table.name(r), data == Data::path ? escapedPath(table.text(r)) : table.text(r)); });
     }
 }
 
 void ProductExport::identity(SettingsFile& file) {
-    const Edit1& selected = toolkit_.edit1;
-    const std::string name = selected.ProductList.text();
+    const SelectedProduct& selected = toolkit_.selectedProduct;
+    const std::string name = toolkit_.edit1.ProductList.text();
     file.header(selected.listSection());
-    // The develop tree's section is asked for with a leading separator, which counts for nothing.
+    // The leading separator doubles the one before it, and the registry takes both as one.
     file.entry(name, read(selected.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
     file.blank();
     file.header(root_);
+    // Not the "Creation Date" of a new Product: the two names are on purpose.
     file.entry("CreationDate", read(root_, "CreationDate"));
     file.blank();
 }
 
-// Whether there are added Topics shows by a failure, and the trap taken up for it stays to the end of the file.
+// The test for added Topics is a statement that may fail. From it to the end of the file failures are ignored.
 void ProductExport::addedTopics(SettingsFile& file) {
     const SettingsTable added = list("\\Toolkit\\Topics");
-    ignoreFailures_ = true;
+    statement_.ignoreFailures = true;
     if (!added.isTable()) return;
     header(file, "\\Toolkit");
-    statement([&] { file.blank(); });
+    statement_([&] { file.blank(); });
     header(file, "\\Toolkit\\Topics");
     entries(file, added, Data::path);
 }
@@ -86,26 +88,26 @@ void ProductExport::options(SettingsFile& file) {
         return std::any_of(all.begin(), all.end(), [&](const Option& o) { return o.isPath && o.name == name; });
     };
     SettingsTable table;
-    statement([&] { table = list("\\Options"); });
+    statement_([&] { table = list("\\Options"); });
     int rows = 0;
-    statement([&] { rows = rowsOf(table); });
+    statement_([&] { rows = rowsOf(table); });
     for (int r = 0; r < rows; ++r) {
         if (isPathName(table.name(r))) continue;
-        statement([&] { file.entry(table.name(r), table.text(r)); });
+        statement_([&] { file.entry(table.name(r), table.text(r)); });
     }
     for (const Option& option : all) {
         if (!option.isPath) continue;
-        statement([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
+        statement_([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
     }
-    statement([&] { file.blank(); });
+    statement_([&] { file.blank(); });
 }
 
 void ProductExport::smartFields(SettingsFile& file) {
-    ignoreFailures_ = true;
+    statement_.ignoreFailures = true;
     header(file, "\\SmartFields");
     ignoring([&] { entries(file, list("\\SmartFields"), Data::plain); });
-    statement([&] { file.blank(); });
-    statement([&] { file.blank(); });
+    statement_([&] { file.blank(); });
+    statement_([&] { file.blank(); });
 }
 
 }  // namespace vrix

@@ -15,22 +15,14 @@ class ProductExport {
 public:
     explicit ProductExport(const Toolkit& toolkit) : toolkit_(toolkit) {}
 
-    // Failures as in Files, and 13 or 9 for a listing without values; the file is left as far as written. On a Product
-    // of the installed tree failures are ignored, statement by statement, from its added Topics to the end; on another
-    // one, from its SmartFields.
+    // Failures as in Files, and 13 or 9 for a listing without values; what was written until then stays in the file.
+    // From some point to the end each statement that fails is skipped: in the installed tree from the added Topics on,
+    // in the develop tree from the SmartFields on.
     void write(const std::string& path);
 
 private:
     enum class Data { plain, path };
 
-    template <class Statement>
-    void statement(Statement&& run) {
-        if (ignoreFailures_) {
-            ignoring(run);
-        } else {
-            run();
-        }
-    }
     std::string read(const std::string& section, const std::string& name) const;
     SettingsTable list(const std::string& below) const;
     int rowsOf(const SettingsTable& table) const;
@@ -44,7 +36,7 @@ private:
 
     const Toolkit& toolkit_;
     std::string root_;
-    bool ignoreFailures_ = false;
+    StatementRunner statement_;
 };
 
 }  // namespace vrix

@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <array>
 
-#include "forms/control.h"
-#include "pages/edit/edit1.h"
+#include "pages/wizard/fields_page.h"
 #include "store/cregistry_functions.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
 namespace {
 
-// A row of the table: the value, and the page and control that it is written from. A row with a count stands for its
-// members "1" to that count, the number taking the place of "#". The page of a user defined field goes by its number.
+// A row of the table: the name of a value, and the page and control that hold it. A row with a count stands for that
+// many values, with the numbers from 1 in the place of "#". The page of a user defined field depends on its number.
 struct Row {
     std::string_view value;
     std::string_view page;
@@ -64,12 +64,6 @@ constexpr int optionCount(const auto& table) {
 }
 static_assert(optionCount(rows) == 88);
 
-std::string_view pageOfField(int number) {
-    if (number <= 3) return "Create10";
-    if (number <= 5) return "Create11";
-    return number <= 8 ? "Create12" : "Create13";
-}
-
 std::string numbered(std::string_view pattern, int number) {
     std::string name(pattern);
     return name.replace(name.find('#'), 1, std::to_string(number));
@@ -83,7 +77,7 @@ ProductOptions::ProductOptions(const Toolkit& toolkit) : toolkit_(toolkit) {
             options_.push_back({std::string(row.value), &control(toolkit, row.page, row.control), row.isPath});
         }
         for (int n = 1; n <= row.count; ++n) {
-            const std::string_view page = row.page == fieldPage ? pageOfField(n) : row.page;
+            const std::string_view page = row.page == fieldPage ? fieldsPage(toolkit, n).name() : row.page;
             Control& member = control(toolkit, page, numbered(row.control, n));
             options_.push_back({numbered(row.value, n), &member, row.isPath});
         }
@@ -94,7 +88,7 @@ const Option& ProductOptions::of(const Control& control) const {
     return *std::find_if(options_.begin(), options_.end(), [&](const Option& o) { return o.control == &control; });
 }
 
-std::string ProductOptions::section() const { return toolkit_.edit1.ProductRegKey + "\\Options"; }
+std::string ProductOptions::section() const { return toolkit_.selectedProduct.ProductRegKey + "\\Options"; }
 
 void ProductOptions::load(const std::vector<Control*>& controls) const {
     for (Control* control : controls) {

@@ -12,10 +12,8 @@ namespace vrix {
 struct TemporaryFolder {
     TemporaryFolder() { std::filesystem::create_directories(folder); }
     ~TemporaryFolder() { std::filesystem::remove_all(folder); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
     std::string path(const std::string& name) const { return (folder / name).string(); }
-
-    const std::filesystem::path folder =
+    std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("vrix_test_" + std::to_string(std::random_device{}()));
 };
 
