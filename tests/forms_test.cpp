@@ -117,41 +117,32 @@ TEST(HeadlessUser, DoesOnlyWhatAUserCould) {
 }
 
 TEST(ImageButtons, KeepToOneFaceThroughHoverPressAndRelease) {
-    using Face = ImageButton::Face;
     HeadlessWindows windows;
     Bench form(windows);
+    ImageButton& next = form.NextBtn;
+    ImageButton& back = form.BackBtn;
     int actions = 0;
-    form.NextBtn.action = [&] { ++actions; };
-
-    form.NextBtn.moveOverPicture(false);
-    EXPECT_EQ(form.NextBtn.face(), Face::hover);
-    form.BackBtn.moveOverLabel();
-    EXPECT_EQ(form.NextBtn.face(), Face::normal);  // the neighbour's hover put it back
-    EXPECT_EQ(form.BackBtn.face(), Face::hover);
-    form.mouseMove();
-    EXPECT_EQ(form.BackBtn.face(), Face::normal);
-
-    form.BackBtn.moveOverPicture(true);  // held, coming from elsewhere: nothing over the picture
-    EXPECT_EQ(form.BackBtn.face(), Face::normal);
-    form.BackBtn.moveOverLabel();
-    EXPECT_EQ(form.BackBtn.face(), Face::hover);
-
-    form.NextBtn.mouseDown();
-    EXPECT_EQ(form.NextBtn.face(), Face::pressed);
-    form.NextBtn.moveOverLabel();
-    EXPECT_EQ(form.NextBtn.face(), Face::pressed);
-    form.NextBtn.mouseUp();
-    EXPECT_EQ(form.NextBtn.face(), Face::hover);
-    EXPECT_EQ(actions, 1);
-
-    form.NextBtn.setDisabled(true);
-    form.NextBtn.mouseDown();
-    form.NextBtn.moveOverPicture(false);
-    form.NextBtn.moveOverLabel();
-    form.NextBtn.mouseUp();
-    form.resetButtons();
-    EXPECT_EQ(form.NextBtn.face(), Face::disabled);
-    EXPECT_EQ(actions, 1);
+    next.action = [&] { ++actions; };
+    // Behind each gesture the faces of both, "n"ormal, "h"over, "p"ressed or "d"isabled, and how often Next acted.
+    const std::vector<std::pair<std::string, std::function<void()>>> gestures{
+        {"hn0", [&] { next.moveOverPicture(false); }},
+        {"nh0", [&] { back.moveOverLabel(); }},  // the neighbour's hover put it back
+        {"nn0", [&] { form.mouseMove(); }},
+        {"nn0", [&] { back.moveOverPicture(true); }},  // held, coming from elsewhere: nothing over the picture
+        {"nh0", [&] { back.moveOverLabel(); }},
+        {"ph0", [&] { next.mouseDown(); }},
+        {"ph0", [&] { next.moveOverLabel(); }},
+        {"hh1", [&] { next.mouseUp(); }},
+        {"dh1", [&] { next.setDisabled(true); }},
+        {"dh1", [&] { next.mouseDown(), next.moveOverPicture(false), next.moveOverLabel(), next.mouseUp(); }},
+        {"dn1", [&] { form.resetButtons(); }},
+    };
+    for (std::size_t n = 0; n < gestures.size(); ++n) {
+        gestures[n].second();
+        std::string faces;
+        for (const ImageButton* button : {&next, &back}) faces += "nhpd"[static_cast<int>(button->face())];
+        EXPECT_EQ(faces + std::to_string(actions), gestures[n].first) << n;
+    }
 }
 
 TEST(Lists, RaiseTheirClickWhenTheCurrentRowChanges) {
