@@ -28,8 +28,7 @@ void Create18::initThis18() {
 std::string Create18::regslashes(const std::string& path) { return escapedPath(path); }
 
 void Create18::browse1This18() {
-    CommonDialog1.ShowSave();
-    SettingsPath.setText(CommonDialog1.FileName);
+    if (CommonDialog1.ShowSave()) SettingsPath.setText(CommonDialog1.FileName);
 }
 
 void Create18::nextThis18() {
