@@ -11,16 +11,32 @@ namespace {
 
 const std::string endless(300, 'W');
 
-// The window of the form that is on the screen.
-HWND shownForm() {
-    HWND form = nullptr;
+std::string className(HWND window) {
+    char name[20]{};
+    GetClassNameA(window, name, sizeof(name));
+    return name;
+}
+
+// The frames that are on the screen, the front one first.
+std::vector<HWND> shownFrames() {
+    std::vector<HWND> frames;
     const auto take = [](HWND window, LPARAM found) WINAPI -> BOOL {
-        if (IsWindowVisible(window) && GetWindow(window, GW_CHILD) != nullptr) *reinterpret_cast<HWND*>(found) = window;
+        const bool shown = IsWindowVisible(window) && className(window) == "VrixFrame";
+        if (shown) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
         return TRUE;
     };
-    EnumThreadWindows(GetCurrentThreadId(), take, reinterpret_cast<LPARAM>(&form));
+    EnumThreadWindows(GetCurrentThreadId(), take, reinterpret_cast<LPARAM>(&frames));
+    return frames;
+}
+
+// The window of the form in a frame.
+HWND formIn(HWND frame) {
+    HWND form = GetWindow(frame, GW_CHILD);
+    while (form != nullptr && !(GetWindowLongA(form, GWL_STYLE) & WS_VISIBLE)) form = GetWindow(form, GW_HWNDNEXT);
     return form;
 }
+
+HWND shownForm() { return shownFrames().empty() ? nullptr : formIn(shownFrames().front()); }
 
 std::vector<ControlWindow*> shownControls() {
     std::vector<ControlWindow*> found;
@@ -111,7 +127,7 @@ TEST_F(ScreenTest, FitsAtEveryScaleWithTextsOfAnyLength) {
         for (const int dpi : {96, 120, 144, 192, 288}) {
             SCOPED_TRACE(dpi);
             const RECT corner{};
-            SendMessageA(shownForm(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&corner));
+            SendMessageA(shownFrames().front(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&corner));
             RECT client{};
             GetClientRect(shownForm(), &client);
             const Style style(MulDiv(client.right, 96, form.size().width));
