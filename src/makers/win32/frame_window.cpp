@@ -16,7 +16,6 @@ namespace {
 
 constexpr DWORD borderedStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr DWORD borderlessStyle = WS_POPUP | WS_CLIPCHILDREN;
-constexpr UINT getDpiScaledSize = 0x02E4;  // WM_GETDPISCALEDSIZE
 
 HICON programIcon(int width, int height) {
     return static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
@@ -214,7 +213,7 @@ std::optional<LRESULT> FrameWindow::message(UINT message, WPARAM wParam, LPARAM 
         case WM_EXITSIZEMOVE: dragged_ = false; return 0;
         case WM_MOVE: moved(); return 0;
         case WM_SIZE: sized(wParam == SIZE_MINIMIZED); return 0;
-        case getDpiScaledSize:
+        case WM_GETDPISCALEDSIZE:
             if (page_ == nullptr) return std::nullopt;
             *reinterpret_cast<SIZE*>(lParam) = sizeAt(static_cast<int>(wParam));
             return TRUE;
