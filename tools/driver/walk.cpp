@@ -296,7 +296,8 @@ private:
     void speak() const {
         std::cout << '"' << textOf(window_) << "\": " << name_ << '\n';
         for (const HWND control : controlsOf(window_)) {
-            if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || GetParent(control) != window_) continue;
+            const bool itsOwn = GetParent(control) == window_ || isClass(GetParent(control), "VrixForm");
+            if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || !itsOwn) continue;
             const std::string spoken = spokenNameOf(control);
             std::cout << "    " << spoken << '\n';
             if (spoken.empty() && live(control) && !isDialog(window_))
