@@ -228,9 +228,11 @@ TEST_F(ScreenTest, KeepsTheFocusWhileAwayAndBeginsANewPageAtItsFirstInput) {
     press(pages.create5.NextBtn);
     const HWND path = windowOf(*pages.create6.find("TOCPath"));
     EXPECT_EQ(GetFocus(), path);
+    SetFocus(windowOf(pages.create6.ExitBtn));
     press(pages.create6.BackBtn);
     EXPECT_EQ(GetFocus(), box);
     press(pages.create5.NextBtn);
+    EXPECT_EQ(GetFocus(), path);
     // Minimised. A change of the scale waits.
     screen.event([&] { pages.create6.find("TOCPath")->restore("a path"); });
     SendMessageA(path, EM_SETSEL, 1, 3);
