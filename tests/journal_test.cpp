@@ -144,4 +144,36 @@ TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
     EXPECT_EQ(outcome(path), before);
 }
 
+TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfTheOldOne) {
+    auto own = std::make_unique<StubDisk>();
+    StubDisk& disk = *own;
+    JournalRegistry registry(path, {}, std::move(own));
+    const auto write = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            EXPECT_EQ(registry.setValue(hive::classesRoot, "v", 4, &i, 4), RegistryStatus::success);
+        }
+    };
+    write(3);
+    EXPECT_EQ(disk.log, "");
+    registry.sync();
+    registry.sync();
+    EXPECT_EQ(disk.log, "sync ");
+    disk.syncs = false;
+    write(1);
+    registry.sync();
+    registry.sync();  // tried again
+    EXPECT_EQ(disk.log, "sync sync sync ");
+    write(999);
+
+    for (const bool syncs : {false, true}) {
+        StubDisk other;
+        other.syncs = syncs;
+        JournalFile file(path, other);
+        file.start([](const std::string&) { return true; });
+        file.rewrite([](const JournalFile::Writer&) {});
+        EXPECT_EQ(other.log, syncs ? "sync replace " : "sync ");
+        EXPECT_EQ(bytesOf(path).size() == signature, syncs);
+    }
+}
+
 }  // namespace vrix

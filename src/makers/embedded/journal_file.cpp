@@ -86,7 +86,7 @@ void JournalFile::read(const Reader& reader) {
     const auto unreadable = error(path_, "cannot be read.");
     const auto whole = source ? sizeOf(source.get()) : std::nullopt;
     if (!whole) throw unreadable;
-    // Bytes that must be there: one that the disk does not give is no end of the file.
+    // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
     const auto take = [&](std::uint64_t count) {
         std::string bytes(static_cast<std::size_t>(count), '\0');
         if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
@@ -123,6 +123,7 @@ void JournalFile::read(const Reader& reader) {
 bool JournalFile::append(const std::string& record) {
     if (torn_ && !truncateToWhole()) return false;
     const std::string frame = framed(record);
+    synced_ = false;
     if (write(stream_.get(), frame)) {
         size_ += frame.size();
         return true;
@@ -131,6 +132,10 @@ bool JournalFile::append(const std::string& record) {
     torn_ = true;
     truncateToWhole();
     return false;
+}
+
+void JournalFile::sync() {
+    if (!synced_) synced_ = disk_.sync(stream_.get());
 }
 
 bool JournalFile::truncateToWhole() {
@@ -149,6 +154,8 @@ void JournalFile::rewrite(const std::function<void(const Writer& writer)>& conte
         whole = whole && write(target, frame);
         size += frame.size();
     });
+    // On the disk before it takes the old one's place: else a loss of power could leave neither.
+    whole = whole && std::fflush(target) == 0 && disk_.sync(target);
     if (std::fclose(target) != 0) whole = false;
     if (whole) {
         stream_.reset();

@@ -108,9 +108,9 @@ void Win32Screen::event(const std::function<void()>& event) {
     if (quiet_ || ended_) return;
     runEvent(*this, [&] {
         event();
+        onPause();
         if (!ended_) catchUp();
     });
-    onPause();
 }
 
 void Win32Screen::quietly(const std::function<void()>& change) {
