@@ -1,6 +1,7 @@
 #include "common/code_page.h"
 
 #include "files.h"
+#include "makers/embedded/memory_registry.h"
 #include "pages/finish/settings_file.h"
 #include "walk.h"
 

@@ -10,8 +10,8 @@ while read -r locale code_page docs rigging safety sample; do
         s/Tools/$docs/g; s/R&D/$rigging\&$docs/g; s/Server/$safety/g"
     bash tests/driven/sample_on_registry.sh && bash tests/driven/edit_on_registry.sh || failed="${failed:-} $code_page"
 done <<END
-ja_JP CP932 予定表 ポンプｶﾅ アゼ暸 漢字
-zh_CN CP936 日乗 東億 傾遊 汉字
+ja_JP CP932 予定表 ポンプｶﾅ 暸アゼ 漢字
+zh_CN CP936 日乗 東億 遊傾 汉字
 ko_KR CP949 똀 쁀셱 좥 한글
 zh_TW CP950 成功 四院 服加 圖表
 END

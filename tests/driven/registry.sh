@@ -10,7 +10,9 @@ store() {
     wine reg query 'HKLM\Software\Vrix' /s 2>/dev/null | iconv -f "$code_page" -t UTF-8 | tr -d '\r' | awk '
         /^HKEY_/ { key = substr($0, length("HKEY_LOCAL_MACHINE\\Software\\Vrix") + 1); print key "|"; next }
         match($0, /    REG_(EXPAND_)?SZ    ?/) {
-            print key "|" substr($0, 5, RSTART - 5) "=" substr($0, RSTART + RLENGTH)
+            name = substr($0, 5, RSTART - 5)
+            sub(/^\(.*\)$/, "(Default)", name)  # which the tool says in the language of the system
+            print key "|" name "=" substr($0, RSTART + RLENGTH)
         }' | sort
 }
 

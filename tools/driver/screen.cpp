@@ -120,7 +120,10 @@ std::string textOf(HWND window) {
 }
 
 bool live(HWND window) {
-    return IsWindowVisible(window) && IsWindowEnabled(window) && IsWindowEnabled(GetAncestor(window, GA_ROOT));
+    if (!IsWindowVisible(window)) return false;
+    const HWND desktop = GetDesktopWindow();
+    while (window != desktop && IsWindowEnabled(window)) window = GetAncestor(window, GA_PARENT);
+    return window == desktop;
 }
 
 RECT areaOf(HWND window) {

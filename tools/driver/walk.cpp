@@ -2,8 +2,8 @@
 //     vrix_driver WALK [NAME=VALUE ...]
 // A walk is UTF-8 and has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in
 // double quotes as they are on the screen, single words need none, a name in braces stands for a value given to the
-// driver. "pictures" names the folder for pictures; "hands=keyboard" leaves the mouse alone. What each window gives a
-// screen reader to say is printed. The exit code is 0 for a walk that came true in every step.
+// driver. "pictures" names the folder for pictures, where any are wanted; "hands=keyboard" leaves the mouse alone. What
+// each window gives a screen reader to say is printed. The exit code is 0 for a walk that came true in every step.
 
 #include <objbase.h>
 
@@ -171,7 +171,7 @@ private:
             const HWND focus = focusOf(window);
             return isDialog(window) && textOf(window) == step.text(1) && focus != nullptr && isClass(focus, "EDIT");
         });
-        if (step.targets.size() > 2) typeInto(focusOf(window_), step.text(2));
+        if (step.targets.size() > 2) typeInto(focusOf(window_), step.text(2), step.text(2));
         leave();
         pressKeys(step.targets.size() > 2 ? "Enter" : "Esc");
         dialogEnds();
@@ -187,11 +187,12 @@ private:
         drag(middleOf(area), step.verb == "slip" ? POINT{area.right + 2, area.bottom + 2} : middleOf(area));
     }
 
+    // Types a text, of which the box may show something else.
     void type(const Step& step) {
         const HWND box = findLive(step.target(0));
         click(box, areaOf(box));
         await("focus in the box", [&] { return focusOf(window_) == box; });
-        typeInto(box, step.text(1));
+        typeInto(box, step.text(1), step.text(step.targets.size() > 2 ? 2 : 1));
     }
 
     void check(const Step& step) {
@@ -282,12 +283,14 @@ private:
     // Takes the window's picture if there is none yet. The pointer goes aside first, to where it is over no control.
     void leave() {
         if (name_.empty()) return;
-        POINT corner{3, 3};
-        ClientToScreen(window_, &corner);
-        moveTo(corner);
-        const std::string number = std::to_string(pictured_.size());
         speak();
-        takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
+        if (!pictures_.empty()) {
+            POINT corner{3, 3};
+            ClientToScreen(window_, &corner);
+            moveTo(corner);
+            const std::string number = std::to_string(pictured_.size());
+            takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
+        }
         name_.clear();
     }
 
@@ -295,7 +298,8 @@ private:
     void speak() const {
         std::cout << '"' << textOf(window_) << "\": " << name_ << '\n';
         for (const HWND control : controlsOf(window_)) {
-            if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || GetParent(control) != window_) continue;
+            const bool itsOwn = GetParent(control) == window_ || isClass(GetParent(control), "VrixForm");
+            if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || !itsOwn) continue;
             const std::string spoken = spokenNameOf(control);
             std::cout << "    " << spoken << '\n';
             if (spoken.empty() && live(control) && !isDialog(window_))
@@ -369,11 +373,11 @@ private:
         }
     }
 
-    void typeInto(HWND box, const std::string& text) const {
+    void typeInto(HWND box, const std::string& text, const std::string& shown) const {
         for (const char* keys : {"Home", "Shift+End", "Delete"}) pressKeys(keys);
         await("empty box", [&] { return textOf(box).empty(); });
         typeCharacters(text);
-        await("such text in the box", [&] { return textOf(box) == text; });
+        await("such text in the box", [&] { return textOf(box) == shown; });
     }
 
     std::string pictures_;
