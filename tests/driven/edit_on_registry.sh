@@ -11,7 +11,7 @@ mkdir -p "$out"
 empty_store
 merge tests/expected/sample.kls
 store >"$out/before"
-drive tests/walks/edit.walk build/win64/VrixToolkit.exe "$out"
+drive tests/walks/edit.walk "build/$preset/VrixToolkit.exe" "$out"
 store >"$out/store"
 
 # What was edited, and only that. An unnamed value stands behind the rewritten Topics' index and matrix.
@@ -43,5 +43,5 @@ empty_store
 merge "$out/edited.kls"
 store | values | grep -v Dependencies | diff - <(values <"$out/store" | grep -v Dependencies)
 
-drive tests/walks/delete.walk build/win64/VrixToolkit.exe "$out/delete"
+drive tests/walks/delete.walk "build/$preset/VrixToolkit.exe" "$out/delete"
 [ "$(store)" = '\Toolkit\Products|'$'\n''\Toolkit|' ]

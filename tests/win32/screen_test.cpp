@@ -14,7 +14,7 @@ const std::string endless(300, 'W');
 // The window of the form that is on the screen.
 HWND shownForm() {
     HWND form = nullptr;
-    const auto take = [](HWND window, LPARAM found) -> BOOL {
+    const auto take = [](HWND window, LPARAM found) CALLBACK -> BOOL {
         if (IsWindowVisible(window) && GetWindow(window, GW_CHILD) != nullptr) *reinterpret_cast<HWND*>(found) = window;
         return TRUE;
     };
