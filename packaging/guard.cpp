@@ -1,4 +1,5 @@
 #include <windows.h>
+
 #include <msi.h>
 #include <msiquery.h>
 
@@ -18,6 +19,18 @@ bool runs(const wchar_t* path) {
     return false;
 }
 
+// Sets the program to one in the folder that runs. False if none does.
+bool findRunning(const wchar_t* folder, WIN32_FIND_DATAW& program) {
+    wchar_t path[longest + MAX_PATH];
+    const auto inFolder = [&](const wchar_t* name) { return lstrcatW(lstrcpyW(path, folder), name); };
+    const HANDLE found = FindFirstFileW(inFolder(L"*.exe"), &program);
+    if (found == INVALID_HANDLE_VALUE) return false;
+    bool running = runs(inFolder(program.cFileName));
+    while (!running && FindNextFileW(found, &program)) running = runs(inFolder(program.cFileName));
+    FindClose(found);
+    return running;
+}
+
 void tell(MSIHANDLE install, const wchar_t* program) {
     PMSIHANDLE message = MsiCreateRecord(1);
     MsiRecordSetStringW(message, 0, L"[1] is running. Please close it and start again.");
@@ -30,22 +43,10 @@ void tell(MSIHANDLE install, const wchar_t* program) {
 // Ends the installation with the code 1602 while a program in its folder runs, nothing being changed yet.
 extern "C" __declspec(dllexport) UINT WINAPI refuseWhileRunning(MSIHANDLE install) {
     wchar_t folder[longest];
-    wchar_t path[longest + MAX_PATH];
     DWORD length = longest;
-    if (MsiGetPropertyW(install, L"INSTALLDIR", folder, &length) != ERROR_SUCCESS) return ERROR_SUCCESS;
-    lstrcpyW(path, folder);
-    lstrcatW(path, L"*.exe");
     WIN32_FIND_DATAW program;
-    const HANDLE found = FindFirstFileW(path, &program);
-    if (found == INVALID_HANDLE_VALUE) return ERROR_SUCCESS;
-    bool refused = false;
-    do {
-        lstrcpyW(path, folder);
-        lstrcatW(path, program.cFileName);
-        refused = runs(path);
-    } while (!refused && FindNextFileW(found, &program));
-    FindClose(found);
-    if (!refused) return ERROR_SUCCESS;
+    if (MsiGetPropertyW(install, L"INSTALLDIR", folder, &length) != ERROR_SUCCESS) return ERROR_SUCCESS;
+    if (!findRunning(folder, program)) return ERROR_SUCCESS;
     tell(install, program.cFileName);
     return ERROR_INSTALL_USEREXIT;
 }

@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by ./test and scripts/x86: what passed and what failed, and the last line that says how many.
+# Sourced by ./test and scripts/x86 after wine.sh: what passed and what failed, and the last line that says how many.
 
 passed=0
 failed=0
