@@ -156,7 +156,7 @@ Section Program program
 
   CreateDirectory "${LINKS}"
   CreateShortcut "${LINKS}\Administrator's Guide.lnk" $INSTDIR\Guide.html
-  StrCpy $OUTDIR "%USERPROFILE%\Documents"  # where the programs start
+  StrCpy $OUTDIR "%USERPROFILE%\Documents"  # where the programs start, for each user
   CreateShortcut "${LINKS}\Vrix Administrative Toolkit.lnk" $INSTDIR\VrixToolkit.exe
   CreateShortcut "${LINKS}\Vrix Administrative Toolkit (Trial).lnk" $INSTDIR\VrixToolkitTrial.exe
 
