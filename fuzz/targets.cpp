@@ -6,7 +6,7 @@
 
 #include "forms/event.h"
 #include "makers/embedded/journal_registry.h"
-#include "pages/finish/settings_file.h"
+#include "store/settings_file.h"
 #include "walk.h"
 
 namespace vrix {

@@ -10,6 +10,7 @@
 
 #include "makers/win32/win32_registry.h"
 #include "makers/win32/win32_screen.h"
+#include "pages/edit/edit1.h"
 #include "product.h"
 
 namespace vrix::bench {
@@ -202,7 +203,8 @@ void measureTools(const Scale& scale, const std::string& folder) {
         finish();
         chooseProduct(running.pages);
         const Work exportIt = [&] {
-            ProductExport(running.pages).write(file);
+            ProductExport(running.pages.settings, running.pages.edit1.ProductRegKey, running.pages.edit1.isDeveloper)
+                .write(running.pages.platform.files, file, running.pages.edit1.ProductList.text());
             endEvent(store);
         };
         BareKey(store, "Software\\Vrix\\Tiny", BareKey::For::writing);

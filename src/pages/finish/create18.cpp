@@ -1,10 +1,11 @@
 #include "pages/finish/create18.h"
 
-#include "pages/finish/export_product.h"
+#include "pages/edit/edit1.h"
 #include "pages/finish/new_product.h"
-#include "pages/finish/settings_file.h"
 #include "pages/wizard/create17.h"
 #include "platform/clock.h"
+#include "store/product_export.h"
+#include "store/settings_file.h"
 
 namespace vrix {
 
@@ -63,7 +64,9 @@ void Create18::finish() {
 // Without a path nothing happens at all, whatever was answered.
 void Create18::exportProduct() {
     if (SettingsPath.text().empty()) return;
-    ProductExport(toolkit).write(SettingsPath.text());
+    const Edit1& selected = toolkit.edit1;
+    ProductExport(toolkit.settings, selected.ProductRegKey, selected.isDeveloper)
+        .write(toolkit.platform.files, SettingsPath.text(), selected.ProductList.text());
     endEdit(Edit);
 }
 

@@ -14,7 +14,7 @@ struct Option {
     bool isPath;
 };
 
-// All options of a Product, in the order in which a new Product is stored. It alone spells their names. Sections are
+// All options of a Product, in the order in which a new Product is stored, with the controls of the pages. Sections are
 // those of the Product selected for editing.
 class ProductOptions {
 public:

@@ -1,25 +1,21 @@
-#include "pages/finish/export_product.h"
-
-#include <algorithm>
+#include "store/product_export.h"
 
 #include "common/number.h"
-#include "pages/edit/edit1.h"
-#include "pages/finish/settings_file.h"
-#include "pages/wizard/product_options.h"
 #include "store/cregistry_functions.h"
+#include "store/option_table.h"
+#include "store/settings_file.h"
 
 namespace vrix {
 
-void ProductExport::write(const std::string& path) {
-    root_ = toolkit_.edit1.ProductRegKey;
-    SettingsFile file(toolkit_.platform.files, path);
-    identity(file);
+void ProductExport::write(Files& files, const std::string& path, const std::string& name) {
+    SettingsFile file(files, path);
+    identity(file, name);
     header(file, "\\Dependencies");
     file.blank();
     section(file, "\\Dependencies\\IndexTable", Data::plain);
     section(file, "\\Dependencies\\Matrix", Data::plain);
     section(file, "\\Topics", Data::path);
-    if (!toolkit_.edit1.isDeveloper) addedTopics(file);
+    if (!isDeveloper_) statement([&] { addedTopics(file); });
     statement([&] { file.blank(); });
     options(file);
     smartFields(file);
@@ -27,11 +23,11 @@ void ProductExport::write(const std::string& path) {
 }
 
 std::string ProductExport::read(const std::string& section, const std::string& name) const {
-    return toolkit_.settings.GetSetting(application, section, name, "");
+    return settings_.GetSetting(application, section, name, "");
 }
 
 SettingsTable ProductExport::list(const std::string& below) const {
-    return toolkit_.settings.GetAllSettings(application, root_ + below);
+    return settings_.GetAllSettings(application, root_ + below);
 }
 
 // A listing's rows are counted by their cells, in 16 bits.
@@ -45,7 +41,7 @@ void ProductExport::header(SettingsFile& file, const std::string& below) {
 
 void ProductExport::section(SettingsFile& file, const std::string& below, Data data) {
     header(file, below);
-    entries(file, list(below), data);
+    statement([&] { entries(file, list(below), data); });
     file.blank();
 }
 
@@ -56,12 +52,10 @@ void ProductExport::entries(SettingsFile& file, const SettingsTable& table, Data
     }
 }
 
-void ProductExport::identity(SettingsFile& file) {
-    const Edit1& selected = toolkit_.edit1;
-    const std::string name = selected.ProductList.text();
-    file.header(selected.listSection());
+void ProductExport::identity(SettingsFile& file, const std::string& name) {
+    file.header(isDeveloper_ ? "Toolkit\\Products" : "Products");
     // The develop tree's section is asked for with a leading separator, which counts for nothing.
-    file.entry(name, read(selected.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
+    file.entry(name, read(isDeveloper_ ? "\\Toolkit\\Products" : "Products", name));
     file.blank();
     file.header(root_);
     file.entry("CreationDate", read(root_, "CreationDate"));
@@ -81,9 +75,9 @@ void ProductExport::addedTopics(SettingsFile& file) {
 
 void ProductExport::options(SettingsFile& file) {
     header(file, "\\Options");
-    const std::vector<Option>& all = toolkit_.options.all();
-    const auto isPathName = [&](const std::string& name) {
-        return std::any_of(all.begin(), all.end(), [&](const Option& o) { return o.isPath && o.name == name; });
+    const auto isPathName = [](const std::string& name) {
+        const OptionRow* known = findOption(name);
+        return known != nullptr && known->kind == OptionKind::path;
     };
     SettingsTable table;
     statement([&] { table = list("\\Options"); });
@@ -93,8 +87,8 @@ void ProductExport::options(SettingsFile& file) {
         if (isPathName(table.name(r))) continue;
         statement([&] { file.entry(table.name(r), table.text(r)); });
     }
-    for (const Option& option : all) {
-        if (!option.isPath) continue;
+    for (const OptionRow& option : optionTable()) {
+        if (option.kind != OptionKind::path) continue;
         statement([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
     }
     statement([&] { file.blank(); });
