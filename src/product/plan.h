@@ -21,8 +21,9 @@ struct StoreChange {
     std::optional<StoredValue> before{};  // what stands there now; none where nothing does
 };
 
-// The changes in the order in which they are made. Cut off anywhere, they leave a Product that the next plan of the
-// same kind repairs: a Product gets its row in the list first, and loses it last, so that it is never there unlisted.
+// The changes in the order in which they are made: rows of the list, keys that go, values. Cut off anywhere, they leave
+// a Product that the next plan of the same kind repairs. A removed Product loses its row last, so it is never half
+// there unlisted.
 using Plan = std::vector<StoreChange>;
 
 // Thrown where a Product may not be written: its key stands in the place of a list or tree, its root holds another
@@ -35,11 +36,11 @@ public:
 // What becomes of values and keys that the Product does not name.
 enum class Unnamed { removed, kept };
 
-// What makes the store's Product of the same tree and key as the given one. Empty exactly when compare() finds no
-// difference between the two, unnamed ones apart. Only differences are written. Where the order of values says
-// something, those behind the first that stands wrong are removed and set again, one by one. The store's date of
-// creation stays; only where it has none the given one is written. All other rows of the list that name the same key
-// go. Throws PlanRefused, and StoreRefused from reading.
+// What makes the store's Product of the same tree and key as the given one. It writes differences only: the plan is
+// empty where compare() finds none, and none of this holds either. The store's date of creation stays; only where it
+// has none the given one is written. Other rows of the list that name the same key go. Empty keys come with a Product
+// that is new in the store. Where the order of values says something, those behind the first that stands wrong are
+// removed and set again, one by one. Throws PlanRefused, and StoreRefused from reading.
 Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed);
 
 // What removes the Product, all that its root holds and all rows of the list that name its key. Throws as above. Empty

@@ -60,7 +60,7 @@ struct Product {
     ProductId id;
     std::vector<StoredKey> keys;  // empty where there is no root
 
-    // The key of that path, or null. Case counts.
+    // The key of that path without regard to case, or null.
     const StoredKey* find(const KeyPath& path) const;
     // The same, made with those above it where it is missing.
     StoredKey& at(const KeyPath& path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,5 +30,22 @@ ProductView viewOf(const Product& product);
 
 // The numbers of a dependency row, as texts: taken apart at each blank.
 std::vector<std::string> numbersOf(const std::string& row);
+
+// Dependencies by the names of Topics. A number that fits no Topic stands as "#7".
+class DependencyNames {
+public:
+    explicit DependencyNames(const Product& product);
+
+    std::string topicOf(const std::string& number) const;
+    // The Topics of a dependency row, in its order.
+    std::vector<std::string> named(const std::string& row) const;
+    // The Topics on which one depends.
+    std::vector<std::string> of(const std::string& topic) const;
+
+private:
+    std::map<std::string, std::string> indexes_;  // by Topic
+    std::map<std::string, std::string> rows_;     // by index
+    std::map<std::string, std::string> names_;    // by index; where two Topics share one, the first
+};
 
 }  // namespace vrix

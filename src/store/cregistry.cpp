@@ -9,14 +9,10 @@
 
 namespace vrix {
 
-namespace {
-
 bool isExpandable(const std::string& text) {
     const auto first = text.find('%');
     return first != std::string::npos && text.find('%', first + 2) != std::string::npos;
 }
-
-}  // namespace
 
 std::string textOf(Variant value) {
     if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
