@@ -13,6 +13,7 @@
 #include "product/plan.h"
 #include "product/settings_text.h"
 #include "store/settings_file.h"
+#include "stubs.h"
 #include "walk.h"
 
 namespace vrix {
@@ -24,15 +25,9 @@ using Input = FuzzedDataProvider;
 void promise(bool kept) { kept ? void() : std::abort(); }
 
 // A store in which other programs may have left values of any type and size. It may refuse every change.
-class FuzzedStore final : public EmbeddedRegistry {
-public:
-    FuzzedStore() : EmbeddedRegistry([](const std::string& name) { return std::optional(name + name); }) {}
-    using EmbeddedRegistry::repeat;
-    RegistryStatus answer = RegistryStatus::success;
-
-private:
-    RegistryStatus persist(const Change&) override { return answer; }
-};
+std::shared_ptr<StubRegistry> fuzzedStore() {
+    return std::make_shared<StubRegistry>([](const std::string& name) { return std::optional(name + name); });
+}
 
 // A text as a path that leads nowhere but into the walk's own folder.
 std::string inside(const Walk& walk, const std::string& text) {
@@ -76,17 +71,16 @@ void work(Walk& walk, Input& input) {
         const bool yes = row < 64;
         if (!target.visible() || !target.enabled()) continue;
         const std::string& name = target.name();
-        const ControlKind kind = target.kind();
-        const std::string text = kind == ControlKind::textBox ? input.ConsumeRandomLengthString() : "";
+        const std::string text = is<TextBox>(target) ? input.ConsumeRandomLengthString() : "";
         walk.windows.answers = {yes ? Answer::ok : Answer::cancel};
         const bool writes = mayWrite(walk, name);
         const std::string before = writes ? "" : walk.tree();
-        if (kind == ControlKind::frame) walk.user.close();
-        if (kind == ControlKind::taskPicture) walk.user.pressTask(name, yes);
-        if (kind == ControlKind::imageButton) walk.user.press(name);
-        if (kind == ControlKind::checkBox) walk.user.check(name, yes);
-        if (kind == ControlKind::optionButton) walk.user.choose(name);
-        if (kind == ControlKind::textBox) walk.user.type(name, name == "SettingsPath" ? inside(walk, text) : text);
+        if (is<Frame>(target)) walk.user.close();
+        if (is<TaskPicture>(target)) walk.user.pressTask(name, yes);
+        if (is<ImageButton>(target)) walk.user.press(name);
+        if (is<CheckBox>(target)) walk.user.check(name, yes);
+        if (is<OptionButton>(target)) walk.user.choose(name);
+        if (is<TextBox>(target)) walk.user.type(name, name == "SettingsPath" ? inside(walk, text) : text);
         const auto* box = dynamic_cast<ComboBox*>(&target);
         if (box != nullptr && box->count() > 0) walk.user.choose(name, row % box->count());
         const auto* list = dynamic_cast<MarkList*>(&target);
@@ -100,7 +94,7 @@ void work(Walk& walk, Input& input) {
 // Selects the Product "P" of one of the two trees, with any values in it, opens a group of its hub, and works from
 // there; without a group from the main screen, and with any values in the list of Products.
 void edit(Input& input, const std::string& group) {
-    const auto store = std::make_shared<FuzzedStore>();
+    const auto store = fuzzedStore();
     Walk walk(store);
     walk.start().put("Products", "P", "P");
     const bool isDeveloper = input.ConsumeBool();
@@ -113,8 +107,8 @@ void edit(Input& input, const std::string& group) {
         const std::string key = tree + (group.empty() && input.ConsumeBool() ? "Products" : section);
         const auto type = input.ConsumeIntegralInRange<std::uint32_t>(0, 11);
         const std::string name = input.ConsumeRandomLengthString();
-        store->repeat(Change(Change::Kind::makeKey, key));
-        store->repeat(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
+        store->replay(Change(Change::Kind::makeKey, key));
+        store->replay(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
     }
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     if (!group.empty()) walk.editProduct(isDeveloper ? 1 : 0).user.press(group);
@@ -131,15 +125,10 @@ void importFile(Input& input) {
     work(walk, input);
 }
 
-struct Disk final : JournalDisk {
-    bool acquire(const std::string&) override { return true; }
-    bool replace(const std::string& to, const std::string& by) override { return !std::rename(by.c_str(), to.c_str()); }
-};
-
 // A journal of any bytes, or of whole records of any bytes, is refused and left alone, or it is started, and holds at
 // its next start what it held after one more write.
 void journal(Input& input) {
-    Disk disk;
+    StubDisk disk;
     const std::string path = (std::filesystem::temp_directory_path() / "vrix_fuzz.journal").string();
     std::filesystem::remove(path);
     JournalFile file(path, disk);
@@ -147,7 +136,7 @@ void journal(Input& input) {
     while (input.ConsumeBool()) promise(file.append(input.ConsumeRandomLengthString()));
     std::ofstream(path, input.ConsumeBool() ? std::ios::app : std::ios::trunc) << input.ConsumeRemainingBytesAsString();
     std::filesystem::last_write_time(path, {});
-    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<Disk>()); };
+    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<StubDisk>()); };
     try {
         Walk walk(start());
         walk.put("Fuzzed", "name", "data");
@@ -170,7 +159,7 @@ void finish(Input& input) {
     const auto text = [&] {
         return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + input.ConsumeRandomLengthString();
     };
-    const auto store = std::make_shared<FuzzedStore>();
+    const auto store = fuzzedStore();
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     Walk walk(store);
     walk.createTo("Create18");
@@ -183,7 +172,7 @@ void finish(Input& input) {
     pages.create2.ProductKey.setText(key);
     pages.create8.TopicNames.at(0) = text();
     for (const Option& option : pages.options.all()) {
-        if (option.control->kind() == ControlKind::textBox) option.control->restore(text());
+        if (is<TextBox>(*option.control)) option.control->restore(text());
     }
     walk.user.press("NextBtn");
     promiseSound(walk);

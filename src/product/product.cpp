@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "store/variant.h"
 
 namespace vrix {
@@ -132,7 +132,7 @@ std::string joined(const KeyPath& path) {
 KeyPath partsOf(std::string_view text) {
     KeyPath parts;
     for (std::size_t from = 0; from <= text.size();) {
-        const std::size_t end = std::min(text.find('\\', from), text.size());
+        const std::size_t end = std::min(findCharacter(text, '\\', from), text.size());
         if (end > from) parts.emplace_back(text.substr(from, end - from));
         from = end + 1;
     }
@@ -144,8 +144,7 @@ bool isKeyName(const std::string& name) {
 }
 
 bool sameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lowerCase(x) == lowerCase(y); });
+    return a == b || lowerCase(std::string(a)) == lowerCase(std::string(b));
 }
 
 bool isWithin(const KeyPath& path, const KeyPath& above) {

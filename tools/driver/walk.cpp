@@ -1,17 +1,19 @@
 // Works the windows of a program from outside, as a walk tells it:
 //     vrix_driver WALK [NAME=VALUE ...]
-// A walk has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in double quotes as
-// they are on the screen, single words need none, a name in braces stands for a value given to the driver. "pictures"
-// names the folder for pictures; "hands=keyboard" leaves the mouse alone. What each window gives a screen reader to say
-// is printed. The exit code is 0 for a walk that came true in every step.
+// A walk is UTF-8 and has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in
+// double quotes as they are on the screen, single words need none, a name in braces stands for a value given to the
+// driver. "pictures" names the folder for pictures; "hands=keyboard" leaves the mouse alone. What each window gives a
+// screen reader to say is printed. The exit code is 0 for a walk that came true in every step.
 
 #include <objbase.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iomanip>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -71,12 +73,17 @@ std::string joined(const std::vector<std::string>& texts, const char* separator)
 }
 
 bool isLabel(HWND control, const std::string& text) { return isClass(control, "STATIC") && textOf(control) == text; }
-bool isButton(HWND control, const std::string& text) { return isClass(control, "BUTTON") && textOf(control) == text; }
 bool shows(HWND window, const std::string& text) {
     const auto controls = controlsOf(window);
     return std::any_of(controls.begin(), controls.end(), [&](HWND control) { return isLabel(control, text); });
 }
 bool isDialog(HWND window) { return isClass(window, "#32770"); }
+// The buttons of a message box are in the language of the system, with numbers that are the same in all.
+bool isButton(HWND control, const std::string& text) {
+    const int number = text == "OK" ? IDOK : text == "Cancel" ? IDCANCEL : 0;
+    const bool numbered = number != 0 && isDialog(GetParent(control)) && GetDlgCtrlID(control) == number;
+    return isClass(control, "BUTTON") && (numbered || textOf(control) == text);
+}
 
 POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
 
@@ -119,11 +126,11 @@ public:
 
 private:
     void start(const Step& step) {
-        std::string command = '"' + step.text(0) + '"';
-        STARTUPINFOA how{};
+        std::wstring command = inUtf16('"' + step.text(0) + '"');
+        STARTUPINFOW how{};
         how.cb = sizeof(how);
         PROCESS_INFORMATION made{};
-        if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made)) {
+        if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made)) {
             throw StepFailure("the program cannot be started: error " + std::to_string(GetLastError()));
         }
         process_ = made.hProcess;
@@ -399,13 +406,14 @@ void walk(std::istream& stream, const Values& values) {
 
 }  // namespace vrix::driver
 
-int main(int count, char** arguments) {
-    const std::vector<std::string> words(arguments + 1, arguments + count);
+int wmain(int count, wchar_t** arguments) {
+    std::vector<std::string> words;
+    std::transform(arguments + 1, arguments + count, std::back_inserter(words), &vrix::driver::inUtf8);
     vrix::driver::Values values;
     for (const std::string& word : words) values[word.substr(0, word.find('='))] = word.substr(word.find('=') + 1);
     CoInitialize(nullptr);
     try {
-        std::ifstream stream(words.at(0));
+        std::ifstream stream(std::filesystem::path(vrix::driver::inUtf16(words.at(0))));
         if (!stream) throw std::runtime_error("the walk cannot be read");
         vrix::driver::walk(stream, values);
         return 0;

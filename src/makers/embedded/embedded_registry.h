@@ -15,7 +15,7 @@
 
 namespace vrix {
 
-// Gives the text of an environment name, or nothing. Case is its own affair.
+// Gives the text of an environment variable, or nothing if there is none. It decides whether case counts.
 using Environment = std::function<std::optional<std::string>(const std::string& name)>;
 
 // One change of the registry. A path counts from the machine's hive.
@@ -49,17 +49,18 @@ public:
     RegistryStatus deleteKey(RegistryKey parent, const std::string& path) final;
     RegistryStatus deleteValue(RegistryKey key, const std::string& name) final;
     RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) final;
-    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) final;
+    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
+                             std::optional<ValueData>* data = nullptr) final;
     RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) final;
     std::string expandEnvironment(const std::string& text) final;
 
 protected:
     explicit EmbeddedRegistry(Environment environment);
 
-    // Called with each change before it is made. Any status but success refuses it and leaves the registry as it was.
+    // Called with each change before it is made. Any status but success refuses the change: nothing is changed then.
     virtual RegistryStatus persist(const Change& change) = 0;
 
-    // Makes a change that was kept earlier. False, and nothing made, when it does not fit what is there, or when no
+    // Makes a change that was stored earlier. False, with nothing changed, if it does not fit what is there or if no
     // call could have made it.
     bool replay(Change change);
     // The changes that lead from an empty registry to this one, in order.
@@ -67,10 +68,6 @@ protected:
     void forEachChange(const Listener& listener) const;
 
 private:
-    struct Value {
-        std::uint32_t type = 0;
-        std::string data;
-    };
     struct Key;
     using KeyPointer = std::shared_ptr<Key>;
     struct Key {
@@ -80,8 +77,7 @@ private:
         bool permanent = false;
         bool removed = false;
         OrderedNames<KeyPointer> keys;
-        OrderedNames<Value> values;
-        std::map<std::size_t, std::size_t> nameLengths;  // how many value names have each length
+        OrderedNames<ValueData> values;
     };
     // The deepest key of a path that exists, and the parts that lead on from it.
     struct PathMatch {
@@ -106,7 +102,6 @@ private:
     static KeyPointer makeKey(Key& parent, const std::string& name);
     static void removeKey(Key& key);
     static void put(Key& key, Change change);
-    static void removeValue(Key& key, const std::string& name);
 
     Environment environment_;
     KeyPointer machine_;

@@ -75,18 +75,18 @@ void JournalFile::start(const Reader& reader) {
 }
 
 void JournalFile::open() {
-    stream_.reset(std::fopen(path_.c_str(), "ab"));
+    stream_.reset(disk_.open(path_, "ab"));
     if (!stream_) throw error(path_, "cannot be opened for writing.");
     // Without a buffer each write goes to the system at once, and none that was refused is tried again later.
     std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
 }
 
 void JournalFile::read(const Reader& reader) {
-    const Stream source(std::fopen(path_.c_str(), "rb"));
+    const Stream source(disk_.open(path_, "rb"));
     const auto unreadable = error(path_, "cannot be read.");
     const auto whole = source ? sizeOf(source.get()) : std::nullopt;
     if (!whole) throw unreadable;
-    // Bytes that must be there: one that the disk does not give is no end of the file.
+    // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
     const auto take = [&](std::uint64_t count) {
         std::string bytes(static_cast<std::size_t>(count), '\0');
         if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
@@ -123,6 +123,7 @@ void JournalFile::read(const Reader& reader) {
 bool JournalFile::append(const std::string& record) {
     if (torn_ && !truncateToWhole()) return false;
     const std::string frame = framed(record);
+    synced_ = false;
     if (write(stream_.get(), frame)) {
         size_ += frame.size();
         return true;
@@ -133,14 +134,18 @@ bool JournalFile::append(const std::string& record) {
     return false;
 }
 
+void JournalFile::sync() {
+    if (!synced_) synced_ = disk_.sync(stream_.get());
+}
+
 bool JournalFile::truncateToWhole() {
-    torn_ = !cutFile(path_, size_);
+    torn_ = !disk_.cut(path_, size_);
     return !torn_;
 }
 
 void JournalFile::rewrite(const std::function<void(const Writer& writer)>& content) {
     const std::string fresh = path_ + ".new";
-    std::FILE* target = std::fopen(fresh.c_str(), "wb");
+    std::FILE* target = disk_.open(fresh, "wb");
     if (target == nullptr) return;
     std::uint64_t size = signature.size();
     bool whole = write(target, signature);
@@ -149,6 +154,8 @@ void JournalFile::rewrite(const std::function<void(const Writer& writer)>& conte
         whole = whole && write(target, frame);
         size += frame.size();
     });
+    // On the disk before it takes the old one's place: else a loss of power could leave neither.
+    whole = whole && std::fflush(target) == 0 && disk_.sync(target);
     if (std::fclose(target) != 0) whole = false;
     if (whole) {
         stream_.reset();
@@ -156,7 +163,7 @@ void JournalFile::rewrite(const std::function<void(const Writer& writer)>& conte
         if (whole) size_ = size;
         open();
     }
-    if (!whole) removeFile(fresh);
+    if (!whole) disk_.remove(fresh);
 }
 
 }  // namespace vrix

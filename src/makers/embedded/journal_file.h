@@ -21,8 +21,8 @@ public:
 std::string packed(std::uint32_t number);
 std::uint32_t unpacked(const std::string& bytes, std::size_t from);
 
-// A file of records that only grows: a line that says what it is, then for each record its length, a check of the
-// length, a check of the content (four bytes each, lowest first) and the content.
+// A file of records that only grows. Its first line says what it is. A record is the length of its content, a check sum
+// of the length, a check sum of the content (four bytes each, lowest first), and the content.
 class JournalFile {
 public:
     static constexpr std::size_t headSize = 12;
@@ -34,17 +34,21 @@ public:
     JournalFile(const std::string& path, JournalDisk& disk);
 
     // Hands every record to `reader`, which answers whether it makes sense, and makes the file ready for more. A last
-    // record that is not whole is cut off. Throws JournalError for a file of another kind, for one that is damaged
-    // before its end, and for one that cannot be read; it is left as it was then.
+    // record that is not whole is cut off. Throws JournalError if the file is of another kind, is damaged before its
+    // end, or cannot be read; the file is unchanged then.
     void start(const Reader& reader);
 
     std::uint64_t size() const { return size_; }
 
-    // Appends a record; it has left the program when this returns. False, and nothing appended, when the disk refuses.
+    // Appends a record and hands it to the system. False, with nothing appended, if the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
 
-    // Replaces the file by one that holds what `content` hands to its writer. Until the new one is whole the old one
-    // stays, and a disk that refuses changes nothing. Throws JournalError when the file cannot be opened again.
+    // Brings what was appended since the last time onto the disk itself. What the disk refuses is tried again with the
+    // next call.
+    void sync();
+
+    // Replaces the file by one with the records that `content` hands to its writer. The old file stays until the new
+    // one is whole; if the disk refuses, nothing changes. Throws JournalError if the file cannot be opened again.
     void rewrite(const std::function<void(const Writer& writer)>& content);
 
 private:
@@ -62,6 +66,7 @@ private:
     Stream stream_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it
+    bool synced_ = true;      // all of it is on the disk itself
 };
 
 }  // namespace vrix

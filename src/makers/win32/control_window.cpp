@@ -8,17 +8,25 @@
 #include "forms/inputs.h"
 #include "makers/win32/input_windows.h"
 #include "makers/win32/painted_windows.h"
+#include "makers/win32/wide_text.h"
 #include "makers/win32/win32_screen.h"
 
 namespace vrix {
 
 namespace {
 
-// A control stands on screen, or takes input, only where the frames that it lies on do too.
+// Whether something holds for a control and for every frame that it lies on.
 template <class Test>
 bool withFrames(const Control& control, const Test& test) {
     const auto* frame = dynamic_cast<const Frame*>(&control.parent());
     return test(control) && (frame == nullptr || withFrames(*frame, test));
+}
+
+// Makes a window of that class if the control is of that kind.
+template <class Window, class Kind>
+std::unique_ptr<ControlWindow> makeIf(FormWindow& owner, Control& control) {
+    auto* one = dynamic_cast<Kind*>(&control);
+    return one == nullptr ? nullptr : std::make_unique<Window>(owner, *one);
 }
 
 }  // namespace
@@ -26,12 +34,13 @@ bool withFrames(const Control& control, const Test& test) {
 ControlWindow::ControlWindow(FormWindow& owner, Control& control, const WindowKind& kind)
     : owner_(owner),
       control_(control),
-      handle_(CreateWindowExA(kind.extendedStyle, kind.className, "", WS_CHILD | kind.style, 0, 0, 0, 0, owner.handle(),
-                              reinterpret_cast<HMENU>(owner.nextId()), GetModuleHandleA(nullptr), nullptr)) {
+      handle_(CreateWindowExW(kind.extendedStyle, wide(kind.className).c_str(), L"", WS_CHILD | kind.style, 0, 0, 0, 0,
+                              owner.handle(), reinterpret_cast<HMENU>(owner.nextId()), GetModuleHandleA(nullptr),
+                              nullptr)) {
     if (handle_ == nullptr) throw std::runtime_error("The window of " + control.name() + " could not be made.");
     SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     original_ = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
+        SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
 }
 
 ControlWindow::~ControlWindow() {
@@ -51,15 +60,11 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wPar
 }
 
 LRESULT ControlWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
-    return CallWindowProcA(original_, handle_, message, wParam, lParam);
+    return CallWindowProcW(original_, handle_, message, wParam, lParam);
 }
 
 LRESULT ControlWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
-    return SendMessageA(handle_, message, wParam, lParam);
-}
-
-LRESULT ControlWindow::send(UINT message, WPARAM wParam, const std::string& text) const {
-    return send(message, wParam, reinterpret_cast<LPARAM>(text.c_str()));
+    return SendMessageW(handle_, message, wParam, lParam);
 }
 
 void ControlWindow::layout() {
@@ -84,7 +89,7 @@ void ControlWindow::update() {
     moveTo(place());
     const bool visible = withFrames(control_, [](const Control& part) { return part.visible(); });
     const bool enabledNow = enabled();
-    if (!(visible && enabledNow) && GetFocus() == handle_) owner_.moveFocusFrom(handle_);
+    if (!(visible && enabledNow) && GetFocus() == handle_) owner_.keyboard().moveFocusFrom(handle_);
     if ((IsWindowEnabled(handle_) != FALSE) != enabledNow) EnableWindow(handle_, enabledNow);
     if (shown() != visible) ShowWindow(handle_, visible ? SW_SHOWNA : SW_HIDE);
 }
@@ -97,7 +102,8 @@ bool ControlWindow::takesFocus() const {
 }
 
 void ControlWindow::setText(const std::string& text) {
-    if (windowText(handle_) != text) SetWindowTextA(handle_, text.c_str());
+    const std::wstring shown = wide(text);
+    if (windowText(handle_) != shown) SetWindowTextW(handle_, shown.c_str());
 }
 
 std::string ControlWindow::shortenedTo(int width, const std::string& text) const {
@@ -115,28 +121,19 @@ void ControlWindow::setStyle(LONG bits, bool on) {
 
 void ControlWindow::event(const std::function<void()>& event) const { owner_.screen().event(event); }
 
-std::string windowText(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+std::wstring windowText(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
     return text;
 }
 
 std::unique_ptr<ControlWindow> makeControlWindow(FormWindow& owner, Control& control) {
-    switch (control.kind()) {
-        case ControlKind::label: return std::make_unique<LabelWindow>(owner, static_cast<Label&>(control));
-        case ControlKind::picture: return std::make_unique<PictureWindow>(owner, static_cast<Picture&>(control));
-        case ControlKind::taskPicture:
-            return std::make_unique<TaskPictureWindow>(owner, static_cast<TaskPicture&>(control));
-        case ControlKind::imageButton:
-            return std::make_unique<ImageButtonWindow>(owner, static_cast<ImageButton&>(control));
-        case ControlKind::textBox: return std::make_unique<TextBoxWindow>(owner, static_cast<TextBox&>(control));
-        case ControlKind::checkBox: return std::make_unique<CheckBoxWindow>(owner, static_cast<CheckBox&>(control));
-        case ControlKind::optionButton:
-            return std::make_unique<OptionButtonWindow>(owner, static_cast<OptionButton&>(control));
-        case ControlKind::comboBox: return std::make_unique<ComboBoxWindow>(owner, static_cast<ComboBox&>(control));
-        case ControlKind::markList: return std::make_unique<MarkListWindow>(owner, static_cast<MarkList&>(control));
-        case ControlKind::frame:
-        case ControlKind::buttonLabel: break;
+    for (const auto make :
+         {&makeIf<LabelWindow, Label>, &makeIf<PictureWindow, Picture>, &makeIf<TaskPictureWindow, TaskPicture>,
+          &makeIf<ImageButtonWindow, ImageButton>, &makeIf<TextBoxWindow, TextBox>, &makeIf<CheckBoxWindow, CheckBox>,
+          &makeIf<OptionButtonWindow, OptionButton>, &makeIf<ComboBoxWindow, ComboBox>,
+          &makeIf<MarkListWindow, MarkList>}) {
+        if (auto window = make(owner, control)) return window;
     }
     return nullptr;
 }

@@ -1,8 +1,11 @@
 #include "makers/win32/input_windows.h"
 
 #include <algorithm>
+#include <array>
 
 #include "makers/win32/pictures.h"
+#include "makers/win32/wide_text.h"
+#include "makers/win32/win32_screen.h"
 
 namespace vrix {
 
@@ -12,20 +15,20 @@ constexpr UINT settleChoices = WM_APP;
 constexpr UINT setMostRowsSeen = 0x1701;  // CB_SETMINVISIBLE
 constexpr int rowsSeen = 12;              // of an open list, at most
 
-// A box of one line, as high as its font wants it, in the middle of the control's place.
+// A box for one line of text: as high as its font needs, in the middle of the control's place.
 RECT lineBox(RECT place, int height) {
     const int spare = std::max(0, static_cast<int>(place.bottom - place.top) - height);
     return {place.left, place.top + spare / 2, place.right, place.bottom - (spare - spare / 2)};
 }
 
-// Text for a native control that would take "&" for a key mark.
+// Text for a native control that takes "&" as the mark of an access key.
 std::string unmarked(const std::string& text) {
     std::string result;
     for (const char c : text) result.append(c == '&' ? 2 : 1, c);
     return result;
 }
 
-// The text of an option button as it stands on the screen, where "&&" is one "&".
+// The text of an option button as the user sees it: "&&" is one "&".
 std::string asSeen(const std::string& caption) {
     std::string result;
     for (std::size_t i = 0; i < caption.size(); i += caption.compare(i, 2, "&&") == 0 ? 2 : 1) result += caption[i];
@@ -43,16 +46,46 @@ RECT TextBoxWindow::place() const { return lineBox(ControlWindow::place(), owner
 
 void TextBoxWindow::update() {
     ControlWindow::update();
-    if (windowText(handle()) == box_.text()) return;
-    DWORD start = 0;
-    DWORD end = 0;
-    send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    setText(box_.text());
-    send(EM_SETSEL, start, static_cast<LPARAM>(end));
+    if (!unfinished()) show(box_.text());
 }
 
+// Shows a text with the caret behind the same characters as before.
+void TextBoxWindow::show(const std::string& text) {
+    const std::wstring before = windowText(handle());
+    if (before == wide(text)) return;
+    std::array<DWORD, 2> marked{};
+    send(EM_GETSEL, reinterpret_cast<WPARAM>(&marked[0]), reinterpret_cast<LPARAM>(&marked[1]));
+    setText(text);
+    for (DWORD& place : marked) place = static_cast<DWORD>(wide(narrow(before.substr(0, place))).size());
+    send(EM_SETSEL, marked[0], static_cast<LPARAM>(marked[1]));
+}
+
+// Whether a character is still to be completed: by an input method, or by its second half.
+bool TextBoxWindow::unfinished() const {
+    DWORD caret = 0;
+    send(EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+    const std::wstring text = windowText(handle()).substr(0, caret);
+    return composing_ || (!text.empty() && IS_HIGH_SURROGATE(text.back()));
+}
+
+// The box shows what is kept: characters that the code page lacks turn at once into what it has for them.
 void TextBoxWindow::notified(int code) {
-    if (code == EN_CHANGE) event([this] { box_.setText(windowText(handle())); });
+    if (code != EN_CHANGE || unfinished()) return;
+    event([this] {
+        const std::string kept = narrow(windowText(handle()));
+        owner().screen().quietly([&] { show(kept); });
+        box_.setText(kept);
+    });
+}
+
+LRESULT TextBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_IME_STARTCOMPOSITION) composing_ = true;
+    const LRESULT result = ControlWindow::message(message, wParam, lParam);
+    if (message == WM_IME_ENDCOMPOSITION) {
+        composing_ = false;
+        notified(EN_CHANGE);
+    }
+    return result;
 }
 
 void MarkWindow::showCaption(const std::string& caption) {
@@ -89,15 +122,13 @@ void OptionButtonWindow::update() {
 // Tab stops at the chosen button of the group, or at its first while none is chosen.
 void OptionButtonWindow::placeTabStop() {
     const OptionButton* stop = nullptr;
-    for (const Control* sibling : button_.parent().children()) {
-        if (sibling->kind() != ControlKind::optionButton) continue;
-        const auto* other = static_cast<const OptionButton*>(sibling);
+    const auto group = only<OptionButton>(button_.parent().children());
+    for (const OptionButton* other : group) {
         if (stop == nullptr || other->chosen()) stop = other;
     }
-    for (const Control* sibling : button_.parent().children()) {
-        if (sibling->kind() != ControlKind::optionButton) continue;
-        if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*sibling))) {
-            window->setStyle(WS_TABSTOP, sibling == stop);
+    for (const OptionButton* other : group) {
+        if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*other))) {
+            window->setStyle(WS_TABSTOP, other == stop);
         }
     }
 }
@@ -113,7 +144,7 @@ ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
     send(CB_INITSTORAGE, box.rows().size(), 32);
 }
 
-// The native control's own height is that of the list which it opens.
+// A native combo box counts its open list to its height.
 RECT ComboBoxWindow::place() const {
     RECT area = lineBox(ControlWindow::place(), owner().style().lineBoxHeight());
     area.bottom += static_cast<LONG>(rowsSeen * send(CB_GETITEMHEIGHT, 0)) + owner().style().px(2);
@@ -129,24 +160,18 @@ void ComboBoxWindow::layout() {
     send(CB_SETITEMHEIGHT, ownBox, owner().style().lineBoxHeight() - border);
 }
 
-void ComboBoxWindow::rowsChanged(RowChange, int) { rowsDiffer_ = true; }
-
-void ComboBoxWindow::showRows() {
-    shown_.become(
-        box_.rows(), [&](std::size_t row, const std::string& text) { send(CB_INSERTSTRING, row, text); },
-        [&](std::size_t row) { send(CB_DELETESTRING, row); }, [&] { send(CB_RESETCONTENT); });
-}
+void ComboBoxWindow::rowsChanged(RowChange) { rowsDiffer_ = true; }
 
 void ComboBoxWindow::update() {
     ControlWindow::update();
     if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
-    if (rowsDiffer_) showRows();
+    if (rowsDiffer_) shown_.replace(handle(), box_.rows());
     rowsDiffer_ = false;
     send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
 }
 
-// One choice comes as several notifications, in an order that differs with what the user did. They are taken together
-// behind the last.
+// One choice comes as several notifications. Their order depends on how the user chose. A message that arrives behind
+// the last handles them together.
 void ComboBoxWindow::notified(int code) {
     if (code == CBN_DROPDOWN) raised_ = false;
     if (code == CBN_SELENDOK) confirmed_ = true;
@@ -205,9 +230,7 @@ void MarkListWindow::update() {
 void MarkListWindow::showRows() {
     std::vector<std::string> texts;
     for (const MarkList::Row& row : list_.rows()) texts.push_back(row.text);
-    shown_.become(
-        std::move(texts), [&](std::size_t row, const std::string& text) { send(LB_INSERTSTRING, row, text); },
-        [&](std::size_t row) { send(LB_DELETESTRING, row); }, [&] { send(LB_RESETCONTENT); });
+    shown_.replace(handle(), std::move(texts));
     // A list that was filled anew begins at its top.
     if (cleared_) {
         send(LB_SETCARETINDEX, 0, FALSE);
@@ -225,7 +248,7 @@ std::vector<bool> MarkListWindow::shownMarks() const {
     return marks;
 }
 
-// Marking by code moves neither the focused row nor what is seen of the list.
+// When the program marks rows, the focused row and the visible part of the list stay the same.
 void MarkListWindow::showMarks() {
     marksDiffer_ = false;
     const std::vector<bool> shown = shownMarks();
@@ -243,7 +266,7 @@ void MarkListWindow::showMarks() {
     if (static_cast<WPARAM>(send(LB_GETTOPINDEX)) != top) send(LB_SETTOPINDEX, top);
 }
 
-void MarkListWindow::rowsChanged(RowChange change, int) {
+void MarkListWindow::rowsChanged(RowChange change) {
     if (change != RowChange::marked) rowsDiffer_ = true;
     if (change == RowChange::cleared) cleared_ = true;
     marksDiffer_ = true;
@@ -253,7 +276,7 @@ void MarkListWindow::notified(int code) {
     if (code == LBN_SELCHANGE) takeMarks();
 }
 
-// Not every platform notifies of a row marked by keyboard.
+// Some versions of the platform do not notify of a row that is marked by keyboard.
 LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = ControlWindow::message(message, wParam, lParam);
     if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) takeMarks();
@@ -280,11 +303,11 @@ void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
         const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
         drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
                  style.palette());
-        const std::string& text = list_.rows()[item.itemID].text;
+        const std::wstring text = wide(list_.rows()[item.itemID].text);
         RECT area{left + side + style.px(6), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
         const Selected font(buffer.dc(), style.font(Look::body));
         SetTextColor(buffer.dc(), live ? style.palette().text : style.palette().greyText);
-        DrawTextA(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
+        DrawTextW(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
                   DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     if ((item.itemState & ODS_FOCUS) == 0) return;
