@@ -186,7 +186,7 @@ private:
         if (has("\r\n")) findings_.add("line-break", place, text);
         if (!isPath && findCharacter(text, '\\') != std::string::npos) findings_.add("plain-backslash", place, text);
         if (isExpandable(text)) findings_.add("percent-pair", place, text);
-        if (!encoding_.toUtf8(text)) findings_.add("undefined-bytes", place, text);
+        if (!exactUtf8(encoding_, text)) findings_.add("undefined-bytes", place, text);
     }
 
     void checkPath(const std::string& place, const std::string& path) {
