@@ -31,7 +31,7 @@ void fillProduct(Toolkit& pages, int topics) {
     pages.create2.ProductKey.setText(productKey);
     for (const Option& option : pages.options.all()) {
         const std::string folder = option.isPath ? "C:\\Courses\\Manual\\" : "";
-        if (option.control->kind() == ControlKind::textBox) option.control->restore(folder + option.name + ".doc");
+        if (is<TextBox>(*option.control)) option.control->restore(folder + option.name + ".doc");
     }
     fillTopics(pages, topics);
     pages.create9.Depends.sizeTo(topics);

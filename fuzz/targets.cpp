@@ -21,7 +21,7 @@ void promise(bool kept) { kept ? void() : std::abort(); }
 class FuzzedStore final : public EmbeddedRegistry {
 public:
     FuzzedStore() : EmbeddedRegistry([](const std::string& name) { return std::optional(name + name); }) {}
-    using EmbeddedRegistry::repeat;
+    using EmbeddedRegistry::replay;
     RegistryStatus answer = RegistryStatus::success;
 
 private:
@@ -70,17 +70,16 @@ void work(Walk& walk, Input& input) {
         const bool yes = row < 64;
         if (!target.visible() || !target.enabled()) continue;
         const std::string& name = target.name();
-        const ControlKind kind = target.kind();
-        const std::string text = kind == ControlKind::textBox ? input.ConsumeRandomLengthString() : "";
+        const std::string text = is<TextBox>(target) ? input.ConsumeRandomLengthString() : "";
         walk.windows.answers = {yes ? Answer::ok : Answer::cancel};
         const bool writes = mayWrite(walk, name);
         const std::string before = writes ? "" : walk.tree();
-        if (kind == ControlKind::frame) walk.user.close();
-        if (kind == ControlKind::taskPicture) walk.user.pressTask(name, yes);
-        if (kind == ControlKind::imageButton) walk.user.press(name);
-        if (kind == ControlKind::checkBox) walk.user.check(name, yes);
-        if (kind == ControlKind::optionButton) walk.user.choose(name);
-        if (kind == ControlKind::textBox) walk.user.type(name, name == "SettingsPath" ? inside(walk, text) : text);
+        if (is<Frame>(target)) walk.user.close();
+        if (is<TaskPicture>(target)) walk.user.pressTask(name, yes);
+        if (is<ImageButton>(target)) walk.user.press(name);
+        if (is<CheckBox>(target)) walk.user.check(name, yes);
+        if (is<OptionButton>(target)) walk.user.choose(name);
+        if (is<TextBox>(target)) walk.user.type(name, name == "SettingsPath" ? inside(walk, text) : text);
         const auto* box = dynamic_cast<ComboBox*>(&target);
         if (box != nullptr && box->count() > 0) walk.user.choose(name, row % box->count());
         const auto* list = dynamic_cast<MarkList*>(&target);
@@ -107,8 +106,8 @@ void edit(Input& input, const std::string& group) {
         const std::string key = tree + (group.empty() && input.ConsumeBool() ? "Products" : section);
         const auto type = input.ConsumeIntegralInRange<std::uint32_t>(0, 11);
         const std::string name = input.ConsumeRandomLengthString();
-        store->repeat(Change(Change::Kind::makeKey, key));
-        store->repeat(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
+        store->replay(Change(Change::Kind::makeKey, key));
+        store->replay(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
     }
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     if (!group.empty()) walk.editProduct(isDeveloper ? 1 : 0).user.press(group);
@@ -177,7 +176,7 @@ void finish(Input& input) {
     pages.create2.ProductKey.setText(key);
     pages.create8.TopicNames.at(0) = text();
     for (const Option& option : pages.options.all()) {
-        if (option.control->kind() == ControlKind::textBox) option.control->restore(text());
+        if (is<TextBox>(*option.control)) option.control->restore(text());
     }
     walk.user.press("NextBtn");
     promiseSound(walk);

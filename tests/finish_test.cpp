@@ -92,9 +92,9 @@ TEST(Finish, EveryOptionIsStoredFromItsControl) {
     std::string stored = "[Toolkit\\Manual\\Options]\n";
     int number = 0;
     for (const Option& option : walk.pages.options.all()) {
-        if (option.control->kind() == ControlKind::textBox) option.control->restore("t" + std::to_string(++number));
-        if (option.control->kind() == ControlKind::checkBox) option.control->restore(++number % 3 == 0 ? "1" : "0");
-        if (option.control->kind() == ControlKind::comboBox && option.name != "DefaultCoverPage") {
+        if (is<TextBox>(*option.control)) option.control->restore("t" + std::to_string(++number));
+        if (is<CheckBox>(*option.control)) option.control->restore(++number % 3 == 0 ? "1" : "0");
+        if (is<ComboBox>(*option.control) && option.name != "DefaultCoverPage") {
             option.control->restore(std::to_string(++number % 5));
         }
     }

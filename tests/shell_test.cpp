@@ -80,14 +80,14 @@ TEST(Shell, InitEverythingClearsTheInputsOfAllPages) {
     Walk walk;
     walk.createTo("Create18");
     for (const Option& option : walk.pages.options.all()) {
-        if (option.control->kind() == ControlKind::textBox) option.control->restore("text");
-        if (option.control->kind() == ControlKind::checkBox) option.control->restore("1");
+        if (is<TextBox>(*option.control)) option.control->restore("text");
+        if (is<CheckBox>(*option.control)) option.control->restore("1");
     }
     walk.pages.toolkitMain.InitEverything();
     for (const Option& option : walk.pages.options.all()) {
         const bool kept = option.name == "DefaultSmartFields";  // the one input that it does not clear
-        const char* cleared = option.control->kind() == ControlKind::comboBox ? "-1" : "0";
-        const char* empty = option.control->kind() == ControlKind::textBox ? "" : cleared;
+        const char* cleared = is<ComboBox>(*option.control) ? "-1" : "0";
+        const char* empty = is<TextBox>(*option.control) ? "" : cleared;
         EXPECT_EQ(option.control->stored(), kept ? "1" : empty) << option.name;
     }
     EXPECT_FALSE(walk.pages.create8.TopicNames.isTable());

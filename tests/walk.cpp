@@ -105,8 +105,8 @@ std::string Walk::message() {
 
 std::string Walk::text(const std::string& formName, const std::string& name) {
     const Control& found = control(pages, formName, name);
-    if (found.kind() == ControlKind::label) return static_cast<const Label&>(found).caption();
-    if (found.kind() == ControlKind::buttonLabel) return static_cast<const ButtonLabel&>(found).caption();
+    if (const auto* label = dynamic_cast<const Label*>(&found)) return label->caption();
+    if (const auto* label = dynamic_cast<const ButtonLabel*>(&found)) return label->caption();
     return found.stored();
 }
 

@@ -87,7 +87,7 @@ public:
             DWORD process;
             bool found;
         } search{process_.dwProcessId, false};
-        const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+        const auto look = [](HWND window, LPARAM parameter) WINAPI -> BOOL {
             auto& wanted = *reinterpret_cast<Search*>(parameter);
             DWORD process = 0;
             GetWindowThreadProcessId(window, &process);
@@ -123,12 +123,12 @@ Resources resources() {
 
 namespace {
 
-// The real windows, with a user who says yes to every question.
-class AgreeingWindows final : public Screen {
+// The real screen, with a user who says yes to every question.
+class AgreeingScreen final : public Screen {
 public:
     void formChanged(Form& form) override { real.formChanged(form); }
     void controlChanged(Control& control) override { real.controlChanged(control); }
-    void rowsChanged(Control& list, RowChange change, int row) override { real.rowsChanged(list, change, row); }
+    void rowsChanged(Control& list, RowChange change) override { real.rowsChanged(list, change); }
     void timerChanged(Timer& timer) override { real.timerChanged(timer); }
     Answer ask(const std::string&, const std::string&, Buttons) override { return Answer::ok; }
     Size screenSize() override { return real.screenSize(); }
@@ -148,7 +148,7 @@ public:
     }
 
 private:
-    AgreeingWindows screen_;
+    AgreeingScreen screen_;
 };
 
 }  // namespace

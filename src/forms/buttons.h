@@ -8,12 +8,11 @@ namespace vrix {
 
 class ImageButton;
 
-// The caption on an image button. It reacts to the mouse as the button's picture does, but for its moves.
+// The caption on an image button. A press on it presses the button. Moves over it differ from those over the picture.
 class ButtonLabel final : public Control {
 public:
     ButtonLabel(Container& parent, std::string_view name, const Place& place, std::string_view caption)
         : Control(parent, name, place), caption_(caption) {}
-    ControlKind kind() const override { return ControlKind::buttonLabel; }
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption);
 
@@ -21,15 +20,14 @@ private:
     std::string caption_;
 };
 
-// A hand-drawn button: exactly one face at a time, one action. A press captures the mouse, so a release anywhere runs
-// the action. A disabled face reacts to nothing.
+// A button that the program draws itself. It shows one face at a time and has one action. A press captures the mouse,
+// so the release runs the action wherever the pointer is. With the disabled face it reacts to nothing.
 class ImageButton final : public Control {
 public:
     enum class Face { normal, hover, pressed, disabled };
 
-    // Makes the button and its label, which is named like the button with "Lbl" behind it.
+    // Makes the button and its label. The label is named like the button, with "Lbl" behind it.
     ImageButton(Container& parent, std::string_view name, const Place& place, std::string_view caption);
-    ControlKind kind() const override { return ControlKind::imageButton; }
 
     ButtonLabel label;
     std::function<void()> action;

@@ -30,28 +30,13 @@ private:
     std::vector<Control*> children_;  // in the order of declaration, which is reading and tab order
 };
 
-enum class ControlKind {
-    label,
-    picture,
-    taskPicture,
-    frame,
-    textBox,
-    checkBox,
-    optionButton,
-    comboBox,
-    markList,
-    imageButton,
-    buttonLabel,
-};
-
-// One control of a form. Controls are fields of their form and live as long as it does.
+// One control of a form: the base of all its classes. Controls are fields of their form and live as long as it does.
 class Control {
 public:
     virtual ~Control() = default;
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
-    virtual ControlKind kind() const = 0;
     const std::string& name() const { return name_; }
     Form& form() const { return parent_.form(); }
     const Container& parent() const { return parent_; }
@@ -64,13 +49,13 @@ public:
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
 
-    // The control's content as the store keeps it: text as it stands, a check box "0" or "1", a combo box its
-    // current row in decimal. Empty for controls that take no input.
+    // The control's content as the store keeps it: the text of a text box, "0" or "1" for a check box, the number of
+    // the current row for a combo box. Empty for controls that take no input.
     virtual std::string stored() const { return {}; }
-    // Sets the content from its stored form. Failure 13 or 6 for text that is no 16-bit number where one is needed,
-    // 380 for a number that the control refuses.
+    // Sets the content from its stored form. Where a number is needed: failure 13 for text that is none, 6 for one
+    // beyond 16 bits, 380 for one that the control refuses.
     virtual void restore(const std::string& text);
-    // Empties the content: no text, not checked, no rows.
+    // Empties the content: no text, no check mark, no rows.
     virtual void clear() {}
 
 protected:
@@ -84,5 +69,21 @@ private:
     bool visible_ = true;
     bool enabled_ = true;
 };
+
+// Whether a control is of that class, as in is<TextBox>(control).
+template <class Kind>
+bool is(const Control& control) {
+    return dynamic_cast<const Kind*>(&control) != nullptr;
+}
+
+// Those of the controls that are of that class, in the same order.
+template <class Kind>
+std::vector<Kind*> only(const std::vector<Control*>& controls) {
+    std::vector<Kind*> found;
+    for (Control* control : controls) {
+        if (auto* one = dynamic_cast<Kind*>(control)) found.push_back(one);
+    }
+    return found;
+}
 
 }  // namespace vrix

@@ -13,7 +13,7 @@ void end(Screen& screen, const std::string& report) noexcept {
     try {
         screen.ask(report, programTitle, Buttons::ok);
     } catch (const std::exception&) {
-        // Too little is left even to report; the program ends all the same.
+        // The report failed too, as it may without memory. The program ends all the same.
     }
     screen.quit();
 }

@@ -12,7 +12,7 @@ namespace {
 void collect(const Container& container, std::vector<Control*>& controls) {
     for (Control* child : container.children()) {
         controls.push_back(child);
-        if (child->kind() == ControlKind::frame) collect(static_cast<Frame&>(*child), controls);
+        if (const auto* frame = dynamic_cast<const Frame*>(child)) collect(*frame, controls);
     }
 }
 
@@ -60,9 +60,7 @@ Control* Form::find(std::string_view name) const {
 }
 
 void Form::resetButtons() {
-    for (Control* control : controls()) {
-        if (control->kind() == ControlKind::imageButton) static_cast<ImageButton&>(*control).reset();
-    }
+    for (ImageButton* button : only<ImageButton>(controls())) button->reset();
 }
 
 void leaveFor(Form& from, Form& to) {

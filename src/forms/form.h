@@ -8,7 +8,8 @@
 
 namespace vrix {
 
-// One lasting window of the program. It is made hidden and enabled, and loads at its first showing.
+// One window of the program. It is made hidden and enabled, loads when it is first shown, and lives until the program
+// ends.
 class Form : public Container {
 public:
     enum class Border { none, fixed };
@@ -33,12 +34,13 @@ public:
     bool visible() const { return visible_; }
     bool enabled() const { return enabled_; }
 
-    // Shows the form without waiting for anything. The first time, it is centred and its start routine runs before.
+    // Shows the form and returns at once. Before it is shown for the first time, it is centred and its start routine
+    // runs.
     void show();
     void hide();
     void setEnabled(bool enabled);
 
-    // All controls in reading order, those on frames where their frame stands.
+    // All controls in reading order. Those on a frame come right behind their frame.
     std::vector<Control*> controls() const;
     // The control of that name, or null. Members of a control array are named with their index: "OrderOption(0)".
     Control* find(std::string_view name) const;
@@ -47,7 +49,7 @@ public:
     virtual void mouseMove() { resetButtons(); }
     // Puts all image buttons that are not disabled back to normal.
     void resetButtons();
-    // The user closed the window by its frame.
+    // The user closed the window by its title bar.
     virtual void closed() = 0;
 
 protected:

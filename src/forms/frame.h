@@ -9,7 +9,6 @@ class Frame final : public Control, public Container {
 public:
     Frame(Container& parent, std::string_view name, const Place& place)
         : Control(parent, name, place), parentForm_(parent.form()) {}
-    ControlKind kind() const override { return ControlKind::frame; }
     Form& form() override { return parentForm_; }
     Bounds bounds() const override { return Control::bounds(); }
 

@@ -39,13 +39,10 @@ void OptionButton::setCaption(const std::string& caption) {
 
 void OptionButton::choose() {
     if (chosen_) return;
-    for (Control* sibling : parent().children()) {
-        if (sibling->kind() != ControlKind::optionButton) continue;
-        auto& other = static_cast<OptionButton&>(*sibling);
-        if (other.chosen_) {
-            other.chosen_ = false;
-            other.changed();
-        }
+    for (OptionButton* other : only<OptionButton>(parent().children())) {
+        if (!other->chosen_) continue;
+        other->chosen_ = false;
+        other->changed();
     }
     chosen_ = true;
     changed();
@@ -56,7 +53,7 @@ void ComboBox::insertItem(const std::string& text, int row) {
     if (row < 0 || row > count()) throw RuntimeFailure(FailureNumber::invalidCall);
     rows_.insert(rows_.begin() + offset(row), text);
     if (current_ >= row) ++current_;
-    form().screen().rowsChanged(*this, RowChange::inserted, row);
+    form().screen().rowsChanged(*this, RowChange::changed);
 }
 
 void ComboBox::removeItem(int row) {
@@ -67,7 +64,7 @@ void ComboBox::removeItem(int row) {
     } else if (current_ > row) {
         --current_;
     }
-    form().screen().rowsChanged(*this, RowChange::removed, row);
+    form().screen().rowsChanged(*this, RowChange::changed);
 }
 
 void ComboBox::setListIndex(int row) {
@@ -95,18 +92,18 @@ void ComboBox::restore(const std::string& text) {
 void ComboBox::clear() {
     rows_.clear();
     current_ = -1;
-    form().screen().rowsChanged(*this, RowChange::cleared, -1);
+    form().screen().rowsChanged(*this, RowChange::cleared);
 }
 
 void MarkList::addItem(const std::string& text, int itemData) {
     rows_.push_back({text, itemData, false});
-    form().screen().rowsChanged(*this, RowChange::inserted, count() - 1);
+    form().screen().rowsChanged(*this, RowChange::changed);
 }
 
 void MarkList::setMarked(int row, bool marked) {
     if (row < 0 || row >= count()) throw RuntimeFailure(FailureNumber::invalidPropertyValue);
     rows_[static_cast<std::size_t>(row)].marked = marked;
-    form().screen().rowsChanged(*this, RowChange::marked, row);
+    form().screen().rowsChanged(*this, RowChange::marked);
 }
 
 void MarkList::mark(const std::vector<int>& rows) {
@@ -121,7 +118,7 @@ void MarkList::userMarks(int row, bool marked) {
 
 void MarkList::clear() {
     rows_.clear();
-    form().screen().rowsChanged(*this, RowChange::cleared, -1);
+    form().screen().rowsChanged(*this, RowChange::cleared);
 }
 
 }  // namespace vrix

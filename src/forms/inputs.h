@@ -12,9 +12,8 @@ namespace vrix {
 class TextBox final : public Control {
 public:
     TextBox(Container& parent, std::string_view name, const Place& place) : Control(parent, name, place) {}
-    ControlKind kind() const override { return ControlKind::textBox; }
 
-    // Raised when the text becomes another one, by code or by the user.
+    // Raised when the text changes, by code or by the user.
     std::function<void()> onChange;
 
     const std::string& text() const { return text_; }
@@ -33,7 +32,6 @@ class CheckBox final : public Control {
 public:
     CheckBox(Container& parent, std::string_view name, const Place& place, std::string_view caption)
         : Control(parent, name, place), caption_(caption) {}
-    ControlKind kind() const override { return ControlKind::checkBox; }
 
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption);
@@ -53,7 +51,6 @@ private:
 class OptionButton final : public Control {
 public:
     OptionButton(Container& parent, std::string_view name, const Place& place) : Control(parent, name, place) {}
-    ControlKind kind() const override { return ControlKind::optionButton; }
 
     // Raised when the button becomes the chosen one, by code or by the user.
     std::function<void()> onClick;
@@ -72,7 +69,6 @@ private:
 class ComboBox final : public Control {
 public:
     ComboBox(Container& parent, std::string_view name, const Place& place) : Control(parent, name, place) {}
-    ControlKind kind() const override { return ControlKind::comboBox; }
 
     // Raised when another row becomes current by code, and at every choice by the user.
     std::function<void()> onClick;
@@ -98,7 +94,7 @@ private:
     int current_ = -1;
 };
 
-// A list of rows that can be marked, each by itself. Each row carries a number of the program's.
+// A list of rows, any of which can be marked. With each row the program keeps a number of its own.
 class MarkList final : public Control {
 public:
     struct Row {
@@ -108,9 +104,8 @@ public:
     };
 
     MarkList(Container& parent, std::string_view name, const Place& place) : Control(parent, name, place) {}
-    ControlKind kind() const override { return ControlKind::markList; }
 
-    // Raised after marking. When code marks several rows at once, it is raised once, behind the last.
+    // Raised after marking. When code marks several rows at once, it is raised once, after the last.
     std::function<void()> onClick;
 
     const std::vector<Row>& rows() const { return rows_; }

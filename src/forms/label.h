@@ -6,12 +6,12 @@
 
 namespace vrix {
 
-// How a label's text is set.
+// The style of a label's text.
 enum class Look {
     body,        // the message font, broken into lines
     heading,     // the name of the task, in the title band
     subheading,  // the name of the page, in the title band
-    section,     // the head of a group of inputs, with a rule behind it
+    section,     // the head of a group of inputs, with a line behind it
     product,     // the program's name on the splash and the main screen
 };
 
@@ -21,7 +21,6 @@ public:
     Label(Container& parent, std::string_view name, const Place& place, std::string_view caption,
           Look look = Look::body)
         : Control(parent, name, place), caption_(caption), look_(look) {}
-    ControlKind kind() const override { return ControlKind::label; }
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption);
     Look look() const { return look_; }

@@ -10,12 +10,11 @@ namespace vrix {
 // What a picture shows.
 enum class Art { logo, emblem, create, edit, remove };
 
-// A picture that stands still. A click on it may mean something.
+// A picture that never changes. A click on it may start something.
 class Picture final : public Control {
 public:
     Picture(Container& parent, std::string_view name, const Place& place, Art art)
         : Control(parent, name, place), art_(art) {}
-    ControlKind kind() const override { return ControlKind::picture; }
     Art art() const { return art_; }
     std::function<void()> onClick;
 
@@ -23,14 +22,13 @@ private:
     Art art_;
 };
 
-// The picture of a task on the main screen, at rest or pressed. A press captures the mouse; the release tells whether
-// the pointer is still inside.
+// The picture of a task on the main screen, pressed or not. A press captures the mouse. The release tells whether the
+// pointer is still inside.
 class TaskPicture final : public Control {
 public:
     // `caption` is what the task is called for those who do not see the picture.
     TaskPicture(Container& parent, std::string_view name, const Place& place, Art art, std::string_view caption)
         : Control(parent, name, place), art_(art), caption_(caption) {}
-    ControlKind kind() const override { return ControlKind::taskPicture; }
     Art art() const { return art_; }
     const std::string& caption() const { return caption_; }
 

@@ -4,8 +4,8 @@
 
 namespace vrix {
 
-// Where a control lies in its container, in 1/96 inch. A negative left or top counts from the far edge; a width or
-// height of zero or less reaches to that distance before the far edge.
+// Where a control lies in its container, in 1/96 inch. A negative left counts from the container's right edge. A width
+// of zero or less reaches to that edge, less that distance: -8 ends 8 before it. Top and height do the same.
 struct Place {
     int left;
     int top;
@@ -21,7 +21,7 @@ struct Bounds {
     int height;
 };
 
-// The rectangle that a place comes to in a container.
+// The rectangle of a place in a container.
 Bounds resolve(const Place& place, const Bounds& container);
 
 }  // namespace vrix

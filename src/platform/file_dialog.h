@@ -5,7 +5,7 @@
 
 namespace vrix {
 
-// What a file dialog is shown with.
+// How a file dialog opens.
 struct FileQuestion {
     std::string title;
     std::string filter;            // pairs of description and pattern, all separated by "|"

@@ -8,7 +8,7 @@ class FileDialog;
 class Files;
 class Clock;
 
-// What the program asks of its machine. Outlives every page.
+// The parts of the machine that the program uses. They live longer than every page.
 struct Platform {
     Registry& registry;
     Screen& screen;

@@ -14,7 +14,7 @@ const std::string endless(300, 'W');
 // The window of the form that is on the screen.
 HWND shownForm() {
     HWND form = nullptr;
-    const auto take = [](HWND window, LPARAM found) -> BOOL {
+    const auto take = [](HWND window, LPARAM found) WINAPI -> BOOL {
         if (IsWindowVisible(window) && GetWindow(window, GW_CHILD) != nullptr) *reinterpret_cast<HWND*>(found) = window;
         return TRUE;
     };
@@ -46,8 +46,8 @@ protected:
         program.toolkit().create20.Edit = true;  // it does not load without Topics
     }
     void TearDown() override {
-        windows.quit();
-        windows.run();  // which takes the windows away
+        screen.quit();
+        screen.run();  // which takes the windows away
     }
 
     // Shows one form after the other.
@@ -55,20 +55,20 @@ protected:
     void forEachForm(const Look& look) {
         for (Form* form : program.toolkit().forms) {
             program.toolkit().create3.CoverPage1Name.setText(endless);  // without which the next page does not load
-            windows.event([&] { form->show(); });
+            screen.event([&] { form->show(); });
             SCOPED_TRACE(form->name());
             ASSERT_FALSE(shownControls().empty());
             look(*form);
-            windows.event([&] { form->hide(); });
+            screen.event([&] { form->hide(); });
         }
     }
 
     MemoryRegistry registry{[](const std::string&) { return std::nullopt; }};
-    Win32Screen windows;
-    Win32FileDialog dialog{windows};
+    Win32Screen screen;
+    Win32FileDialog dialog{screen};
     StandardFiles files;
     Win32Clock clock;
-    Program program{Platform{registry, windows, dialog, files, clock}};
+    Program program{Platform{registry, screen, dialog, files, clock}};
 };
 
 void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& style) {
@@ -78,21 +78,18 @@ void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& 
         EXPECT_LE(size.cx + style.px(padding), room.cx);
         EXPECT_LE(size.cy, room.cy);
     };
-    switch (window.control().kind()) {
-        case ControlKind::label: {
-            const bool cut = (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // and whole in a tip
-            EXPECT_EQ(cut, windowText(handle) == endless);
-            if (cut) return;
-            const SIZE size = textSize(handle, room.cx, DT_WORDBREAK | DT_NOPREFIX);
-            EXPECT_TRUE(size.cx <= room.cx && size.cy <= room.cy);
-            return;
-        }
-        case ControlKind::imageButton: return padded(DT_NOPREFIX, 8);
-        case ControlKind::checkBox:
-        case ControlKind::optionButton: return padded(0, 16);
-        case ControlKind::textBox:
-        case ControlKind::comboBox: EXPECT_LE(textSize(handle, 0, DT_SINGLELINE).cy + style.px(4), room.cy); return;
-        default: return;
+    const Control& control = window.control();
+    if (is<Label>(control)) {
+        const bool cut = (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // and whole in a tip
+        EXPECT_EQ(cut, windowText(handle) == endless);
+        if (cut) return;
+        const SIZE size = textSize(handle, room.cx, DT_WORDBREAK | DT_NOPREFIX);
+        EXPECT_TRUE(size.cx <= room.cx && size.cy <= room.cy);
+    }
+    if (is<ImageButton>(control)) padded(DT_NOPREFIX, 8);
+    if (is<CheckBox>(control) || is<OptionButton>(control)) padded(0, 16);
+    if (is<TextBox>(control) || is<ComboBox>(control)) {
+        EXPECT_LE(textSize(handle, 0, DT_SINGLELINE).cy + style.px(4), room.cy);
     }
 }
 
@@ -100,7 +97,7 @@ void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& 
 
 TEST_F(ScreenTest, FitsAtEveryScaleWithTextsOfAnyLength) {
     forEachForm([&](Form& form) {
-        windows.event([&] {
+        screen.event([&] {
             for (Control* control : form.controls()) {
                 if (auto* box = dynamic_cast<TextBox*>(control)) box->setText(endless);
                 if (auto* list = dynamic_cast<ComboBox*>(control)) list->addItem(endless);
@@ -147,10 +144,8 @@ TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
             SCOPED_TRACE(control.name());
             const HWND handle = window->handle();
             const HWND before = GetWindow(handle, GW_HWNDPREV);
-            const bool pushed =
-                control.kind() == ControlKind::imageButton || control.kind() == ControlKind::taskPicture;
-            if (dynamic_cast<const TextBox*>(&control) || dynamic_cast<const ComboBox*>(&control) ||
-                dynamic_cast<const MarkList*>(&control)) {
+            const bool pushed = is<ImageButton>(control) || is<TaskPicture>(control);
+            if (is<TextBox>(control) || is<ComboBox>(control) || is<MarkList>(control)) {
                 EXPECT_TRUE(isA(before, "STATIC") && !windowText(before).empty());
             }
             if (!pushed) continue;
@@ -162,7 +157,7 @@ TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
             auto* button = dynamic_cast<ImageButton*>(form.find(control.name()));
             for (const bool disabled : {false, true}) {
                 if (button == nullptr && disabled) break;
-                if (button != nullptr) windows.event([&] { button->setDisabled(disabled); });
+                if (button != nullptr) screen.event([&] { button->setDisabled(disabled); });
                 EXPECT_EQ(IsWindowEnabled(handle) == FALSE, disabled);
                 EXPECT_EQ(SendMessageA(handle, WM_GETDLGCODE, 0, 0), disabled ? LRESULT{DLGC_STATIC} : kind);
             }

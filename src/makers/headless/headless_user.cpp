@@ -25,13 +25,13 @@ HeadlessUser& HeadlessUser::at(std::string_view formName) {
 }
 
 template <class Kind>
-Kind& HeadlessUser::reach(std::string_view name, ControlKind kind) const {
+Kind& HeadlessUser::reach(std::string_view name) const {
     Form& page = form();
-    Control* found = page.find(name);
+    auto* found = dynamic_cast<Kind*>(page.find(name));
     const std::string where = std::string(name) + " on " + page.name();
-    if (found == nullptr || found->kind() != kind) throw std::logic_error("no such control: " + where);
+    if (found == nullptr) throw std::logic_error("no such control: " + where);
     if (!found->visible() || !found->enabled()) throw std::logic_error("not to be reached: " + where);
-    return static_cast<Kind&>(*found);
+    return *found;
 }
 
 HeadlessUser& HeadlessUser::event(const std::function<void()>& gesture) {
@@ -42,45 +42,45 @@ HeadlessUser& HeadlessUser::event(const std::function<void()>& gesture) {
 }
 
 HeadlessUser& HeadlessUser::press(std::string_view button) {
-    auto& target = reach<ImageButton>(button, ControlKind::imageButton);
+    auto& target = reach<ImageButton>(button);
     event([&] { target.mouseDown(); });
     return event([&] { target.mouseUp(); });
 }
 
 HeadlessUser& HeadlessUser::pressTask(std::string_view picture, bool inside) {
-    auto& target = reach<TaskPicture>(picture, ControlKind::taskPicture);
+    auto& target = reach<TaskPicture>(picture);
     event([&] { target.mouseDown(); });
     return event([&] { target.mouseUp(inside ? 1 : 0, 1); });
 }
 
 HeadlessUser& HeadlessUser::type(std::string_view textBox, const std::string& text) {
-    auto& target = reach<TextBox>(textBox, ControlKind::textBox);
+    auto& target = reach<TextBox>(textBox);
     return event([&] { target.setText(text); });
 }
 
 HeadlessUser& HeadlessUser::check(std::string_view checkBox, bool checked) {
-    auto& target = reach<CheckBox>(checkBox, ControlKind::checkBox);
+    auto& target = reach<CheckBox>(checkBox);
     return event([&] { target.setValue(checked ? 1 : 0); });
 }
 
 HeadlessUser& HeadlessUser::choose(std::string_view comboBox, int row) {
-    auto& target = reach<ComboBox>(comboBox, ControlKind::comboBox);
+    auto& target = reach<ComboBox>(comboBox);
     if (row < 0 || row >= target.count()) throw std::logic_error("no such row on " + target.name());
     return event([&] { target.userChooses(row); });
 }
 
 HeadlessUser& HeadlessUser::choose(std::string_view option) {
-    auto& target = reach<OptionButton>(option, ControlKind::optionButton);
+    auto& target = reach<OptionButton>(option);
     return event([&] { target.choose(); });
 }
 
 HeadlessUser& HeadlessUser::mark(std::string_view list, int row, bool marked) {
-    auto& target = reach<MarkList>(list, ControlKind::markList);
+    auto& target = reach<MarkList>(list);
     return event([&] { target.userMarks(row, marked); });
 }
 
 HeadlessUser& HeadlessUser::click(std::string_view picture) {
-    auto& target = reach<Picture>(picture, ControlKind::picture);
+    auto& target = reach<Picture>(picture);
     return event([&] {
         if (target.onClick) target.onClick();
     });

@@ -17,24 +17,24 @@ struct ShownMessage {
     Buttons buttons;
 };
 
-// Windows without a screen. What it keeps: every message with a scripted answer, the order in which forms were shown,
-// hidden, enabled and disabled, the timers that run, and the end of the program. What it leaves out: painting, focus,
-// and the mouse's way from one control to the next.
+// Windows without a screen. It keeps every message, the order in which forms were shown, hidden, enabled and disabled,
+// the running timers, and whether the program ended. Messages are answered from a script. There is no painting, no
+// focus and no mouse pointer.
 class HeadlessWindows final : public Screen {
 public:
-    std::deque<Answer> answers;  // to the coming messages; none left: ok
+    std::deque<Answer> answers;  // to the next messages; when none is left: ok
     std::vector<ShownMessage> messages;
     std::vector<std::string> formLog;  // such as "Create1 disabled", "Create1 hidden", "Create2 shown"
     bool ended = false;
 
     // The forms on the screen, the one shown last at the end.
     const std::vector<Form*>& visibleForms() const { return visible_; }
-    // Lets every running timer's time pass once.
+    // Raises every running timer once.
     void passTime();
 
     void formChanged(Form& form) override;
     void controlChanged(Control&) override {}
-    void rowsChanged(Control&, RowChange, int) override {}
+    void rowsChanged(Control&, RowChange) override {}
     void timerChanged(Timer& timer) override;
     Answer ask(const std::string& text, const std::string& title, Buttons buttons) override;
     Size screenSize() override { return {1024, 768}; }
@@ -51,10 +51,10 @@ private:
     std::vector<Timer*> timers_;
 };
 
-// A file dialog that answers from a script: a path, or nothing for a cancel. It keeps what it was asked.
+// A file dialog that answers from a script: a path, or nothing for cancel. It keeps every question.
 class HeadlessFileDialog final : public FileDialog {
 public:
-    std::deque<std::optional<std::string>> answers;  // none left: cancel
+    std::deque<std::optional<std::string>> answers;  // when none is left: cancel
     std::vector<FileQuestion> questions;
 
     std::optional<std::string> askOpen(const FileQuestion& question) override { return answer(question); }
@@ -64,7 +64,7 @@ private:
     std::optional<std::string> answer(const FileQuestion& question);
 };
 
-// A clock that stands at a set text and counts how often it is read.
+// A clock that tells the text it is set to, and counts how often it is read.
 class SetClock final : public Clock {
 public:
     std::string text = "15/11/2026 19:30:05";

@@ -12,8 +12,8 @@ struct Point {
     double y;
 };
 
-// A small picture that shapes are drawn on, with smooth edges at any scale. Shapes are given in units of the drawing;
-// the canvas has `scale` pixels to a unit.
+// A small picture that is made of shapes, with smooth edges at any scale. Shapes have units of their own; `scale` is
+// the number of pixels to a unit.
 class Canvas {
 public:
     Canvas(int width, int height, double scale, Colour background);

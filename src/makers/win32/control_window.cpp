@@ -14,11 +14,18 @@ namespace vrix {
 
 namespace {
 
-// A control stands on screen, or takes input, only where the frames that it lies on do too.
+// Whether something holds for a control and for every frame that it lies on.
 template <class Test>
 bool withFrames(const Control& control, const Test& test) {
     const auto* frame = dynamic_cast<const Frame*>(&control.parent());
     return test(control) && (frame == nullptr || withFrames(*frame, test));
+}
+
+// Makes a window of that class if the control is of that kind.
+template <class Window, class Kind>
+std::unique_ptr<ControlWindow> makeIf(FormWindow& owner, Control& control) {
+    auto* one = dynamic_cast<Kind*>(&control);
+    return one == nullptr ? nullptr : std::make_unique<Window>(owner, *one);
 }
 
 }  // namespace
@@ -84,7 +91,7 @@ void ControlWindow::update() {
     moveTo(place());
     const bool visible = withFrames(control_, [](const Control& part) { return part.visible(); });
     const bool enabledNow = enabled();
-    if (!(visible && enabledNow) && GetFocus() == handle_) owner_.moveFocusFrom(handle_);
+    if (!(visible && enabledNow) && GetFocus() == handle_) owner_.keyboard().moveFocusFrom(handle_);
     if ((IsWindowEnabled(handle_) != FALSE) != enabledNow) EnableWindow(handle_, enabledNow);
     if (shown() != visible) ShowWindow(handle_, visible ? SW_SHOWNA : SW_HIDE);
 }
@@ -122,21 +129,12 @@ std::string windowText(HWND window) {
 }
 
 std::unique_ptr<ControlWindow> makeControlWindow(FormWindow& owner, Control& control) {
-    switch (control.kind()) {
-        case ControlKind::label: return std::make_unique<LabelWindow>(owner, static_cast<Label&>(control));
-        case ControlKind::picture: return std::make_unique<PictureWindow>(owner, static_cast<Picture&>(control));
-        case ControlKind::taskPicture:
-            return std::make_unique<TaskPictureWindow>(owner, static_cast<TaskPicture&>(control));
-        case ControlKind::imageButton:
-            return std::make_unique<ImageButtonWindow>(owner, static_cast<ImageButton&>(control));
-        case ControlKind::textBox: return std::make_unique<TextBoxWindow>(owner, static_cast<TextBox&>(control));
-        case ControlKind::checkBox: return std::make_unique<CheckBoxWindow>(owner, static_cast<CheckBox&>(control));
-        case ControlKind::optionButton:
-            return std::make_unique<OptionButtonWindow>(owner, static_cast<OptionButton&>(control));
-        case ControlKind::comboBox: return std::make_unique<ComboBoxWindow>(owner, static_cast<ComboBox&>(control));
-        case ControlKind::markList: return std::make_unique<MarkListWindow>(owner, static_cast<MarkList&>(control));
-        case ControlKind::frame:
-        case ControlKind::buttonLabel: break;
+    for (const auto make :
+         {&makeIf<LabelWindow, Label>, &makeIf<PictureWindow, Picture>, &makeIf<TaskPictureWindow, TaskPicture>,
+          &makeIf<ImageButtonWindow, ImageButton>, &makeIf<TextBoxWindow, TextBox>, &makeIf<CheckBoxWindow, CheckBox>,
+          &makeIf<OptionButtonWindow, OptionButton>, &makeIf<ComboBoxWindow, ComboBox>,
+          &makeIf<MarkListWindow, MarkList>}) {
+        if (auto window = make(owner, control)) return window;
     }
     return nullptr;
 }

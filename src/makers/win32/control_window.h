@@ -10,14 +10,14 @@
 
 namespace vrix {
 
-// What a control's native window is made as.
+// The platform's class and styles for the window of a control.
 struct WindowKind {
     const char* className;
     DWORD style;
     DWORD extendedStyle = 0;
 };
 
-// The native window of one control. This base does what all have in common.
+// The native window of one control: what all kinds of them have in common.
 class ControlWindow {
 public:
     ControlWindow(FormWindow& owner, Control& control, const WindowKind& kind);
@@ -33,23 +33,25 @@ public:
     bool shown() const;
     bool takesFocus() const;
 
-    // Goes on with the group of the control before it, in which the arrow keys move.
+    // Puts the control into the group of the one before it. The arrow keys move within a group.
     void joinGroup() { setStyle(WS_GROUP, false); }
 
-    // Takes place and font at the form's scale.
+    // Sets place and font to the scale of the form.
     virtual void layout();
-    // Takes from the control what may have changed, but for the rows of a list.
+    // Shows what may have changed in the control.
     virtual void update();
-    // Takes one change of the rows of a list.
-    virtual void rowsChanged(RowChange /*change*/, int /*row*/) {}
+    // The rows of a list changed; the next update() shows them.
+    virtual void rowsChanged(RowChange /*change*/) {}
 
     // The native control reports something, or wants a row drawn.
     virtual void notified(int /*code*/) {}
     virtual void drawRow(const DRAWITEMSTRUCT&) {}
-    // Presses the control by keyboard. False for one that cannot be pressed.
+    // Presses the control by keyboard. False if it is not of a kind that can be pressed.
     virtual bool press() { return false; }
-    // Enter belongs to the control at present, not to the page.
+    // The control itself handles Enter at present, as an open list does.
     virtual bool wantsEnter() const { return false; }
+    // Text can be typed into the control.
+    virtual bool takesText() const { return false; }
 
 protected:
     FormWindow& owner() const { return owner_; }
@@ -60,8 +62,8 @@ protected:
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     LRESULT send(UINT message, WPARAM wParam, const std::string& text) const;
     void moveTo(const RECT& place);
-    void setText(const std::string& text);  // if it is another one
-    // A line of text as it fits into a width. One that does not fit is shown whole in a tip.
+    void setText(const std::string& text);  // if it differs
+    // A line of text, cut if it is longer than a width. The whole of it then stands in a tip.
     std::string shortenedTo(int width, const std::string& text) const;
     void setStyle(LONG bits, bool on);
     // Runs one event of the program.
@@ -78,7 +80,7 @@ private:
 
 std::string windowText(HWND window);
 
-// Makes the window of a control, or nothing for a control that has none of its own.
+// Makes the window of a control. Null for a control without one: a frame, or the label of a button.
 std::unique_ptr<ControlWindow> makeControlWindow(FormWindow& owner, Control& control);
 
 }  // namespace vrix

@@ -9,6 +9,7 @@
 #include "forms/buttons.h"
 #include "forms/event.h"
 #include "makers/win32/control_window.h"
+#include "makers/win32/library_function.h"
 #include "makers/win32/win32_screen.h"
 
 namespace vrix {
@@ -44,7 +45,7 @@ const char* windowClass(WNDPROC procedure) {
 // The outer rectangle of a window with this client area.
 RECT withFrame(RECT client, HWND window, int dpi) {
     using Adjust = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
-    static const auto adjust = userFunction<Adjust>("AdjustWindowRectExForDpi");
+    static const auto adjust = libraryFunction<Adjust>("user32.dll", "AdjustWindowRectExForDpi");
     const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
     if (adjust != nullptr) {
         adjust(&client, style, FALSE, 0, static_cast<UINT>(dpi));
@@ -60,17 +61,26 @@ RECT windowRect(HWND window) {
     return area;
 }
 
+HWND makeWindow(const Form& form, WNDPROC procedure) {
+    const DWORD style = form.border() == Form::Border::fixed ? pageStyle : borderlessStyle;
+    const HWND window = CreateWindowExA(0, windowClass(procedure), form.caption().c_str(), style, 0, 0, 0, 0, nullptr,
+                                        nullptr, GetModuleHandleA(nullptr), nullptr);
+    if (window == nullptr) throw std::runtime_error("The window of " + form.name() + " could not be made.");
+    return window;
+}
+
 }  // namespace
 
-FormWindow::FormWindow(Win32Screen& screen, Form& form) : screen_(screen), form_(form) {
-    const bool page = form.border() == Form::Border::fixed;
-    CreateWindowExA(0, windowClass(&FormWindow::procedure), form.caption().c_str(), page ? pageStyle : borderlessStyle,
-                    0, 0, 0, 0, nullptr, nullptr, GetModuleHandleA(nullptr), this);
-    if (handle_ == nullptr) throw std::runtime_error("The window of " + form.name() + " could not be made.");
-    style_ = std::make_unique<Style>(fittingDpi(dpiOf(handle_)));
+FormWindow::FormWindow(Win32Screen& screen, Form& form)
+    : screen_(screen),
+      form_(form),
+      handle_(makeWindow(form, &FormWindow::procedure)),
+      keyboard_(screen, handle_),
+      style_(std::make_unique<Style>(fittingDpi(dpiOf(handle_)))) {
+    SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     measureRegions();
     makeControls();
-    // The form stands in the middle with its frame.
+    // The form has centred its client area; the window takes the same centre with its frame.
     const RECT outer = frameAt(style_->dpi());
     const int dpi = systemDpi();
     placeAt(MulDiv(2 * form_.left() + form_.size().width, dpi, 192) - (outer.right - outer.left) / 2,
@@ -83,18 +93,12 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::makeControls() {
-    auto kindBefore = ControlKind::frame;
     for (Control* control : form_.controls()) {
-        const ControlKind kind = control->kind();
-        if (kind == ControlKind::buttonLabel) continue;
         auto window = makeControlWindow(*this, *control);
         if (window == nullptr) continue;
-        const bool button = kind == ControlKind::imageButton;
-        if (kind == kindBefore && (button || kind == ControlKind::optionButton)) window->joinGroup();
-        kindBefore = kind;
+        keyboard_.add(*window);
         byControl_[control] = window.get();
-        if (button) byControl_[&static_cast<ImageButton*>(control)->label] = window.get();
-        if (button && control->name() == "NextBtn") default_ = window.get();
+        if (const auto* button = dynamic_cast<ImageButton*>(control)) byControl_[&button->label] = window.get();
         controls_.push_back(std::move(window));
     }
     layOut();
@@ -151,7 +155,7 @@ void FormWindow::placeAt(int left, int top) {
 }
 
 void FormWindow::applyStyle(int dpi) {
-    const auto before = std::exchange(style_, std::make_unique<Style>(dpi));  // its fonts stay until they are replaced
+    const auto before = std::exchange(style_, std::make_unique<Style>(dpi));  // the controls still use its fonts
     layOut();
     RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
@@ -165,9 +169,9 @@ void FormWindow::show() {
     takeEnabled();
     if (onScreen_) return;
     onScreen_ = true;
-    lastFocus_ = nullptr;
+    keyboard_.forgetFocus();
     ShowWindow(handle_, SW_SHOW);
-    if (GetActiveWindow() == handle_) activated(true);
+    if (GetActiveWindow() == handle_) keyboard_.restoreFocus();
     RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
@@ -188,67 +192,6 @@ ControlWindow* FormWindow::find(const Control& control) const {
 void FormWindow::update(const Control& control) {
     if (ControlWindow* window = find(control)) return window->update();
     for (const auto& window : controls_) window->update();
-}
-
-ControlWindow* FormWindow::firstStop() const {
-    const auto stop = [&](bool onFrame) {
-        const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& window) {
-            return window->takesFocus() && (!onFrame || &window->control().parent() != &form_);
-        });
-        return found == controls_.end() ? nullptr : found->get();
-    };
-    if (ControlWindow* input = stop(true)) return input;
-    return default_ != nullptr && default_->takesFocus() ? default_ : stop(false);
-}
-
-void FormWindow::focus(HWND child) {
-    screen_.quietly([&] {
-        SetFocus(child);
-        if ((SendMessageA(child, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageA(child, EM_SETSEL, 0, -1);
-    });
-}
-
-void FormWindow::activated(bool active) {
-    if (!active) {
-        lastFocus_ = IsChild(handle_, GetFocus()) ? GetFocus() : lastFocus_;
-        return;
-    }
-    if (lastFocus_ != nullptr && IsWindowEnabled(lastFocus_)) {
-        screen_.quietly([&] { SetFocus(lastFocus_); });
-    } else if (const ControlWindow* first = firstStop()) {
-        focus(first->handle());
-    }
-}
-
-void FormWindow::moveFocusFrom(HWND child) {
-    const HWND next = GetNextDlgTabItem(handle_, child, FALSE);
-    SetFocus(next == nullptr || next == child ? handle_ : next);
-}
-
-bool FormWindow::isDefault(const Control& control) const {
-    return default_ != nullptr && &default_->control() == &control;
-}
-
-bool FormWindow::translate(MSG& message) {
-    // Nothing on a page has a key mark, whatever "&" its texts hold.
-    if (message.message == WM_CHAR || message.message == WM_SYSCHAR) return false;
-    if (message.message == WM_KEYDOWN && (message.wParam == VK_RETURN || message.wParam == VK_SPACE)) {
-        constexpr LPARAM wasDown = LPARAM{1} << 30;
-        const bool held = (message.lParam & wasDown) != 0;
-        const ControlWindow* focused = message.hwnd == handle_ ? nullptr : ControlWindow::of(message.hwnd);
-        const bool text = focused != nullptr && focused->control().kind() == ControlKind::textBox;
-        const bool enter = message.wParam == VK_RETURN && (focused == nullptr || !focused->wantsEnter());
-        if (enter && !held) pressEnter();
-        // A key that is held while the page changes does nothing on the next one.
-        if (enter || (held && !text)) return true;
-    }
-    return IsDialogMessageA(handle_, &message) != FALSE;
-}
-
-void FormWindow::pressEnter() {
-    const HWND focused = GetFocus();
-    if (IsChild(handle_, focused) && ControlWindow::of(focused)->press()) return;
-    if (default_ != nullptr && default_->takesFocus()) default_->press();
 }
 
 void FormWindow::pointerMoved(POINT point) {
@@ -287,7 +230,7 @@ void FormWindow::paint(HDC dc, const RECT& area) const {
 
 std::optional<LRESULT> FormWindow::colourMessage(HDC dc, HWND child) const {
     const ControlWindow* window = ControlWindow::of(child);
-    if (window == nullptr || window->control().kind() == ControlKind::textBox) return std::nullopt;
+    if (window == nullptr || window->takesText()) return std::nullopt;
     const int surfaceIndex = surface(window->control());
     SetTextColor(dc, style_->palette().text);
     SetBkColor(dc, GetSysColor(surfaceIndex));
@@ -295,16 +238,9 @@ std::optional<LRESULT> FormWindow::colourMessage(HDC dc, HWND child) const {
 }
 
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        auto* made = static_cast<FormWindow*>(reinterpret_cast<CREATESTRUCTA*>(lParam)->lpCreateParams);
-        made->handle_ = window;
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(made));
-    }
     auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
     std::optional<LRESULT> result;
-    if (self != nullptr && self->style_ != nullptr) {
-        runEvent(self->screen_, [&] { result = self->message(message, wParam, lParam); });
-    }
+    if (self != nullptr) runEvent(self->screen_, [&] { result = self->message(message, wParam, lParam); });
     return result ? *result : DefWindowProcA(window, message, wParam, lParam);
 }
 
@@ -344,28 +280,10 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
         case WM_THEMECHANGED: applyStyle(style_->dpi()); return std::nullopt;
-        default: return dialogMessage(message, wParam, lParam);
-    }
-}
-
-// What the platform's dialog keys ask of the window of a page.
-std::optional<LRESULT> FormWindow::dialogMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_ACTIVATE:
-            if (HIWORD(wParam) == 0) activated(LOWORD(wParam) != WA_INACTIVE);
-            return 0;
         case WM_COMMAND:
             if (lParam != 0) ControlWindow::of(reinterpret_cast<HWND>(lParam))->notified(HIWORD(wParam));
             return 0;
-        case DM_GETDEFID:
-            if (default_ == nullptr) return 0;
-            return MAKELONG(GetDlgCtrlID(default_->handle()), DC_HASDEFID);
-        case DM_SETDEFID: return TRUE;
-        case WM_NEXTDLGCTL:
-            focus(LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam)
-                                      : GetNextDlgTabItem(handle_, GetFocus(), wParam != 0));
-            return 0;
-        default: return std::nullopt;
+        default: return keyboard_.message(message, wParam, lParam);
     }
 }
 

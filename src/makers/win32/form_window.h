@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "forms/form.h"
+#include "makers/win32/keyboard.h"
 #include "makers/win32/style.h"
 #include "makers/win32/tips.h"
 
@@ -27,30 +28,24 @@ public:
     HWND handle() const { return handle_; }
     Win32Screen& screen() const { return screen_; }
     const Style& style() const { return *style_; }
+    Keyboard& keyboard() { return keyboard_; }
+    // The native number for the next control.
     UINT_PTR nextId() const { return firstId + controls_.size(); }
 
     bool onScreen() const { return onScreen_; }
-    // Comes up in front with the focus on its first input.
+    // Shows the window in front, with the focus on its first input.
     void show();
     void hide();
-    void takeEnabled();
 
-    // The window of a control; that of the button for its label. Null for a frame.
+    // The window of a control; for the label of a button, that of the button. Null for a frame, which has none.
     ControlWindow* find(const Control& control) const;
-    // Takes what changed in a control, or in all controls where it has no window.
+    // Shows what changed in a control. A change of a frame concerns all controls on it, so all are brought up to date.
     void update(const Control& control);
 
-    // Takes a message of the queue as keyboard use of the page: Tab, arrows, Enter. False leaves it to others.
-    bool translate(MSG& message);
-    // Moves the focus on from a control that is about to lose the right to it.
-    void moveFocusFrom(HWND child);
-    // Enter presses this control while the focus is on no other button.
-    bool isDefault(const Control& control) const;
-
-    // Says in a tip what a control has no room to show; nothing for an empty text.
+    // Gives a control a tip, for a text that it has no room to show whole. An empty text takes the tip away.
     void explain(HWND child, const std::string& text) { tips_.set(handle_, child, text); }
 
-    // What a control stands on, as the platform's colour index and as a colour.
+    // What a control stands on: the platform's number of that colour, and the colour itself.
     int surface(const Control& control) const;
     Colour surfaceColour(const Control& control) const { return GetSysColor(surface(control)); }
 
@@ -58,10 +53,10 @@ private:
     static constexpr UINT_PTR firstId = 100;  // 1 and 2 stand for Enter and Esc
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> dialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> colourMessage(HDC dc, HWND child) const;
 
     void makeControls();
+    void takeEnabled();
     void layOut();
     void measureRegions();
     int fittingDpi(int dpi) const;
@@ -70,25 +65,20 @@ private:
     void placeAt(int left, int top);
     void applyStyle(int dpi);
     void rescale(int dpi, int left, int top);
-    ControlWindow* firstStop() const;
-    void pressEnter();
     void pointerMoved(POINT point);
-    void activated(bool active);
-    void focus(HWND child);
     void paint(HDC dc, const RECT& area) const;
 
     Win32Screen& screen_;
     Form& form_;
-    HWND handle_ = nullptr;
+    HWND handle_;
+    Keyboard keyboard_;
     std::unique_ptr<Style> style_;
     std::vector<std::unique_ptr<ControlWindow>> controls_;  // in reading order
     std::unordered_map<const Control*, ControlWindow*> byControl_;
-    ControlWindow* default_ = nullptr;
-    int bandBottom_ = 0;  // the title band lies above it, in 1/96 inch; 0 without a band and a row
-    int rowTop_ = 0;      // the row of buttons lies below it
+    int bandBottom_ = 0;  // the lower edge of the title band, in 1/96 inch; 0 where there is none
+    int rowTop_ = 0;      // the upper edge of the row of buttons; 0 where there is none
     bool onScreen_ = false;
     Tips tips_;
-    HWND lastFocus_ = nullptr;  // what had the focus when the window was left
 };
 
 }  // namespace vrix

@@ -11,11 +11,11 @@ struct GdiDeleter {
     void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
 
-// A font, brush, pen or bitmap with its owner.
+// Owns a font, brush, pen or bitmap.
 template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
 
-// Puts an object into a device context and takes it out again.
+// Selects an object into a device context. The destructor selects the one before again.
 class Selected {
 public:
     Selected(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
@@ -28,7 +28,7 @@ private:
     HGDIOBJ before_;
 };
 
-// A picture in memory that is drawn on first and comes to the screen whole, so that nothing flickers.
+// A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers.
 class Buffer {
 public:
     Buffer(HDC target, const RECT& area)

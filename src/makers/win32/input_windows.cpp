@@ -12,20 +12,20 @@ constexpr UINT settleChoices = WM_APP;
 constexpr UINT setMostRowsSeen = 0x1701;  // CB_SETMINVISIBLE
 constexpr int rowsSeen = 12;              // of an open list, at most
 
-// A box of one line, as high as its font wants it, in the middle of the control's place.
+// A box for one line of text: as high as its font needs, in the middle of the control's place.
 RECT lineBox(RECT place, int height) {
     const int spare = std::max(0, static_cast<int>(place.bottom - place.top) - height);
     return {place.left, place.top + spare / 2, place.right, place.bottom - (spare - spare / 2)};
 }
 
-// Text for a native control that would take "&" for a key mark.
+// Text for a native control that takes "&" as the mark of an access key.
 std::string unmarked(const std::string& text) {
     std::string result;
     for (const char c : text) result.append(c == '&' ? 2 : 1, c);
     return result;
 }
 
-// The text of an option button as it stands on the screen, where "&&" is one "&".
+// The text of an option button as the user sees it: "&&" is one "&".
 std::string asSeen(const std::string& caption) {
     std::string result;
     for (std::size_t i = 0; i < caption.size(); i += caption.compare(i, 2, "&&") == 0 ? 2 : 1) result += caption[i];
@@ -89,15 +89,13 @@ void OptionButtonWindow::update() {
 // Tab stops at the chosen button of the group, or at its first while none is chosen.
 void OptionButtonWindow::placeTabStop() {
     const OptionButton* stop = nullptr;
-    for (const Control* sibling : button_.parent().children()) {
-        if (sibling->kind() != ControlKind::optionButton) continue;
-        const auto* other = static_cast<const OptionButton*>(sibling);
+    const auto group = only<OptionButton>(button_.parent().children());
+    for (const OptionButton* other : group) {
         if (stop == nullptr || other->chosen()) stop = other;
     }
-    for (const Control* sibling : button_.parent().children()) {
-        if (sibling->kind() != ControlKind::optionButton) continue;
-        if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*sibling))) {
-            window->setStyle(WS_TABSTOP, sibling == stop);
+    for (const OptionButton* other : group) {
+        if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*other))) {
+            window->setStyle(WS_TABSTOP, other == stop);
         }
     }
 }
@@ -113,7 +111,7 @@ ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
     send(CB_INITSTORAGE, box.rows().size(), 32);
 }
 
-// The native control's own height is that of the list which it opens.
+// A native combo box counts its open list to its height.
 RECT ComboBoxWindow::place() const {
     RECT area = lineBox(ControlWindow::place(), owner().style().lineBoxHeight());
     area.bottom += static_cast<LONG>(rowsSeen * send(CB_GETITEMHEIGHT, 0)) + owner().style().px(2);
@@ -129,24 +127,18 @@ void ComboBoxWindow::layout() {
     send(CB_SETITEMHEIGHT, ownBox, owner().style().lineBoxHeight() - border);
 }
 
-void ComboBoxWindow::rowsChanged(RowChange, int) { rowsDiffer_ = true; }
-
-void ComboBoxWindow::showRows() {
-    shown_.become(
-        box_.rows(), [&](std::size_t row, const std::string& text) { send(CB_INSERTSTRING, row, text); },
-        [&](std::size_t row) { send(CB_DELETESTRING, row); }, [&] { send(CB_RESETCONTENT); });
-}
+void ComboBoxWindow::rowsChanged(RowChange) { rowsDiffer_ = true; }
 
 void ComboBoxWindow::update() {
     ControlWindow::update();
     if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
-    if (rowsDiffer_) showRows();
+    if (rowsDiffer_) shown_.replace(handle(), box_.rows());
     rowsDiffer_ = false;
     send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
 }
 
-// One choice comes as several notifications, in an order that differs with what the user did. They are taken together
-// behind the last.
+// One choice comes as several notifications. Their order depends on how the user chose. A message that arrives behind
+// the last handles them together.
 void ComboBoxWindow::notified(int code) {
     if (code == CBN_DROPDOWN) raised_ = false;
     if (code == CBN_SELENDOK) confirmed_ = true;
@@ -205,9 +197,7 @@ void MarkListWindow::update() {
 void MarkListWindow::showRows() {
     std::vector<std::string> texts;
     for (const MarkList::Row& row : list_.rows()) texts.push_back(row.text);
-    shown_.become(
-        std::move(texts), [&](std::size_t row, const std::string& text) { send(LB_INSERTSTRING, row, text); },
-        [&](std::size_t row) { send(LB_DELETESTRING, row); }, [&] { send(LB_RESETCONTENT); });
+    shown_.replace(handle(), std::move(texts));
     // A list that was filled anew begins at its top.
     if (cleared_) {
         send(LB_SETCARETINDEX, 0, FALSE);
@@ -225,7 +215,7 @@ std::vector<bool> MarkListWindow::shownMarks() const {
     return marks;
 }
 
-// Marking by code moves neither the focused row nor what is seen of the list.
+// When the program marks rows, the focused row and the visible part of the list stay the same.
 void MarkListWindow::showMarks() {
     marksDiffer_ = false;
     const std::vector<bool> shown = shownMarks();
@@ -243,7 +233,7 @@ void MarkListWindow::showMarks() {
     if (static_cast<WPARAM>(send(LB_GETTOPINDEX)) != top) send(LB_SETTOPINDEX, top);
 }
 
-void MarkListWindow::rowsChanged(RowChange change, int) {
+void MarkListWindow::rowsChanged(RowChange change) {
     if (change != RowChange::marked) rowsDiffer_ = true;
     if (change == RowChange::cleared) cleared_ = true;
     marksDiffer_ = true;
@@ -253,7 +243,7 @@ void MarkListWindow::notified(int code) {
     if (code == LBN_SELCHANGE) takeMarks();
 }
 
-// Not every platform notifies of a row marked by keyboard.
+// Some versions of the platform do not notify of a row that is marked by keyboard.
 LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = ControlWindow::message(message, wParam, lParam);
     if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) takeMarks();

@@ -13,19 +13,20 @@ public:
     TextBoxWindow(FormWindow& owner, TextBox& box);
     void update() override;
     void notified(int code) override;
+    bool takesText() const override { return true; }
 
 private:
     RECT place() const override;
     TextBox& box_;
 };
 
-// A mark with a caption behind it.
+// A check box or an option button.
 class MarkWindow : public ControlWindow {
 public:
     using ControlWindow::ControlWindow;
 
 protected:
-    // Shows a caption, be it longer than its room.
+    // Shows the caption, cut if it has no room.
     void showCaption(const std::string& caption);
 };
 
@@ -55,22 +56,21 @@ public:
     ComboBoxWindow(FormWindow& owner, ComboBox& box);
     void layout() override;
     void update() override;
-    void rowsChanged(RowChange change, int row) override;
+    void rowsChanged(RowChange change) override;
     void notified(int code) override;
     bool wantsEnter() const override;
 
 private:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT place() const override;
-    void showRows();
     void choicesSettled();
 
     ComboBox& box_;
-    ShownRows shown_;
-    bool rowsDiffer_ = true;  // the rows changed since the current one was last shown
-    bool settling_ = false;   // a look at the user's choice is on its way
-    bool confirmed_ = false;  // the user confirmed the current row, be it another one or not
-    bool raised_ = false;     // a choice was raised since the list was opened
+    ShownRows shown_{{CB_INSERTSTRING, CB_DELETESTRING, CB_RESETCONTENT}};
+    bool rowsDiffer_ = true;  // the rows changed since they were last shown
+    bool settling_ = false;   // the message settleChoices is posted
+    bool confirmed_ = false;  // the user confirmed a row, perhaps the one that was current
+    bool raised_ = false;     // the page was told of a choice since the list was opened
 };
 
 class MarkListWindow final : public ControlWindow {
@@ -78,7 +78,7 @@ public:
     MarkListWindow(FormWindow& owner, MarkList& list);
     void layout() override;
     void update() override;
-    void rowsChanged(RowChange change, int row) override;
+    void rowsChanged(RowChange change) override;
     void notified(int code) override;
     void drawRow(const DRAWITEMSTRUCT& item) override;
 
@@ -89,9 +89,9 @@ private:
     void showMarks();
     std::vector<bool> shownMarks() const;
     MarkList& list_;
-    ShownRows shown_;
-    bool rowsDiffer_ = true;   // rows came or went since they were last shown
-    bool cleared_ = false;     // all of them went in between
+    ShownRows shown_{{LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT}};
+    bool rowsDiffer_ = true;   // the rows changed since they were last shown
+    bool cleared_ = false;     // all rows were removed in between
     bool marksDiffer_ = true;  // the program marked rows since they were last shown
 };
 

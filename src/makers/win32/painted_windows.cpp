@@ -58,7 +58,7 @@ void LabelWindow::update() {
     GetClientRect(handle(), &area);
     const bool oneLine = area.bottom < 2 * lineHeight(owner().style().font(label_.look()));
     shown_ = oneLine ? shortenedTo(area.right, label_.caption()) : label_.caption();
-    setStyle(SS_NOTIFY, shown_ != label_.caption());  // without it the pointer goes through to the page
+    setStyle(SS_NOTIFY, shown_ != label_.caption());  // for the tip; else moves of the mouse go to the page
 }
 
 Colour LabelWindow::colour() const {
@@ -74,7 +74,7 @@ void LabelWindow::paint(HDC dc, const RECT& area) {
     const Selected selected(dc, font);
     SetTextColor(dc, colour());
     if (label_.look() == Look::section) return paintSection(dc, area);
-    // A window without a frame is set like a poster.
+    // Texts of a window without a title bar are centred.
     UINT format = DT_WORDBREAK | DT_NOPREFIX;
     if (label_.form().border() == Form::Border::none) format |= DT_CENTER;
     RECT text = area;
@@ -113,9 +113,9 @@ LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:
             if (!takesFocus()) return DLGC_STATIC;
-            return DLGC_BUTTON | (owner().isDefault(control()) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+            return DLGC_BUTTON | (owner().keyboard().isDefault(control()) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
         case BM_CLICK: press(); return 0;
-        case BM_SETSTYLE:  // the dialog manager would make it a button of the platform's look
+        case BM_SETSTYLE:  // the dialog manager would give it the look of the platform
         case BM_SETSTATE: return 0;
         case WM_CAPTURECHANGED: captured_ = false; return 0;
         default: return PaintedWindow::message(message, wParam, lParam);
@@ -144,9 +144,8 @@ bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
 }
 
 bool PressableWindow::keyMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    constexpr LPARAM wasDown = LPARAM{1} << 30;
     if ((message != WM_KEYDOWN && message != WM_KEYUP) || wParam != VK_SPACE) return false;
-    if (message == WM_KEYDOWN && (lParam & wasDown) == 0) press();
+    if (message == WM_KEYDOWN && !isHeld(lParam)) press();
     return true;
 }
 
@@ -215,7 +214,8 @@ void ImageButtonWindow::paint(HDC dc, const RECT& area) {
     const Palette& palette = style.palette();
     const bool pressed = button_.face() == ImageButton::Face::pressed;
     const bool disabled = button_.face() == ImageButton::Face::disabled;
-    drawFace(dc, area, {button_.face(), owner().isDefault(button_), focused()}, style, owner().surfaceColour(button_));
+    drawFace(dc, area, {button_.face(), owner().keyboard().isDefault(button_), focused()}, style,
+             owner().surfaceColour(button_));
     RECT text = caption_;
     if (pressed) OffsetRect(&text, style.px(1), style.px(1));
     const Selected font(dc, style.font(Look::body));
@@ -228,7 +228,7 @@ bool ImageButtonWindow::enabled() const {
     return button_.face() != ImageButton::Face::disabled && PressableWindow::enabled();
 }
 
-// The hover that a press leaves behind stays only where the pointer really is.
+// A press leaves the button with its hover face. That stays only if the pointer is on the button.
 bool ImageButtonWindow::press() {
     PressableWindow::press();
     POINT pointer{};

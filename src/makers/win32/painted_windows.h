@@ -7,7 +7,7 @@
 
 namespace vrix {
 
-// A control that we draw ourselves, without flicker. Its native class serves its role and its name.
+// A control that the program draws itself. Its native class tells a screen reader its role, its text the name.
 class PaintedWindow : public ControlWindow {
 public:
     using ControlWindow::ControlWindow;
@@ -30,7 +30,7 @@ private:
     void paintSection(HDC dc, const RECT& area);
     Colour colour() const;
     Label& label_;
-    std::string shown_;  // its caption, or the beginning of one that is too long for the line
+    std::string shown_;  // the caption, cut if it is too long for its line
 };
 
 // A painted control that the mouse presses. The press captures the mouse until its release, wherever that is. By
@@ -93,7 +93,7 @@ private:
     void measureCaption();
 
     ImageButton& button_;
-    RECT caption_{};        // where the caption stands; it is the button's label, the rest is its picture
+    RECT caption_{};        // the button's label; the rest is its picture
     bool onLabel_ = false;  // the press that holds the mouse was on the label
 };
 

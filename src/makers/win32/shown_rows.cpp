@@ -1,52 +1,26 @@
 #include "makers/win32/shown_rows.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace vrix {
 
-// Follows both lists side by side. It sees single rows that came or went; any other row that differs goes and comes.
-std::vector<ShownRows::Change> ShownRows::changesTo(const std::vector<std::string>& wanted) const {
-    std::vector<Change> changes;
-    std::size_t old = 0;
-    std::size_t now = 0;
-    const auto same = [&](std::size_t oldStep, std::size_t nowStep) {
-        return old + oldStep < rows_.size() && now + nowStep < wanted.size() &&
-               rows_[old + oldStep] == wanted[now + nowStep];
-    };
-    while (old < rows_.size() || now < wanted.size()) {
-        if (same(0, 0)) {
-            ++old;
-            ++now;
-            continue;
-        }
-        const bool came = same(0, 1);
-        const bool went = !came && same(1, 0);
-        if (old < rows_.size() && !came) {
-            changes.push_back({now, nullptr});
-            ++old;
-        }
-        if (now < wanted.size() && !went) {
-            changes.push_back({now, &wanted[now]});
-            ++now;
-        }
+void ShownRows::replace(HWND list, std::vector<std::string> wanted) {
+    const auto [old, fresh] = std::mismatch(rows_.begin(), rows_.end(), wanted.begin(), wanted.end());
+    const auto ends = std::mismatch(rows_.rbegin(), std::make_reverse_iterator(old), wanted.rbegin(),
+                                    std::make_reverse_iterator(fresh));
+    auto first = static_cast<std::size_t>(old - rows_.begin());
+    auto oldEnd = static_cast<std::size_t>(ends.first.base() - rows_.begin());
+    auto end = static_cast<std::size_t>(ends.second.base() - wanted.begin());
+    if (oldEnd - first + end - first > wanted.size()) {  // to fill the list anew is less work
+        SendMessageA(list, messages_.clear, 0, 0);
+        first = oldEnd = 0;
+        end = wanted.size();
     }
-    return changes;
-}
-
-void ShownRows::become(std::vector<std::string> wanted, const Insert& insert, const Remove& remove,
-                       const Clear& clear) {
-    const std::vector<Change> changes = changesTo(wanted);
-    if (changes.size() <= wanted.size()) {
-        for (const Change& change : changes) {
-            if (change.inserted == nullptr) {
-                remove(change.row);
-            } else {
-                insert(change.row, *change.inserted);
-            }
-        }
-    } else {
-        clear();
-        for (std::size_t row = 0; row < wanted.size(); ++row) insert(row, wanted[row]);
+    while (oldEnd > first) SendMessageA(list, messages_.remove, --oldEnd, 0);
+    for (; first < end; ++first) {
+        SendMessageA(list, messages_.insert, first, reinterpret_cast<LPARAM>(wanted[first].c_str()));
     }
     rows_ = std::move(wanted);
 }

@@ -1,27 +1,28 @@
 #pragma once
 
-#include <functional>
+#include <windows.h>
+
 #include <string>
 #include <vector>
 
 namespace vrix {
 
-// The rows of a native list, brought in line with a list of the program at the end of an event: whatever the event did
-// to the rows in between, and however often it filled them anew, the native list takes the difference alone.
+// The rows that a native list shows. They are brought in line with those of the program at the end of an event, however
+// often the event changed them. Only the rows between the first and the last difference are replaced.
 class ShownRows {
 public:
-    using Insert = std::function<void(std::size_t row, const std::string& text)>;
-    using Remove = std::function<void(std::size_t row)>;
-    using Clear = std::function<void()>;
+    // The messages by which the native list inserts a row, deletes one, and deletes all.
+    struct Messages {
+        UINT insert;
+        UINT remove;
+        UINT clear;
+    };
+    explicit ShownRows(const Messages& messages) : messages_(messages) {}
 
-    void become(std::vector<std::string> wanted, const Insert& insert, const Remove& remove, const Clear& clear);
+    void replace(HWND list, std::vector<std::string> wanted);
 
 private:
-    struct Change {
-        std::size_t row;
-        const std::string* inserted;  // null: the row goes
-    };
-    std::vector<Change> changesTo(const std::vector<std::string>& wanted) const;
+    Messages messages_;
     std::vector<std::string> rows_;
 };
 

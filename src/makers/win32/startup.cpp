@@ -4,14 +4,15 @@
 
 #include <array>
 
+#include "makers/win32/library_function.h"
+
 namespace vrix {
 
 void hardenProcess() {
     constexpr DWORD systemFolderOnly = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
     using Restrict = BOOL(WINAPI*)(DWORD);
-    // Systems without their later updates lack it.
-    const auto restrictTo = reinterpret_cast<Restrict>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "SetDefaultDllDirectories")));
+    // Systems without updates lack it.
+    const auto restrictTo = libraryFunction<Restrict>("kernel32.dll", "SetDefaultDllDirectories");
     if (restrictTo != nullptr) restrictTo(systemFolderOnly);
 }
 

@@ -4,7 +4,7 @@
 
 namespace vrix {
 
-// To be called first: from then on the process takes libraries from the system's own folder only.
+// To be called first. From then on the process loads libraries from the system's folder only.
 void hardenProcess();
 
 // The full path of a file in a folder below the user's local data, which is made where it is missing. Without local

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "makers/win32/library_function.h"
+
 namespace vrix {
 
 namespace {
@@ -64,12 +66,12 @@ Palette currentPalette() {
 }
 
 int systemDpi() {
-    static const auto ask = userFunction<UINT(WINAPI*)()>("GetDpiForSystem");
+    static const auto ask = libraryFunction<UINT(WINAPI*)()>("user32.dll", "GetDpiForSystem");
     return ask != nullptr ? static_cast<int>(ask()) : screenDpi();
 }
 
 int dpiOf(HWND window) {
-    static const auto ask = userFunction<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+    static const auto ask = libraryFunction<UINT(WINAPI*)(HWND)>("user32.dll", "GetDpiForWindow");
     return ask != nullptr ? static_cast<int>(ask(window)) : systemDpi();
 }
 

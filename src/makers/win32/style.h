@@ -8,7 +8,7 @@
 
 namespace vrix {
 
-// The colours of the screen. With high contrast on, or on a dark background, the user's own colours and no others.
+// The colours of a window. With high contrast, or on a dark background, all are colours of the system.
 struct Palette {
     bool systemColoursOnly;
     Colour window;  // behind the page
@@ -17,20 +17,20 @@ struct Palette {
     Colour faceText;
     Colour greyText;
     Colour edge;       // round what can be pressed or marked
-    Colour rule;       // thin lines that part the page
+    Colour rule;       // thin lines that divide the page
     Colour heading;    // of the task
     Colour secondary;  // text that matters less
-    Colour accent;     // what is hovered, pressed or made
+    Colour accent;     // what is hovered, pressed, marked or created
     Colour warning;    // what deletes
 };
 
 Palette currentPalette();
 
-// The dots to an inch of the system, and of the monitor on which a window is.
+// Dots per inch: of the system, and of the monitor that a window is on.
 int systemDpi();
 int dpiOf(HWND window);
 
-// How one window looks at its monitor's scale: fonts, colours, and pixels for units of 1/96 inch.
+// Fonts, colours and sizes of one window at the scale of its monitor. A unit is 1/96 inch.
 class Style {
 public:
     explicit Style(int dpi);
@@ -65,11 +65,5 @@ SIZE measured(HDC dc, const std::string& text, int width, UINT format);
 
 // A line of text as it fits into a width: a longer one ends in "...".
 std::string shortened(HFONT font, const std::string& text, int width);
-
-// A function of user32 that older systems lack, or null.
-template <class Function>
-Function userFunction(const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("user32.dll"), name)));
-}
 
 }  // namespace vrix

@@ -2,17 +2,17 @@
 
 #include <commctrl.h>
 
+#include "makers/win32/library_function.h"
+
 namespace vrix {
 
 namespace {
 
 HWND makeTipWindow(HWND owner) {
-    // Few ever need a tip, so the library of the window's class comes with the first.
-    if (LoadLibraryExA("comctl32.dll", nullptr, 0) == nullptr) return nullptr;
+    // Few windows need a tip, so the library is loaded at the first.
     constexpr INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_BAR_CLASSES};
     using Init = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
-    const auto init = reinterpret_cast<Init>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("comctl32.dll"), "InitCommonControlsEx")));
+    const auto init = libraryFunction<Init>("comctl32.dll", "InitCommonControlsEx");
     if (init == nullptr || init(&classes) == FALSE) return nullptr;
     return CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
                            owner, nullptr, GetModuleHandleA(nullptr), nullptr);

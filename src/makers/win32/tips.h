@@ -7,10 +7,10 @@
 
 namespace vrix {
 
-// The tips of one window: what a control has no room to show whole, shown while the pointer rests on it.
+// The tips of one window. A tip shows a text that its control has no room for, while the pointer rests there.
 class Tips {
 public:
-    // Gives a child of `owner` a tip, another one, or with an empty text none.
+    // Sets the tip of a child of `owner`. An empty text takes it away.
     void set(HWND owner, HWND child, const std::string& text);
 
 private:

@@ -4,7 +4,7 @@
 
 namespace vrix {
 
-// The machine's clock, written as the user set dates and times to be written.
+// The machine's clock. Date and time are written as the user's settings say.
 class Win32Clock final : public Clock {
 public:
     std::string now() override;

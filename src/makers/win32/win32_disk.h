@@ -6,7 +6,7 @@
 
 namespace vrix {
 
-// Its lock is a file beside the locked one. The system takes that away with the program that holds it, however it ends.
+// Its lock is a file beside the locked one. The system deletes that file when the program ends, even if it crashes.
 std::unique_ptr<JournalDisk> makeJournalDisk();
 
 }  // namespace vrix

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "makers/win32/library_function.h"
 #include "makers/win32/win32_screen.h"
 
 namespace vrix {
@@ -24,22 +25,14 @@ std::string filterPairs(std::string filter) {
 
 using Show = BOOL(WINAPI*)(OPENFILENAMEA*);
 
-// The library of dialogs pulls in much of the shell, so it is loaded at the first dialog and not at the start.
-HMODULE dialogLibrary() {
-    static const HMODULE library = LoadLibraryA("comdlg32.dll");
-    return library;
-}
-
-template <class Function>
-Function dialogFunction(const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(dialogLibrary(), name)));
-}
+// The library of dialogs loads much of the shell, so it is loaded at the first dialog and not at the start.
+constexpr const char* dialogLibrary = "comdlg32.dll";
 
 const char* orNothing(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
 
 std::optional<std::string> ask(Win32Screen& screen, const FileQuestion& question, const char* dialogName) {
-    const auto show = dialogFunction<Show>(dialogName);
-    const auto failure = dialogFunction<DWORD(WINAPI*)()>("CommDlgExtendedError");
+    const auto show = libraryFunction<Show>(dialogLibrary, dialogName);
+    const auto failure = libraryFunction<DWORD(WINAPI*)()>(dialogLibrary, "CommDlgExtendedError");
     if (show == nullptr || failure == nullptr) return std::nullopt;
     const std::string filter = filterPairs(question.filter);
     const std::string extension = question.defaultExtension.substr(question.defaultExtension.rfind('.') + 1);

@@ -51,10 +51,10 @@ void Win32Screen::controlChanged(Control& control) {
     if (windowOf(control.form()) != nullptr) changedControls_.insert(&control);
 }
 
-void Win32Screen::rowsChanged(Control& list, RowChange change, int row) {
+void Win32Screen::rowsChanged(Control& list, RowChange change) {
     const FormWindow* form = windowOf(list.form());
     if (form == nullptr) return;
-    if (ControlWindow* window = form->find(list)) window->rowsChanged(change, row);
+    if (ControlWindow* window = form->find(list)) window->rowsChanged(change);
     changedControls_.insert(&list);
 }
 
@@ -87,13 +87,13 @@ void Win32Screen::quit() {
 }
 
 int Win32Screen::run() {
-    event([] {});  // shows what was made before
+    event([] {});  // for the forms that were shown before
     MSG message;
     while (!ended_ && GetMessageA(&message, nullptr, 0, 0) > 0) {
         const HWND top = GetAncestor(message.hwnd, GA_ROOT);
         const auto form = std::find_if(forms_.begin(), forms_.end(),
                                        [&](const auto& entry) { return entry.second->handle() == top; });
-        if (form != forms_.end() && form->second->translate(message)) continue;
+        if (form != forms_.end() && form->second->keyboard().translate(message)) continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
