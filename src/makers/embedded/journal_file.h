@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -21,45 +22,62 @@ public:
 std::string packed(std::uint32_t number);
 std::uint32_t unpacked(const std::string& bytes, std::size_t from);
 
-// A file of records that only grows: a line that says what it is, then for each record its length, a check of the
-// length, a check of the content (four bytes each, lowest first) and the content.
+// A journal is a file of records: a line that says what it is, then for each record its length, a check of the length,
+// a check of the content (four bytes each, lowest first) and the content.
+namespace journal {
+
+inline constexpr std::size_t headSize = 12;
+
+using Reader = std::function<bool(const std::string& record)>;  // answers whether the record makes sense
+using Writer = std::function<void(const std::string& record)>;
+using Content = std::function<void(const Writer& writer)>;
+
+struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using Stream = std::unique_ptr<std::FILE, Closer>;
+
+struct Extent {
+    std::uint64_t size = 0;  // up to the end of the last whole record
+    bool torn = false;       // a part of a record stands behind it
+};
+
+// Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws JournalError
+// for a file of another kind, for one that is damaged before its end, and for one that cannot be read.
+Extent read(const std::string& path, const Reader& reader);
+
+// Makes a journal of what `content` hands to its writer. It takes the place of a file that is there once it is whole.
+// Gives its size; nothing when the disk refuses, and all is as it was then.
+std::optional<std::uint64_t> write(const std::string& path, JournalDisk& disk, const Content& content);
+
+}  // namespace journal
+
+// A journal that grows.
 class JournalFile {
 public:
-    static constexpr std::size_t headSize = 12;
-
-    using Reader = std::function<bool(const std::string& record)>;
-    using Writer = std::function<void(const std::string& record)>;
-
     // Opens the file, or makes an empty one, and changes nothing. Throws JournalError when it cannot be written.
     JournalFile(const std::string& path, JournalDisk& disk);
 
-    // Hands every record to `reader`, which answers whether it makes sense, and makes the file ready for more. A last
-    // record that is not whole is cut off. Throws JournalError for a file of another kind, for one that is damaged
-    // before its end, and for one that cannot be read; it is left as it was then.
-    void start(const Reader& reader);
+    // Reads the file and makes it ready for more. A last record that is not whole is cut off. Throws as journal::read
+    // does; the file is left as it was then.
+    void start(const journal::Reader& reader);
 
     std::uint64_t size() const { return size_; }
 
     // Appends a record; it has left the program when this returns. False, and nothing appended, when the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
 
-    // Replaces the file by one that holds what `content` hands to its writer. Until the new one is whole the old one
-    // stays, and a disk that refuses changes nothing. Throws JournalError when the file cannot be opened again.
-    void rewrite(const std::function<void(const Writer& writer)>& content);
+    // Replaces the file by one of that content. A disk that refuses changes nothing. Throws JournalError when the file
+    // cannot be opened again.
+    void rewrite(const journal::Content& content);
 
 private:
-    struct Closer {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-    using Stream = std::unique_ptr<std::FILE, Closer>;
-
     void open();
-    void read(const Reader& reader);
     bool truncateToWhole();
 
     std::string path_;
     JournalDisk& disk_;
-    Stream stream_;
+    journal::Stream stream_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it
 };

@@ -9,6 +9,9 @@
 
 namespace vrix {
 
+// One change as a record of a journal.
+std::string journalRecord(const Change& change);
+
 // A registry kept in one file to which every change is appended before the call that makes it returns, so that a
 // program that is killed loses nothing that was answered. A change that the disk refuses is registryIoFailed and not
 // made. The cost of a write does not depend on how much is stored.
@@ -25,6 +28,17 @@ private:
 
     std::unique_ptr<JournalDisk> disk_;
     std::unique_ptr<JournalFile> file_;
+};
+
+// What a journal holds when this is made, for reading: the file stays as it is, and another program may be at work on
+// it. Every change is refused with accessDenied.
+class JournalSnapshot final : public EmbeddedRegistry {
+public:
+    // Throws JournalError when the file is something else, is damaged, or cannot be read.
+    JournalSnapshot(const std::string& path, Environment environment);
+
+private:
+    RegistryStatus persist(const Change&) override { return RegistryStatus::accessDenied; }
 };
 
 }  // namespace vrix
