@@ -1,0 +1,61 @@
+#include "vrix/store.h"
+
+#include "makers/backup/backed_up_registry.h"
+#include "makers/embedded/journal_registry.h"
+#include "makers/embedded/memory_registry.h"
+#include "makers/standard/file_facts.h"
+
+namespace vrix {
+
+std::string journalPath(Run& run, const std::string& path) {
+    if (auto known = run.host.journalPath(path)) return *std::move(known);
+    throw Failure(ExitCode::notFound, quoted(path) + " has a character that this system's code page lacks");
+}
+
+Store::Store(Run& run, const StoreChoice& choice, Use use)
+    : host_(run.host), isRegistry_(choice.kind.value_or(StoreChoice::Kind::registry) == StoreChoice::Kind::registry) {
+    if (isRegistry_) {
+        openRegistry(choice.view);
+    } else if (choice.kind == StoreChoice::Kind::trial) {
+        openJournal(host_.localDataFile("Vrix Toolkit Trial", "store.journal"), "the Trial's store", use);
+        keepBackupsIn(host_.localDataFile(trialBackups, ""));
+    } else {
+        openJournal(journalPath(run, choice.path), "the store " + quoted(choice.path), use);
+    }
+    if (use == Use::writing && backups_ && !run.request.noBackup) {
+        backedUp_ =
+            std::make_unique<BackedUpRegistry>(*store_, [this] { backup_ = backups_->keep(*store_, host_.now()); });
+    }
+}
+
+Store::~Store() = default;
+
+Registry& Store::registry() { return backedUp_ ? *backedUp_ : *store_; }
+
+void Store::openRegistry(RegistryView view) {
+    store_ = host_.registry(view);
+    if (!store_) {
+        throw Failure(ExitCode::wrongUse, view == RegistryView::own
+                                              ? "this system has no registry: name a journal by --store FILE"
+                                              : "this system has no registry of that view");
+    }
+    const RegistryView real = view == RegistryView::own ? host_.ownView() : view;
+    keepBackupsIn(host_.localDataFile(registryBackups(real == RegistryView::wide ? 64 : 32), ""));
+}
+
+void Store::openJournal(const std::string& path, const std::string& name, Use use) {
+    if (use == Use::writing) {
+        store_ = std::make_unique<JournalRegistry>(path, Environment(), host_.journalDisk());
+    } else if (kindOf(path) == PathKind::file) {
+        store_ = std::make_unique<JournalSnapshot>(path, Environment());
+    } else {
+        throw Failure(ExitCode::notFound, name + " is not there");
+    }
+}
+
+void Store::keepBackupsIn(const std::string& folder) {
+    disk_ = host_.journalDisk();
+    backups_ = std::make_unique<BackupFolder>(folder, *disk_);
+}
+
+}  // namespace vrix
