@@ -64,9 +64,9 @@ public:
     RegistryStatus deleteValue(Key key, Text name) override {
         return run("erase ", name, &Registry::deleteValue, key, name);
     }
-    RegistryStatus enumKey(Key, Number, char*, Number) override {
-        return RegistryStatus::noMoreItems;
-    }  // no page lists keys
+    RegistryStatus enumKey(Key key, Number index, char* name, Number capacity) override {
+        return run("keys ", '@' + std::to_string(index), &Registry::enumKey, key, index, name, capacity);
+    }
     RegistryStatus enumValue(Key key, Number index, char* name, Number& length) override {
         return run("enum ", '@' + std::to_string(index), &Registry::enumValue, key, index, name, length);
     }

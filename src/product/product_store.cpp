@@ -92,13 +92,14 @@ std::string refusalText(const KeyPath& path, RegistryStatus status) {
 
 RegistryStatus openBelowFamily(Registry& registry, const KeyPath& path, std::uint32_t rights, bool make,
                                RegistryKey& key) {
-    const auto step = [&](RegistryKey from, const std::string& name, RegistryKey& to) {
-        return make ? registry.createKey(from, name, rights, to) : registry.openKey(from, name, rights, to);
+    const auto step = [&](RegistryKey from, const std::string& name) {
+        key = 0;
+        return make ? registry.createKey(from, name, rights, key) : registry.openKey(from, name, rights, key);
     };
-    RegistryStatus status = step(hive::localMachine, "Software\\Vrix", key);
+    RegistryStatus status = step(hive::localMachine, "Software\\Vrix");
     for (std::size_t i = 0; i < path.size() && status == RegistryStatus::success; ++i) {
         const RegistryKey above = key;
-        status = step(above, path[i], key);
+        status = step(above, path[i]);
         registry.closeKey(above);
     }
     return status;

@@ -107,7 +107,7 @@ ExitCode check(Run& run) {
     if (!run.request.finding.empty()) return explain(run);
     const Findings findings = run.request.operands.empty() ? findInStore(run) : findInNamed(run);
     if (run.request.json) {
-        run.print(asJson(run, findings));
+        run.printJson(asJson(run, findings));
     } else {
         print(run, findings);
     }

@@ -45,7 +45,7 @@ ExitCode compare(Run& run) {
     const Product right = source.read(run.request.operands.at(1));
     const std::vector<Difference> differences = vrix::compare(left, right);
     if (run.request.json) {
-        run.print(asJson(run, differences));
+        run.printJson(asJson(run, differences));
     } else if (differences.empty()) {
         run.print("No differences.");
     } else {

@@ -189,7 +189,7 @@ ExitCode dscSchema(Run& run) {
     schema["title"] = "Vrix/Product";
     schema["anyOf"] = {{{"required", {"key"}}}, {{"required", {"file"}}}};
     schema.erase("required");
-    run.print(schema);
+    run.printJson(schema);
     return ExitCode::done;
 }
 

@@ -43,7 +43,7 @@ ExitCode list(Run& run) {
     Json lines = Json::array();
     for (const ProductId& id : store.products().list()) lines.push_back(lineOf(run, readOutline(store.products(), id)));
     if (run.request.json) {
-        run.print(lines);
+        run.printJson(lines);
     } else if (lines.empty()) {
         run.print("The store has no Products.");
     } else {

@@ -79,7 +79,7 @@ ExitCode backups(Run& run) {
     Json lines = Json::array();
     for (const std::string& name : store.backups()->names()) lines.push_back(lineOf(run, store, name));
     if (run.request.json) {
-        run.print(lines);
+        run.printJson(lines);
     } else if (lines.empty()) {
         run.print("There are no backups.");
     } else {

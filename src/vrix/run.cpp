@@ -60,7 +60,7 @@ std::string Run::shown(std::string_view text) const {
     return safe;
 }
 
-void Run::print(const nlohmann::ordered_json& json) { print(json.dump(2)); }
+void Run::printJson(const nlohmann::ordered_json& json) { print(json.dump(2)); }
 
 std::string counted(std::size_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");

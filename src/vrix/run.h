@@ -31,7 +31,7 @@ public:
 
     // Prints a line.
     void print(const std::string& line) { host.write(line + '\n'); }
-    void print(const nlohmann::ordered_json& json);
+    void printJson(const nlohmann::ordered_json& json);
 
 private:
     std::unique_ptr<Encoding> encoding_;

@@ -122,7 +122,7 @@ const Json& memberOf(const Json& object, const char* name, const std::string& pl
 }
 
 std::size_t countOf(const Json& number, const std::string& place) {
-    if (!number.is_number_unsigned()) throw Malformed(place, "a whole number from 0 should stand here");
+    if (!number.is_number_integer() || number < 0) throw Malformed(place, "a whole number from 0 should stand here");
     return number.get<std::size_t>();
 }
 
