@@ -150,7 +150,10 @@ private:
         if (key.values.size() > mostRows) findings_.add("too-many-rows", placeOf(product_.id, key.path));
         for (const StoredValue& value : key.values) {
             const bool isListed = groupOf(key.path) != Group::other;
-            if (value.name.empty() && isListed) add("unnamed-value", key.path, value.name);
+            if (value.name.empty() && isListed) {
+                const bool isLast = key.values.size() > 1 && &value == &key.values.back();
+                add(isLast ? "unnamed-value-behind" : "unnamed-value", key.path, value.name);
+            }
             if (isKnown && !isKnownValue(key.path, value.name)) add("unknown-value", key.path, value.name);
             checkValue(key.path, value);
         }

@@ -98,12 +98,14 @@ constexpr std::array kinds{
                 "Split the Product, or remove rows.",
                 "The Toolkit counts two cells for each row in 16 bits. With more than 16,383 rows a page ends the "
                 "program, or leaves the rest out."},
-    FindingKind{"topic-without-index", warning, "A Topic is missing in the table of indexes.",
+    FindingKind{"topic-without-index", error, "A Topic is missing in the table of indexes.",
                 "Save the dependencies in the Toolkit.",
                 "Without an index the Topic has no dependencies, and the next change of the Topics gives it a number "
-                "that another one may have."},
-    FindingKind{"topic-without-row", warning, "A Topic has no dependency row.", "Save the dependencies in the Toolkit.",
-                "The Topic's index leads to no row, so it depends on nothing, whatever was entered once."},
+                "that another one may have. Without any the export ends the Toolkit."},
+    FindingKind{
+        "topic-without-row", error, "A Topic has no dependency row.", "Save the dependencies in the Toolkit.",
+        "The Topic's index leads to no row, so it depends on nothing, whatever was entered once. Without any row the "
+        "page for dependencies and the export end the Toolkit."},
     FindingKind{"two-products-one-key", error, "Two Products have the same key.",
                 "Make one of them anew under a key of its own, and remove its row.",
                 "Both rows lead to the same settings: what is changed in one changes the other, and deleting one "
@@ -118,10 +120,14 @@ constexpr std::array kinds{
     FindingKind{"unknown-value", note, "A value or a key is not one of a Product's.",
                 "Remove it if nothing needs it: \"vrix apply\" does with a file that does not name it.",
                 "The Toolkit neither reads nor exports it. JSON files and backups keep it."},
-    FindingKind{"unnamed-value", error, "A key has an unnamed value.",
+    FindingKind{"unnamed-value", error, "A key has an unnamed value in front of others, or nothing else.",
                 "Apply a settings file of the Product, or remove the value with a registry editor.",
                 "The Toolkit's lists skip the text of an unnamed value and not its name, so that names and texts no "
                 "longer fit each other, or the list fails."},
+    FindingKind{"unnamed-value-behind", note, "A key has an unnamed value behind all others.",
+                "Nothing needs to be done; a settings file does not keep it.",
+                "The Toolkit leaves one behind when it saves the Topics. It does no harm as long as nothing comes "
+                "behind it, as the next save of the dependencies may do."},
 };
 
 constexpr bool isSorted() {

@@ -22,15 +22,9 @@ Json described(Json schema, const char* text) {
 Json optionSchema() {
     Json properties = Json::object();
     for (const OptionRow& option : optionTable()) {
-        Json forms = Json::array();
-        if (option.kind == OptionKind::flag) forms.push_back({{"type", "boolean"}});
-        if (option.kind == OptionKind::position) forms.push_back({{"type", "integer"}, {"minimum", -1}});
-        if (forms.empty()) {
-            properties[option.name] = reference("content");
-        } else {
-            forms.push_back(reference("content"));
-            properties[option.name] = {{"anyOf", forms}};
-        }
+        const bool isFlag = option.kind == OptionKind::flag;
+        const char* form = option.kind == OptionKind::position ? "position" : "content";
+        properties[option.name] = reference(isFlag ? "switch" : form);
     }
     return {{"type", "object"}, {"properties", properties}, {"additionalProperties", false}};
 }
@@ -70,6 +64,8 @@ Json definitions() {
     return {{"text", described({{"anyOf", {string, bytes}}}, "A text, or bytes that stand for no text.")},
             {"content", described({{"anyOf", {string, asText, asBytes}}},
                                   "The text of a value, or its type with its text or bytes.")},
+            {"switch", {{"anyOf", {{{"type", "boolean"}}, reference("content")}}}},
+            {"position", {{"anyOf", {{{"type", "integer"}, {"minimum", -1}}, reference("content")}}}},
             {"topic", topicSchema()},
             {"other", otherSchema()}};
 }
