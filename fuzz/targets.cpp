@@ -7,6 +7,7 @@
 #include "forms/event.h"
 #include "makers/embedded/journal_registry.h"
 #include "store/settings_file.h"
+#include "stubs.h"
 #include "walk.h"
 
 namespace vrix {
@@ -18,15 +19,9 @@ using Input = FuzzedDataProvider;
 void promise(bool kept) { kept ? void() : std::abort(); }
 
 // A store in which other programs may have left values of any type and size. It may refuse every change.
-class FuzzedStore final : public EmbeddedRegistry {
-public:
-    FuzzedStore() : EmbeddedRegistry([](const std::string& name) { return std::optional(name + name); }) {}
-    using EmbeddedRegistry::replay;
-    RegistryStatus answer = RegistryStatus::success;
-
-private:
-    RegistryStatus persist(const Change&) override { return answer; }
-};
+std::shared_ptr<StubRegistry> fuzzedStore() {
+    return std::make_shared<StubRegistry>([](const std::string& name) { return std::optional(name + name); });
+}
 
 // A text as a path that leads nowhere but into the walk's own folder.
 std::string inside(const Walk& walk, const std::string& text) {
@@ -93,7 +88,7 @@ void work(Walk& walk, Input& input) {
 // Selects the Product "P" of one of the two trees, with any values in it, opens a group of its hub, and works from
 // there; without a group from the main screen, and with any values in the list of Products.
 void edit(Input& input, const std::string& group) {
-    const auto store = std::make_shared<FuzzedStore>();
+    const auto store = fuzzedStore();
     Walk walk(store);
     walk.start().put("Products", "P", "P");
     const bool isDeveloper = input.ConsumeBool();
@@ -124,15 +119,10 @@ void importFile(Input& input) {
     work(walk, input);
 }
 
-struct Disk final : JournalDisk {
-    bool acquire(const std::string&) override { return true; }
-    bool replace(const std::string& to, const std::string& by) override { return !std::rename(by.c_str(), to.c_str()); }
-};
-
 // A journal of any bytes, or of whole records of any bytes, is refused and left alone, or it is started, and holds at
 // its next start what it held after one more write.
 void journal(Input& input) {
-    Disk disk;
+    StubDisk disk;
     const std::string path = (std::filesystem::temp_directory_path() / "vrix_fuzz.journal").string();
     std::filesystem::remove(path);
     JournalFile file(path, disk);
@@ -140,7 +130,7 @@ void journal(Input& input) {
     while (input.ConsumeBool()) promise(file.append(input.ConsumeRandomLengthString()));
     std::ofstream(path, input.ConsumeBool() ? std::ios::app : std::ios::trunc) << input.ConsumeRemainingBytesAsString();
     std::filesystem::last_write_time(path, {});
-    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<Disk>()); };
+    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<StubDisk>()); };
     try {
         Walk walk(start());
         walk.put("Fuzzed", "name", "data");
@@ -163,7 +153,7 @@ void finish(Input& input) {
     const auto text = [&] {
         return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + input.ConsumeRandomLengthString();
     };
-    const auto store = std::make_shared<FuzzedStore>();
+    const auto store = fuzzedStore();
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     Walk walk(store);
     walk.createTo("Create18");

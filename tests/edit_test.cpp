@@ -1,6 +1,6 @@
 #include <sstream>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "common/runtime_failure.h"
 #include "forms/event.h"
 #include "walk.h"

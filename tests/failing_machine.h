@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,7 @@ public:
     bool counts = false;
     int first = -1;
     int last = -1;
+    bool namesAlone = false;       // listings give no data
     std::function<void()> before;  // runs before each call
     std::vector<std::string> calls;
     std::string written;  // the lines of all files
@@ -67,8 +69,12 @@ public:
     RegistryStatus enumKey(Key key, Number index, char* name, Number capacity) override {
         return run("keys ", '@' + std::to_string(index), &Registry::enumKey, key, index, name, capacity);
     }
-    RegistryStatus enumValue(Key key, Number index, char* name, Number& length) override {
-        return run("enum ", '@' + std::to_string(index), &Registry::enumValue, key, index, name, length);
+    RegistryStatus enumValue(Key key, Number index, char* name, Number& length,
+                             std::optional<ValueData>* data) override {
+        const std::string at = '@' + std::to_string(index);
+        const RegistryStatus status = run("enum ", at, &Registry::enumValue, key, index, name, length, data);
+        if (namesAlone && data != nullptr) data->reset();
+        return status;
     }
     RegistryStatus queryInfoKey(Key key, Number& longest) override {
         return run("info ", "", &Registry::queryInfoKey, key, longest);

@@ -7,6 +7,7 @@
 
 #include "forms/event.h"
 #include "registry_suite.h"
+#include "stubs.h"
 #include "walk.h"
 
 namespace vrix {
@@ -52,17 +53,6 @@ bool isReport(const Cells& verdict) { return verdict[0] <= "99"; }
 
 // Whether no call comes behind it.
 bool isLast(const Cells& verdict) { return verdict[0] == "stays" || (isReport(verdict) && verdict[1].empty()); }
-
-// A registry in memory that begins as another one stands.
-class Copy final : public EmbeddedRegistry {
-public:
-    explicit Copy(const Copy* other) : EmbeddedRegistry({}) {
-        if (other != nullptr) other->forEachChange([this](const Change& change) { replay(change); });
-    }
-
-private:
-    RegistryStatus persist(const Change&) override { return RegistryStatus::success; }
-};
 
 class Faults : public testing::Test {
 protected:
@@ -110,7 +100,9 @@ protected:
     }
 
     Outcome run(const Cells& plan, int first = -1, int last = -1) {
-        Walk walk(std::make_shared<Copy>(store_.get()));
+        const auto store = std::make_shared<StubRegistry>();
+        store->copy(*store_);
+        Walk walk(store);
         FailingMachine& machine = walk.machine;
         Outcome ran;
         writeBytes(walk.path("out"), "old\n");
@@ -193,7 +185,7 @@ protected:
     }
 
     TemporaryFolder folder_;
-    std::shared_ptr<Copy> store_ = std::make_shared<Copy>(nullptr);
+    std::shared_ptr<StubRegistry> store_ = std::make_shared<StubRegistry>();
     std::vector<Cells> table_;
     static inline std::ostringstream report_;
 };

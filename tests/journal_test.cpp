@@ -1,5 +1,6 @@
 #include "makers/embedded/memory_registry.h"
 #include "registry_suite.h"
+#include "stubs.h"
 
 namespace vrix {
 
@@ -73,8 +74,8 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     for (const std::string& record :
          {""s, std::string(12, '\1'), std::string(13, '\xFF'), "\5" + std::string(12, '\0')}) {
         writeBytes(path, whole);  // whole in itself, but no change that makes sense
-        const auto disk = testDisk(true);
-        JournalFile file(path, *disk);
+        StubDisk disk;
+        JournalFile file(path, disk);
         file.start([](const std::string&) { return true; });
         ASSERT_TRUE(file.append(record));
         EXPECT_EQ(outcome(path), damaged) << record;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "product/compare.h"
 #include "product/plan.h"
 #include "product/product.h"

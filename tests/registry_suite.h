@@ -2,33 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "files.h"
 #include "makers/embedded/journal_registry.h"
 
 namespace vrix {
 
-// A folder of its own for one test, gone behind it.
-struct TemporaryFolder {
-    TemporaryFolder();
-    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
-    std::string path(const std::string& name) const { return (folder / name).string(); }
-    std::filesystem::path folder;
-};
-
-void writeBytes(const std::string& path, const std::string& bytes);
-std::string bytesOf(const std::string& path);
-
-// A disk whose locks are free, or held by another, and a journal on it.
-std::unique_ptr<JournalDisk> testDisk(bool isFree);
+// A journal on a disk whose files are free, or held by another program.
 std::unique_ptr<JournalRegistry> openedJournal(const std::string& path, bool isFree = true);
 
-// All below a key as "name:type=data;" and "name{...};".
+// All below a key as "name:type=data;" and "name{...};". What a listing gives has to be what a read gives.
 std::string listing(Registry& registry, RegistryKey top, bool sorted = false);
 
 enum class Do { open, make, remove, erase, query, set, setNull, names, values, longest, tree, expand, close };
@@ -64,5 +52,9 @@ Environment environmentLookup();
 void expectConforms(const std::function<std::unique_ptr<Registry>()>& fresh, bool isReal = false);
 // The same random calls on both, every answer and the whole trees compared. The right one may be the real one.
 void expectSameAnswers(unsigned seed, int calls, Registry& left, Registry& right, bool isReal = false);
+// What is kept open over the registry is not seen, whatever another program deletes between the calls.
+void expectKeepsKeysUnseen(Registry& registry);
+// The same random settings through kept keys and without, with another program between the calls, over one registry.
+void expectSameSettings(unsigned seed, int calls, Registry& registry);
 
 }  // namespace vrix

@@ -58,6 +58,25 @@ TEST_F(StoreTest, ReadsEveryTypeAsText) {
         {"number", "-2"}, {"big", "258"},      {"binary", "\x01\x02\0"s},
     };
     for (const auto& [name, text] : cases) EXPECT_EQ(settings.GetSetting(application, "S", name, "x"), text) << name;
+    putRaw("S", "number of 64 bits", 4, "\1\2\3\4\5\6\7\b");
+    const SettingsTable table = settings.GetAllSettings(application, "S");
+    ASSERT_EQ(table.rowCount(), 7);
+    for (int row = 0; row < 7; ++row)
+        EXPECT_EQ(table.text(row), settings.GetSetting(application, "S", table.name(row), ""));
+}
+
+TEST_F(StoreTest, AListingTakesNamesThatAnotherProgramMakesLonger) {
+    walk.put("S", "a", "1");
+    const std::string longer(200, 'n');
+    walk.machine.counts = true;
+    walk.machine.before = [&] {
+        // Behind the question for the longest name.
+        if (walk.machine.calls.size() == 2)
+            cRegistryFunctions(walk.registry).SaveSetting(application, "S", longer, "2");
+    };
+    const SettingsTable table = settings.GetAllSettings(application, "S");
+    ASSERT_EQ(table.rowCount(), 2);
+    EXPECT_EQ(table.name(1) + table.text(1), longer + '2');
 }
 
 TEST_F(StoreTest, TheCursorWritesByItsTypeAndKeepsWhatItFound) {
@@ -89,10 +108,14 @@ TEST_F(StoreTest, TheCursorWritesByItsTypeAndKeepsWhatItFound) {
 TEST_F(StoreTest, AnUnnamedValueShiftsTheTextsBehindIt) {
     EXPECT_FALSE(settings.GetAllSettings(application, "S").isTable());
     for (const char* name : {"a", "", "b", "c"}) walk.put("S", name, std::string("of ") + name);
-    const SettingsTable table = settings.GetAllSettings(application, "S");
-    ASSERT_EQ(table.rowCount(), 3);
-    EXPECT_EQ(table.name(0) + '=' + table.text(0), "a=of a");
-    EXPECT_EQ(table.name(1) + '=' + table.text(1) + table.name(2) + '=' + table.text(2), "=of bb=of c");
+    SettingsTable table;
+    for (const bool alone : {false, true}) {
+        walk.machine.namesAlone = alone;
+        table = settings.GetAllSettings(application, "S");
+        ASSERT_EQ(table.rowCount(), 3);
+        EXPECT_EQ(table.name(0) + '=' + table.text(0), "a=of a");
+        EXPECT_EQ(table.name(1) + '=' + table.text(1) + table.name(2) + '=' + table.text(2), "=of bb=of c");
+    }
     walk.put("U", "", "alone");
     EXPECT_EQ(ignoring([&] { settings.GetAllSettings(application, "U"); }), FailureNumber::subscript);
     EXPECT_EQ(ignoring([&] { table.name(3); }), FailureNumber::subscript);

@@ -16,7 +16,7 @@ std::int16_t add16(std::int16_t value, int more);
 // The number as a 16-bit count; failure 6 when it does not fit.
 std::int16_t count16(std::size_t count);
 
-// The number as a 16-bit count that was counted up with failures ignored: beyond what fits, no step counts.
+// The number as a 16-bit count, or the largest such count. A loop comes to this that adds 1 and ignores the failure.
 std::int16_t cappedCount16(std::size_t count);
 
 // Half of a count, rounded to the nearest whole number with halves to the even neighbour.

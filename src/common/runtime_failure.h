@@ -22,7 +22,7 @@ enum class FailureNumber {
 // The text that the run-time report gives for a number, such as "Type mismatch".
 const char* failureText(FailureNumber number);
 
-// Thrown by a statement that fails. It is dropped by ignoring(), or it ends the program at the edge of the event.
+// Thrown by a statement that fails. Where ignoring() does not drop it, it ends the event and then the program.
 class RuntimeFailure final : public std::exception {
 public:
     explicit RuntimeFailure(FailureNumber number) : number_(number) {}
@@ -43,5 +43,20 @@ FailureNumber ignoring(Statement&& statement) {
         return failure.number();
     }
 }
+
+// Runs the statements of a routine one by one. A failure ends the routine, or it is ignored and the next statement
+// runs.
+struct StatementRunner {
+    bool ignoreFailures = false;
+
+    template <class Statement>
+    void operator()(Statement&& statement) const {
+        if (ignoreFailures) {
+            ignoring(statement);
+        } else {
+            statement();
+        }
+    }
+};
 
 }  // namespace vrix

@@ -9,7 +9,9 @@ namespace vrix {
 // A page's file dialog. It remembers the last file chosen; a cancel leaves that as it was.
 class CommonDialog {
 public:
-    explicit CommonDialog(FileDialog& dialog) : dialog_(dialog) {}
+    CommonDialog(FileDialog& dialog, const std::string& title, const std::string& filter, const std::string& extension,
+                 const std::string& folder = {})
+        : DialogTitle(title), Filter(filter), DefaultExt(extension), InitDir(folder), dialog_(dialog) {}
 
     std::string DialogTitle;
     std::string Filter;

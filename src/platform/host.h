@@ -14,9 +14,6 @@ namespace vrix {
 
 class JournalDisk;
 
-// 64-bit Windows keeps two registries below the machine's Software key: for programs of each width one.
-enum class RegistryView { own, wide, narrow };
-
 // Thrown where the system refuses a file. what() is a sentence that names it.
 class HostRefused final : public std::runtime_error {
 public:
@@ -48,7 +45,7 @@ public:
     virtual std::vector<std::string> filesOf(const std::string& pattern) = 0;
 
     // ---- Stores ----
-    // The machine's registry in that view, or null where it has none. The view `own` is that of this program's width.
+    // The machine's registry in that view, or null where it has none.
     virtual std::unique_ptr<Registry> registry(RegistryView view) = 0;
     // Which of the other two `own` is.
     virtual RegistryView ownView() = 0;
@@ -57,11 +54,8 @@ public:
     // The code page of that number, or null.
     virtual std::unique_ptr<Encoding> encoding(unsigned codePage) = 0;
     virtual std::unique_ptr<JournalDisk> journalDisk() = 0;
-    // The full path of a file in a folder below the user's local data, which is made, in the bytes that calls for
-    // journals take.
+    // The full path of a file in a folder below the user's local data, which is made.
     virtual std::string localDataFile(const std::string& folder, const std::string& file) = 0;
-    // A path in those bytes; nothing where they cannot tell it.
-    virtual std::optional<std::string> journalPath(const std::string& path) = 0;
     virtual std::time_t now() = 0;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace vrix {
@@ -28,6 +29,10 @@ inline constexpr std::int32_t classesRoot = static_cast<std::int32_t>(0x80000000
 inline constexpr std::int32_t localMachine = static_cast<std::int32_t>(0x80000002u);
 }  // namespace hive
 
+// 64-bit Windows keeps two registries below the machine's Software key, for programs of each width one. `own` is that
+// of the program's own width.
+enum class RegistryView { own, wide, narrow };
+
 // Rights asked for when a key is opened.
 namespace access {
 inline constexpr std::uint32_t queryValue = 1;
@@ -44,6 +49,12 @@ inline constexpr std::uint32_t dword = 4;
 inline constexpr std::uint32_t dwordBigEndian = 5;
 inline constexpr std::uint32_t multiString = 7;
 }  // namespace valuetype
+
+// What a value holds.
+struct ValueData {
+    std::uint32_t type = 0;
+    std::string bytes;
+};
 
 // The machine's registry, as narrow as the store needs it. Texts are bytes of the system code page; a name or path
 // ends at its first zero byte. Names are found without regard to case. A path's parts are separated by backslashes;
@@ -77,10 +88,12 @@ public:
     [[nodiscard]] virtual RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name,
                                                  std::uint32_t capacity) = 0;
     // Gives the name of the value at `index` with its terminator. `length` holds the room in bytes on the way in and
-    // the name's length, without terminator, on the way out.
+    // the name's length, without terminator, on the way out; too little room is moreData. If `data` is asked for, it
+    // gets what queryValue would read by that name, or nothing where only queryValue can tell: the value is large, or
+    // the code page lacks a character of its name or its text.
     [[nodiscard]] virtual RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name,
-                                                   std::uint32_t& length) = 0;
-    // Gives the length of the key's longest value name, without terminator.
+                                                   std::uint32_t& length, std::optional<ValueData>* data = nullptr) = 0;
+    // Gives the length of the key's longest value name without terminator, in characters: in bytes it may be longer.
     [[nodiscard]] virtual RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) = 0;
 
     // Replaces every %NAME% that the environment knows by its text; the others stay as they are.

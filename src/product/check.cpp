@@ -5,7 +5,7 @@
 #include <set>
 #include <stdexcept>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
 #include "product/compare.h"

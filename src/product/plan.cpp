@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "store/open_key.h"
 
 namespace vrix {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "store/variant.h"
 
 namespace vrix {
@@ -140,8 +140,7 @@ KeyPath partsOf(std::string_view text) {
 }
 
 bool sameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lowerCase(x) == lowerCase(y); });
+    return a == b || lowerCase(std::string(a)) == lowerCase(std::string(b));
 }
 
 bool isWithin(const KeyPath& path, const KeyPath& above) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "store/open_key.h"
@@ -66,22 +67,28 @@ std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const Key
     expect(registry.queryInfoKey(key, longest), path);
     std::vector<StoredValue> values;
     std::string name(longest + 1, '\0');
+    std::optional<ValueData> data;
     for (std::uint32_t index = 0;; ++index) {
         auto length = static_cast<std::uint32_t>(name.size());
-        RegistryStatus status = registry.enumValue(key, index, name.data(), length);
+        RegistryStatus status = registry.enumValue(key, index, name.data(), length, &data);
         // The longest name is told in characters, which may take more than a byte.
         constexpr std::size_t mostBytes = std::size_t{4} * 16'384;
         while (status == RegistryStatus::moreData && name.size() < mostBytes) {
             name.resize(2 * name.size());
             length = static_cast<std::uint32_t>(name.size());
-            status = registry.enumValue(key, index, name.data(), length);
+            status = registry.enumValue(key, index, name.data(), length, &data);
         }
-        if (status == RegistryStatus::noMoreItems) break;
+        if (status == RegistryStatus::noMoreItems) return values;
         expect(status, path);
-        values.push_back({name.substr(0, length), 0, {}});
+        StoredValue value{name.substr(0, length), 0, {}};
+        if (data) {
+            value.type = data->type;
+            value.data = std::move(data->bytes);
+        } else {
+            value = valueOf(registry, key, std::move(value.name), path);
+        }
+        values.push_back(std::move(value));
     }
-    for (StoredValue& value : values) value = valueOf(registry, key, std::move(value.name), path);
-    return values;
 }
 
 std::string refusalText(const KeyPath& path, RegistryStatus status) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "platform/files.h"
 #include "product/settings_lines.h"
 #include "store/cregistry_functions.h"

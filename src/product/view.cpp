@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "store/option_table.h"
 
 namespace vrix {

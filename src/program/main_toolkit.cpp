@@ -1,3 +1,4 @@
+#include "makers/kept/kept_keys.h"
 #include "makers/win32/startup.h"
 #include "makers/win32/win32_registry.h"
 #include "program/run_on_windows.h"
@@ -5,7 +6,9 @@
 // The product: works on the machine's registry.
 int main() {
     vrix::hardenProcess();
-    vrix::Win32Registry registry;
+    vrix::useSystemCodePage();
+    vrix::Win32Registry machine;
+    vrix::KeptKeys registry(machine);
     vrix::Win32Screen screen;
     screen.onPause = [&] { registry.release(); };
     return vrix::runOnWindows(registry, screen);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+#include <vector>
+
 #include "pages/edit/delete1.h"
 #include "pages/edit/delete2.h"
 #include "pages/edit/edit1.h"
@@ -25,6 +28,7 @@
 #include "shell/toolkit.h"
 #include "store/cregistry_functions.h"
 #include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
@@ -36,43 +40,23 @@ public:
     Program& operator=(const Program&) = delete;
 
     // Shows the splash, which leads on to the main screen. One event, to be run through runEvent().
-    void start() { splashScreen_.show(); }
+    void start() { toolkit_.splashScreen.show(); }
 
     Toolkit& toolkit() { return toolkit_; }
 
 private:
-    Toolkit toolkit_;
+    // Makes a window, which lives as long as the program does, and enters it in the toolkit's list.
+    template <class Window>
+    Window& make();
+
     cRegistryFunctions settings_;
-    ProductReg productReg_;
+    ProductReg productReg_{settings_};
+    SelectedProduct selectedProduct_;
     SmartFieldModule smartFieldModule_;
-    TopicOrderModule topicOrderModule_;
-    SplashScreen splashScreen_;
-    ToolkitMain toolkitMain_;
-    Edit1 edit1_;
-    Edit2 edit2_;
-    Delete1 delete1_;
-    Delete2 delete2_;
-    Create1 create1_;
-    Create2 create2_;
-    Create3 create3_;
-    Create4 create4_;
-    Create5 create5_;
-    Create6 create6_;
-    Create7 create7_;
-    Create8 create8_;
-    Create9 create9_;
-    Create10 create10_;
-    Create11 create11_;
-    Create12 create12_;
-    Create13 create13_;
-    Create14 create14_;
-    Create15 create15_;
-    Create16 create16_;
-    Create17 create17_;
-    Create18 create18_;
-    Create19 create19_;
-    Create20 create20_;
-    ProductOptions options_;
+    TopicOrderModule topicOrderModule_{toolkit_};
+    std::vector<std::unique_ptr<Form>> windows_;
+    Toolkit toolkit_;
+    ProductOptions options_{toolkit_};  // finds the controls of all windows
 };
 
 }  // namespace vrix

@@ -4,13 +4,13 @@
 
 namespace vrix {
 
-Page::Page(Toolkit& owner, std::string_view name, std::string_view task, std::string_view heading)
+Page::Page(Toolkit& owner, std::string_view name, std::string_view heading, std::string_view task)
     : Form(owner.platform.screen, name, programTitle, pageSize),
       Label1(*this, "Label1", {24, 12, -96, 26}, task, Look::heading),
       Label2(*this, "Label2", {24, 40, -96, 20}, heading, Look::subheading),
       toolkit(owner) {}
 
-void Page::showTask(bool edit) { Label1.setCaption(edit ? "Edit A Product" : "Create A Product Wizard"); }
+void Page::showTask(bool edit) { Label1.setCaption(edit ? editTask : createTask); }
 
 void Page::showTaskOfLastPage(bool edit) {
     showTask(edit);
@@ -26,13 +26,15 @@ void Page::endEdit(bool& edit) {
     edit = false;
 }
 
-void Page::exitGroup(bool& edit) {
+void Page::backInGroup(bool& edit, Form& previous) {
     if (edit) {
         endEdit(edit);
     } else {
-        goToMain();
+        goTo(previous);
     }
 }
+
+void Page::exitGroup(bool& edit) { backInGroup(edit, vrix::form(toolkit, "ToolkitMain")); }
 
 void Page::tell(const std::string& title, const std::string& text) { screen().ask(text, title, Buttons::ok); }
 

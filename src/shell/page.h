@@ -12,9 +12,16 @@
 namespace vrix {
 
 inline constexpr Size pageSize{640, 480};
+inline constexpr const char* createTask = "Create A Product Wizard";
+inline constexpr const char* editTask = "Edit A Product";
+inline constexpr const char* deleteTask = "Delete An Existing Product";
+inline constexpr const char* wordDocuments = "Word Documents (*.doc)|*.doc";  // for a file dialog
 
 // What all pages share: the title band, the frame for the page's own controls, and the three buttons. A page is left
 // and entered by its actions alone; it keeps its content while it is hidden.
+//
+// Pages that edit one part of a Product are a group. The first of them owns the group's flag, `Edit`: the group is at
+// work on an existing Product. The functions below take that flag.
 class Page : public Form {
 public:
     Picture TitleImg{*this, "TitleImg", {-72, 12, 48, 48}, Art::logo};
@@ -32,7 +39,7 @@ public:
     void closed() override { ExitBtn.action(); }
 
 protected:
-    Page(Toolkit& owner, std::string_view name, std::string_view task, std::string_view heading);
+    Page(Toolkit& owner, std::string_view name, std::string_view heading, std::string_view task = createTask);
 
     // The caption of the task: editing a Product or creating one.
     void showTask(bool edit);
@@ -40,10 +47,18 @@ protected:
     void showTaskOfLastPage(bool edit);
 
     void goTo(Form& next) { leaveFor(*this, next); }
+    // Goes on to a page and calls its start routine.
+    template <class NextPage, class Init>
+    void goForward(NextPage& next, Init init) {
+        goTo(next);
+        (next.*init)();
+    }
     void goToHub();
     void goToMain();
     // Leaves an edited group for the hub and ends its edit mode.
     void endEdit(bool& edit);
+    // Back of the first page of a group: to the hub when editing, to the page before otherwise.
+    void backInGroup(bool& edit, Form& previous);
     // Exit of every page of a group: to the hub when editing, to the main screen otherwise.
     void exitGroup(bool& edit);
 

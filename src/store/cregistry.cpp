@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 #include <utility>
 
 #include "store/open_key.h"
@@ -13,6 +14,30 @@ bool isExpandable(const std::string& text) {
     const auto first = text.find('%');
     return first != std::string::npos && text.find('%', first + 2) != std::string::npos;
 }
+
+namespace {
+
+// The text that data holds: all but its last byte, the terminator.
+std::string textIn(std::string bytes) {
+    if (!bytes.empty()) bytes.pop_back();
+    return bytes;
+}
+
+// The number that data holds; 0 where it is longer than a number.
+std::int32_t numberIn(const std::string& bytes) {
+    std::int32_t number = 0;
+    if (bytes.size() <= sizeof number) std::memcpy(&number, bytes.data(), bytes.size());
+    return number;
+}
+
+// The bytes of the data, and one element more.
+std::vector<std::uint8_t> arrayIn(const std::string& bytes) {
+    std::vector<std::uint8_t> array(bytes.begin(), bytes.end());
+    array.push_back(0);
+    return array;
+}
+
+}  // namespace
 
 std::string textOf(Variant value) {
     if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
@@ -32,46 +57,30 @@ bool cRegistry::DeleteValue() {
 
 Variant cRegistry::Value() {
     OpenKey open(registry_);
-    // A failed open is not looked at: the query on no key fails as well.
+    // The status is not tested: without a key the query fails too.
     static_cast<void>(registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key));
-    std::uint32_t type = 0;
+    ValueData value;
     std::uint32_t size = 0;
     std::uint32_t scratch = 0;
-    const RegistryStatus status = registry_.queryValue(open.key, ValueKey, type, &scratch, size);
+    const RegistryStatus status = registry_.queryValue(open.key, ValueKey, value.type, &scratch, size);
     if (status != RegistryStatus::success && status != RegistryStatus::moreData) return Default;
-    ValueType = static_cast<std::int32_t>(type);
-    switch (type) {
+    ValueType = static_cast<std::int32_t>(value.type);
+    value.bytes.resize(size);
+    std::uint32_t type = 0;
+    // Where this one fails the bytes stay zero.
+    if (size > 0) static_cast<void>(registry_.queryValue(open.key, ValueKey, type, value.bytes.data(), size));
+    return asRead(std::move(value));
+}
+
+Variant cRegistry::asRead(ValueData value) {
+    switch (value.type) {
         case valuetype::string:
-        case valuetype::multiString: return readText(open.key, size);
-        case valuetype::expandString: return ExpandEnvStr(readText(open.key, size));
-        case valuetype::dword: return readNumber(open.key);
-        case valuetype::dwordBigEndian: return SwapEndian(readNumber(open.key));
-        default: return readBytes(open.key, size);
+        case valuetype::multiString: return textIn(std::move(value.bytes));
+        case valuetype::expandString: return ExpandEnvStr(textIn(std::move(value.bytes)));
+        case valuetype::dword: return numberIn(value.bytes);
+        case valuetype::dwordBigEndian: return SwapEndian(numberIn(value.bytes));
+        default: return arrayIn(value.bytes);
     }
-}
-
-std::string cRegistry::readText(RegistryKey key, std::uint32_t size) {
-    if (size == 0) return {};
-    std::string text(size, '\0');
-    std::uint32_t type = 0;
-    static_cast<void>(registry_.queryValue(key, ValueKey, type, text.data(), size));
-    text.pop_back();
-    return text;
-}
-
-std::int32_t cRegistry::readNumber(RegistryKey key) {
-    std::int32_t number = 0;
-    std::uint32_t type = 0;
-    std::uint32_t size = sizeof number;
-    static_cast<void>(registry_.queryValue(key, ValueKey, type, &number, size));
-    return number;
-}
-
-Variant cRegistry::readBytes(RegistryKey key, std::uint32_t size) {
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size) + 1);
-    std::uint32_t type = 0;
-    static_cast<void>(registry_.queryValue(key, ValueKey, type, bytes.data(), size));
-    return bytes;
 }
 
 void cRegistry::Value(Variant value) {
@@ -117,19 +126,37 @@ void cRegistry::write(RegistryKey key, std::uint32_t type, const void* data, std
     static_cast<void>(registry_.setValue(key, ValueKey, type, data, size));
 }
 
-bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount) {
+bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount,
+                                std::vector<Variant>* vValues) {
     iKeyCount = 0;
     sKeyNames.clear();
+    if (vValues != nullptr) vValues->clear();
     OpenKey open(registry_);
     std::uint32_t longest = 0;
     if (registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key) != RegistryStatus::success) return true;
     if (registry_.queryInfoKey(open.key, longest) != RegistryStatus::success) return true;
-    std::string name(static_cast<std::size_t>(longest) + 1, '\0');
-    for (std::uint32_t index = 0;; ++index) {
-        std::uint32_t length = longest + 1;
-        if (registry_.enumValue(open.key, index, name.data(), length) != RegistryStatus::success) return true;
-        sKeyNames.push_back(name.substr(0, length));
+    constexpr std::size_t characterSize = 4;  // in bytes, at most, in any code page
+    std::string room(longest * characterSize + 1, '\0');
+    std::optional<ValueData> data;
+    std::uint32_t length = 0;
+    while (nameAt(open.key, sKeyNames.size(), room, length, vValues == nullptr ? nullptr : &data)) {
+        sKeyNames.push_back(room.substr(0, length));
+        if (vValues != nullptr) vValues->push_back(data ? asRead(*std::move(data)) : Variant());
         ++iKeyCount;
+    }
+    return true;
+}
+
+// Gives the name of a value in the room, which grows: another program may have written a longer name since the longest
+// was asked for.
+bool cRegistry::nameAt(RegistryKey key, std::size_t index, std::string& room, std::uint32_t& length,
+                       std::optional<ValueData>* data) {
+    constexpr std::size_t mostRoom = 1 << 17;  // more than the longest name that can be
+    for (;; room.resize(2 * room.size())) {
+        length = static_cast<std::uint32_t>(room.size());
+        const RegistryStatus status =
+            registry_.enumValue(key, static_cast<std::uint32_t>(index), room.data(), length, data);
+        if (status != RegistryStatus::moreData || room.size() > mostRoom) return status == RegistryStatus::success;
     }
 }
 

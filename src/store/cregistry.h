@@ -26,8 +26,8 @@ struct ExeAssociation {
 };
 
 // A cursor over the registry: the caller says which hive, which key path and which value are meant, then reads or
-// writes it. The fields keep what they hold from call to call. No operation throws or reports a registry failure
-// otherwise than its result says.
+// writes it. The fields keep what they hold from call to call. No operation throws: a registry failure shows in the
+// result, if at all.
 class cRegistry {
 public:
     explicit cRegistry(Registry& registry) : registry_(registry) {}
@@ -51,14 +51,16 @@ public:
     Variant Value();
     // Writes the value as ValueType says, making the key if need be. Strings with two percent signs that enclose at
     // least one character are stored as expandable. Bytes go without their last two; numbers of type 4 and 5 need an
-    // integer. A write that fits no type stores nothing, and no failure is told.
+    // integer. A write that fits no type, or that the registry refuses, stores nothing and tells nothing.
     void Value(Variant value);
     // Writes text, whatever ValueType says, making the key if need be.
     void SetText(const std::string& text);
 
     // Gives the names of all values in the order of the platform, the unnamed one among them. Always true; a key that
-    // cannot be opened has none.
-    bool EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount);
+    // cannot be opened has none. `vValues` gets for each name what Value() would read, or nothing for one that has to
+    // be read by itself.
+    bool EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount,
+                         std::vector<Variant>* vValues = nullptr);
 
     // Gives the names of all subkeys in the order of the platform. Always true; a key that cannot be opened has none.
     bool EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount);
@@ -73,9 +75,9 @@ private:
     void SetClassValue(const std::string& text);
     void setClassDefault(const std::string& section, const std::string& text);
     void setVerb(const std::string& section, const std::string& menuText, const std::string& command);
-    std::string readText(RegistryKey key, std::uint32_t size);
-    std::int32_t readNumber(RegistryKey key);
-    Variant readBytes(RegistryKey key, std::uint32_t size);
+    Variant asRead(ValueData value);
+    bool nameAt(RegistryKey key, std::size_t index, std::string& room, std::uint32_t& length,
+                std::optional<ValueData>* data);
     void writeText(RegistryKey key, const std::string& text);
     void writeBytes(RegistryKey key, const Variant& value);
     void writeNumber(RegistryKey key, const Variant& value);

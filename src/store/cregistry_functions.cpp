@@ -7,7 +7,7 @@
 
 namespace vrix {
 
-// The texts of the cursor keep their room from call to call.
+// Assigns in place: the cursor's text uses the same memory at every call.
 void cRegistryFunctions::pointTo(std::string_view sApplication, std::string_view sSection) {
     cursor_.ClassKey = hive::localMachine;
     cursor_.SectionKey.assign("Software\\").append(sApplication).append("\\").append(sSection);
@@ -25,17 +25,21 @@ std::string cRegistryFunctions::GetSetting(std::string_view sApplication, std::s
 SettingsTable cRegistryFunctions::GetAllSettings(std::string_view sApplication, std::string_view sSection) {
     pointTo(sApplication, sSection);
     std::vector<std::string> names;
+    std::vector<Variant> values;
     std::int32_t count = 0;
-    cursor_.EnumerateValues(names, count);
+    cursor_.EnumerateValues(names, count, &values);
     if (count == 0) return {};
     std::vector<std::string> texts;
-    for (const std::string& name : names) {
-        if (name.empty()) continue;
-        cursor_.ValueKey = name;
-        texts.push_back(textOf(cursor_.Value()));
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i].empty()) continue;
+        if (std::holds_alternative<std::monostate>(values[i])) {
+            cursor_.ValueKey = names[i];
+            values[i] = cursor_.Value();
+        }
+        texts.push_back(textOf(std::move(values[i])));
     }
     if (texts.empty()) throw RuntimeFailure(FailureNumber::subscript);
-    names.resize(texts.size());  // names by their own index, texts by the count of named values
+    names.resize(texts.size());  // an unnamed value has a name here, but no text
     return {std::move(names), std::move(texts)};
 }
 

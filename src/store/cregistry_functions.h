@@ -22,9 +22,9 @@ public:
     std::string GetSetting(std::string_view sApplication, std::string_view sSection, const std::string& sKey,
                            const std::string& fallback);
 
-    // All values of a section in the platform's order, or empty text if there are none. Where an unnamed value stands
-    // among named ones, the texts from there on belong to the next name and the last name falls away. Failure 9 for a
-    // section with nothing but an unnamed value.
+    // All values of a section in the platform's order, or empty text if there are none. An unnamed value
+    // among them is a row without its text: from it on each row has the text of the next name, and the last name is
+    // left out. Failure 9 for a section with nothing but an unnamed value.
     SettingsTable GetAllSettings(std::string_view sApplication, std::string_view sSection);
 
     // Deletes one value; with an empty key the whole section's key, unless it has subkeys.

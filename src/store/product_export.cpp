@@ -15,11 +15,11 @@ void ProductExport::write(Files& files, const std::string& path, const std::stri
     section(file, "\\Dependencies\\IndexTable", Data::plain);
     section(file, "\\Dependencies\\Matrix", Data::plain);
     section(file, "\\Topics", Data::path);
-    if (!isDeveloper_) statement([&] { addedTopics(file); });
-    statement([&] { file.blank(); });
+    if (!isDeveloper_) addedTopics(file);
+    statement_([&] { file.blank(); });
     options(file);
     smartFields(file);
-    statement([&] { file.close(); });
+    statement_([&] { file.close(); });
 }
 
 std::string ProductExport::read(const std::string& section, const std::string& name) const {
@@ -30,45 +30,46 @@ SettingsTable ProductExport::list(const std::string& below) const {
     return settings_.GetAllSettings(application, root_ + below);
 }
 
-// A listing's rows are counted by their cells, in 16 bits.
+// Half of the listing's cells, which are counted in 16 bits.
 int ProductExport::rowsOf(const SettingsTable& table) const {
-    return halved(ignoreFailures_ ? cappedCount16(table.cellCount()) : count16(table.cellCount()));
+    return halved(statement_.ignoreFailures ? cappedCount16(table.cellCount()) : count16(table.cellCount()));
 }
 
 void ProductExport::header(SettingsFile& file, const std::string& below) {
-    statement([&] { file.header(root_ + below); });
+    statement_([&] { file.header(root_ + below); });
 }
 
 void ProductExport::section(SettingsFile& file, const std::string& below, Data data) {
     header(file, below);
-    statement([&] { entries(file, list(below), data); });
+    statement_([&] { entries(file, list(below), data); });
     file.blank();
 }
 
 void ProductExport::entries(SettingsFile& file, const SettingsTable& table, Data data) {
     const int rows = rowsOf(table);
     for (int r = 0; r < rows; ++r) {
-        statement([&] { file.entry(table.name(r), data == Data::path ? escapedPath(table.text(r)) : table.text(r)); });
+        statement_([&] { file.entry(table.name(r), data == Data::path ? escapedPath(table.text(r)) : table.text(r)); });
     }
 }
 
 void ProductExport::identity(SettingsFile& file, const std::string& name) {
     file.header(isDeveloper_ ? "Toolkit\\Products" : "Products");
-    // The develop tree's section is asked for with a leading separator, which counts for nothing.
+    // The leading separator doubles the one before it, and the registry takes both as one.
     file.entry(name, read(isDeveloper_ ? "\\Toolkit\\Products" : "Products", name));
     file.blank();
     file.header(root_);
+    // Not the "Creation Date" of a new Product: the two names are on purpose.
     file.entry("CreationDate", read(root_, "CreationDate"));
     file.blank();
 }
 
-// Whether there are added Topics shows by a failure, and the trap taken up for it stays to the end of the file.
+// The test for added Topics is a statement that may fail. From it to the end of the file failures are ignored.
 void ProductExport::addedTopics(SettingsFile& file) {
     const SettingsTable added = list("\\Toolkit\\Topics");
-    ignoreFailures_ = true;
+    statement_.ignoreFailures = true;
     if (!added.isTable()) return;
     header(file, "\\Toolkit");
-    statement([&] { file.blank(); });
+    statement_([&] { file.blank(); });
     header(file, "\\Toolkit\\Topics");
     entries(file, added, Data::path);
 }
@@ -80,26 +81,26 @@ void ProductExport::options(SettingsFile& file) {
         return known != nullptr && known->kind == OptionKind::path;
     };
     SettingsTable table;
-    statement([&] { table = list("\\Options"); });
+    statement_([&] { table = list("\\Options"); });
     int rows = 0;
-    statement([&] { rows = rowsOf(table); });
+    statement_([&] { rows = rowsOf(table); });
     for (int r = 0; r < rows; ++r) {
         if (isPathName(table.name(r))) continue;
-        statement([&] { file.entry(table.name(r), table.text(r)); });
+        statement_([&] { file.entry(table.name(r), table.text(r)); });
     }
     for (const OptionRow& option : optionTable()) {
         if (option.kind != OptionKind::path) continue;
-        statement([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
+        statement_([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
     }
-    statement([&] { file.blank(); });
+    statement_([&] { file.blank(); });
 }
 
 void ProductExport::smartFields(SettingsFile& file) {
-    ignoreFailures_ = true;
+    statement_.ignoreFailures = true;
     header(file, "\\SmartFields");
     ignoring([&] { entries(file, list("\\SmartFields"), Data::plain); });
-    statement([&] { file.blank(); });
-    statement([&] { file.blank(); });
+    statement_([&] { file.blank(); });
+    statement_([&] { file.blank(); });
 }
 
 }  // namespace vrix

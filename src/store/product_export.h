@@ -20,7 +20,7 @@ public:
 
     // From the start all failures are ignored: a section without values stays empty.
     ProductExport& ignoringFailures() {
-        ignoreFailures_ = true;
+        statement_.ignoreFailures = true;
         return *this;
     }
 
@@ -32,14 +32,6 @@ public:
 private:
     enum class Data { plain, path };
 
-    template <class Statement>
-    void statement(Statement&& run) {
-        if (ignoreFailures_) {
-            ignoring(run);
-        } else {
-            run();
-        }
-    }
     std::string read(const std::string& section, const std::string& name) const;
     SettingsTable list(const std::string& below) const;
     int rowsOf(const SettingsTable& table) const;
@@ -54,7 +46,7 @@ private:
     cRegistryFunctions& settings_;
     std::string root_;
     bool isDeveloper_;
-    bool ignoreFailures_ = false;
+    StatementRunner statement_;
 };
 
 }  // namespace vrix

@@ -22,7 +22,7 @@ void ProductReg::GetProducts() {
     Products = settings_.GetAllSettings(application, "Products");
     DevelopProducts = settings_.GetAllSettings(application, "Toolkit\\Products");
     DevelopSomeProducts = DevelopProducts.isTable();
-    // Each row counts by its two cells, an empty cell not at all.
+    // The rows are half of the cells; a cell with empty text is not counted.
     const std::size_t installed = filledCells(Products);
     const std::size_t develop = filledCells(DevelopProducts);
     CountProducts = halved(cappedCount16(installed + develop));
@@ -31,12 +31,12 @@ void ProductReg::GetProducts() {
 
 void ProductReg::GetTopics(const std::string& ProductRegKey) {
     ProductTopics = settings_.GetAllSettings(application, ProductRegKey + "\\Topics");
-    // As soon as any Product of the develop tree is known, the second table stays unread, whatever is selected.
+    // Where the develop tree has any Product, the second table is not read, whatever Product is selected.
     const bool onlyFirst = DevelopSomeProducts && installedRows() >= 0;
     ToolkitTopics =
         onlyFirst ? SettingsTable() : settings_.GetAllSettings(application, ProductRegKey + "\\Toolkit\\Topics");
     ToolkitTopicsValid = ToolkitTopics.isTable();
-    // The walk over a missing first table fails at its start but counts one cell; alone that rounds away.
+    // A missing first table counts as one cell. Alone that is half a row, which rounds to none.
     const std::size_t first = ProductTopics.isTable() ? ProductTopics.cellCount() : 1;
     const std::size_t second = ToolkitTopicsValid ? ToolkitTopics.cellCount() : 0;
     CountTopics = halved(cappedCount16(first + second));

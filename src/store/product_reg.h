@@ -15,8 +15,8 @@ struct Topic {
     const std::string& path;
 };
 
-// The Products that exist, and the Topics of the selected one, as tables and counts that the pages read. Each call
-// rebuilds its part whole; in between they are as stale as they are.
+// The Products that exist, and the Topics of the selected one, as tables and counts that the pages read. They show the
+// store as it was at the last call; later changes show after the next one.
 class ProductReg {
 public:
     explicit ProductReg(cRegistryFunctions& settings) : settings_(settings) {}

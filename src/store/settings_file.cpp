@@ -1,5 +1,7 @@
 #include "store/settings_file.h"
 
+#include "common/code_page.h"
+
 namespace vrix {
 
 SettingsFile::SettingsFile(Files& files, const std::string& path) {
@@ -22,14 +24,25 @@ void SettingsFile::blank() { stream_->writeLine(""); }
 
 void SettingsFile::close() { stream_->close(); }
 
+namespace {
+
+// Where two backslashes stand side by side; npos if nowhere.
+std::size_t findDoubled(const std::string& path) {
+    std::size_t at = findCharacter(path, '\\');
+    while (at != std::string::npos && path.substr(at + 1, 1) != "\\") at = findCharacter(path, '\\', at + 1);
+    return at;
+}
+
+}  // namespace
+
 std::string escapedPath(const std::string& path) {
-    const auto doubled = path.find("\\\\");
+    const auto doubled = findDoubled(path);
     const bool network = doubled != std::string::npos;
     const std::string kept = network ? path.substr(doubled + 2) : path;
-    std::string escaped = network && !kept.empty() ? "\\\\\\\\" : "";
-    for (const char c : kept) {
-        if (c == '\\') escaped += c;
-        escaped += c;
+    std::string escaped = network && !kept.empty() ? "\\\\" : "";
+    for (std::size_t at = 0; at < kept.size(); at += characterSize(kept, at)) {
+        if (kept[at] == '\\') escaped += kept[at];
+        escaped.append(kept, at, characterSize(kept, at));
     }
     return escaped;
 }

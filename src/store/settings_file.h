@@ -22,11 +22,11 @@ public:
 
 private:
     std::unique_ptr<TextStream> stream_;
-    std::string line_;  // its room stays from entry to entry
+    std::string line_;  // a member, so that all entries use the same memory
 };
 
-// A path as the data of an entry: every backslash doubled. What stands in front of a doubled backslash is lost, and
-// four stand in its place, as a network path needs them.
+// A path as the data of an entry: every backslash doubled. A network path starts with four; anything in front of its
+// first doubled backslash is lost.
 std::string escapedPath(const std::string& path);
 
 }  // namespace vrix

@@ -6,7 +6,7 @@ namespace vrix::command {
 
 namespace {
 
-Store::Use use(const Run& run) { return run.request.dryRun ? Store::Use::reading : Store::Use::writing; }
+Store::Use use(const Run& run) { return run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing; }
 
 // Whether the user agrees. Nobody is asked where nobody can answer.
 bool isAgreed(Run& run, const std::string& question) {

@@ -151,7 +151,7 @@ ExitCode dscTest(Run& run) {
 
 ExitCode dscSet(Run& run) {
     const Wanted wanted = readWanted(run);
-    Store store(run, run.request.dryRun ? Store::Use::reading : Store::Use::writing);
+    Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
     const Json changed = differences(run, wanted, readActual(store.products(), wanted.id));
     const Plan plan = planOf(store.products(), wanted);
     if (!run.request.dryRun) perform(store.registry(), plan);

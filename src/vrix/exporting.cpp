@@ -2,6 +2,7 @@
 #include <set>
 
 #include "makers/embedded/memory_registry.h"
+#include "makers/kept/kept_keys.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
 #include "product/settings_text.h"
@@ -15,7 +16,10 @@ namespace {
 
 // The settings file of a Product: of its own store, or of one that holds nothing else.
 std::string settingsOf(const Product& product, Store* store) {
-    if (store != nullptr) return settingsText(store->registry(), product.id);
+    if (store != nullptr) {
+        KeptKeys kept(store->registry());
+        return settingsText(kept, product.id);
+    }
     MemoryRegistry registry;
     perform(registry, planApply(ProductStore(registry), product, Unnamed::removed));
     return settingsText(registry, product.id);

@@ -3,7 +3,6 @@
 
 #include "makers/embedded/journal_file.h"
 #include "makers/embedded/journal_registry.h"
-#include "makers/standard/file_facts.h"
 #include "product/compare.h"
 #include "vrix/changes.h"
 #include "vrix/commands.h"
@@ -43,13 +42,13 @@ Json changesSince(Run& run, const ProductStore& then, const ProductStore& now) {
 // A backup in the list; one that cannot be read says why.
 Json lineOf(Run& run, Store& store, const std::string& name) {
     const std::string path = store.backups()->pathOf(name);
-    Json line = {{"backup", name}, {"file", run.shown(path)}};
+    Json line = {{"backup", name}, {"file", path}};
     try {
-        JournalSnapshot journal(path, Environment());
+        JournalSnapshot journal(path, Environment(), *run.host.journalDisk());
         line["products"] = ProductStore(journal).list().size();
         line["since"] = changesSince(run, ProductStore(journal), store.products());
     } catch (const JournalError& error) {
-        line["error"] = run.shown(error.what());
+        line["error"] = error.what();
     }
     return line;
 }
@@ -97,8 +96,7 @@ std::string backupPath(Run& run, const Store& store, const std::string& text) {
         if (text == "latest" && !names.empty()) return store.backups()->pathOf(names[0]);
         if (std::find(names.begin(), names.end(), text) != names.end()) return store.backups()->pathOf(text);
     }
-    const std::string path = journalPath(run, text);
-    if (kindOf(path) == PathKind::file) return path;
+    if (run.host.journalDisk()->isFile(text)) return text;
     throw Failure(ExitCode::notFound, "there is no backup " + quoted(text) + " (\"vrix backups\" lists them)");
 }
 
@@ -133,8 +131,8 @@ std::vector<Step> bringBackAll(Run& run, const ProductStore& backup, const Produ
 }  // namespace
 
 ExitCode restore(Run& run) {
-    Store store(run, run.request.dryRun ? Store::Use::reading : Store::Use::writing);
-    JournalSnapshot journal(backupPath(run, store, run.request.operands.at(0)), Environment());
+    Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
+    JournalSnapshot journal(backupPath(run, store, run.request.operands.at(0)), Environment(), *run.host.journalDisk());
     const ProductStore backup(journal);
     perform(
         run, store,

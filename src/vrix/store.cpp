@@ -3,14 +3,8 @@
 #include "makers/backup/backed_up_registry.h"
 #include "makers/embedded/journal_registry.h"
 #include "makers/embedded/memory_registry.h"
-#include "makers/standard/file_facts.h"
 
 namespace vrix {
-
-std::string journalPath(Run& run, const std::string& path) {
-    if (auto known = run.host.journalPath(path)) return *std::move(known);
-    throw Failure(ExitCode::notFound, quoted(path) + " has a character that this system's code page lacks");
-}
 
 Store::Store(Run& run, const StoreChoice& choice, Use use)
     : host_(run.host), isRegistry_(choice.kind.value_or(StoreChoice::Kind::registry) == StoreChoice::Kind::registry) {
@@ -20,7 +14,7 @@ Store::Store(Run& run, const StoreChoice& choice, Use use)
         openJournal(host_.localDataFile("Vrix Toolkit Trial", "store.journal"), "the Trial's store", use);
         keepBackupsIn(host_.localDataFile(trialBackups, ""));
     } else {
-        openJournal(journalPath(run, choice.path), "the store " + quoted(choice.path), use);
+        openJournal(choice.path, "the store " + quoted(choice.path), use);
     }
     if (use == Use::writing && backups_ && !run.request.noBackup) {
         backedUp_ =
@@ -46,8 +40,10 @@ void Store::openRegistry(RegistryView view) {
 void Store::openJournal(const std::string& path, const std::string& name, Use use) {
     if (use == Use::writing) {
         store_ = std::make_unique<JournalRegistry>(path, Environment(), host_.journalDisk());
-    } else if (kindOf(path) == PathKind::file) {
-        store_ = std::make_unique<JournalSnapshot>(path, Environment());
+    } else if (const auto disk = host_.journalDisk(); disk->isFile(path)) {
+        store_ = std::make_unique<JournalSnapshot>(path, Environment(), *disk);
+    } else if (use == Use::rehearsing) {
+        store_ = std::make_unique<MemoryRegistry>();
     } else {
         throw Failure(ExitCode::notFound, name + " is not there");
     }

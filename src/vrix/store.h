@@ -16,10 +16,10 @@ namespace vrix {
 // it is refused while another program has it.
 class Store {
 public:
-    enum class Use { reading, writing };
+    enum class Use { reading, rehearsing, writing };
 
     // Throws Failure for a store that is not there, that may not be used, or that nobody named where the system has no
-    // registry. A journal that is missing is made for writing.
+    // registry. A journal that is missing is made for writing, and empty when writing is only rehearsed.
     Store(Run& run, const StoreChoice& choice, Use use);
     Store(Run& run, Use use) : Store(run, run.request.store, use) {}
     ~Store();
@@ -49,8 +49,5 @@ private:
     std::unique_ptr<Registry> backedUp_;
     std::string backup_;
 };
-
-// The path of the file in the bytes that journals take. Throws Failure.
-std::string journalPath(Run& run, const std::string& path);
 
 }  // namespace vrix

@@ -32,9 +32,9 @@ ExitCode runCommand(Run& run) {
     } catch (const PlanRefused& refused) {
         throw Failure(ExitCode::refused, run.shown(refused.what()));
     } catch (const BackupFailed& failed) {
-        throw Failure(ExitCode::refused, run.shown(failed.what()) + " --no-backup goes on without");
+        throw Failure(ExitCode::refused, std::string(failed.what()) + " --no-backup goes on without");
     } catch (const JournalError& error) {
-        throw Failure(ExitCode::refused, run.shown(error.what()));
+        throw Failure(ExitCode::refused, error.what());
     } catch (const HostRefused& refused) {
         throw Failure(ExitCode::refused, refused.what());
     } catch (const Malformed& malformed) {
@@ -58,7 +58,7 @@ int runVrix(const std::vector<std::string>& arguments, Host& host) {
     try {
         const Request request = readArguments(arguments);
         isDsc = request.isDsc;
-        useCodePage(request.store.codePage.value_or(host.codePage()));
+        if (request.store.codePage) useCodePage(*request.store.codePage);
         Run run(request, host);
         return static_cast<int>(runCommand(run));
     } catch (const HelpWanted& help) {

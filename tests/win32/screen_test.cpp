@@ -3,6 +3,7 @@
 
 #include "makers/embedded/memory_registry.h"
 #include "makers/win32/control_window.h"
+#include "makers/win32/wide_text.h"
 #include "program/run_on_windows.h"
 
 namespace vrix {
@@ -34,7 +35,7 @@ std::vector<ControlWindow*> shownControls() {
 SIZE textSize(HWND control, int width, UINT format) {
     const HDC dc = GetDC(control);
     const Selected font(dc, reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0)));
-    const SIZE size = measured(dc, windowText(control) + ' ', width, format);
+    const SIZE size = measured(dc, narrow(windowText(control)) + ' ', width, format);
     ReleaseDC(control, dc);
     return size;
 }
@@ -81,7 +82,7 @@ void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& 
     const Control& control = window.control();
     if (is<Label>(control)) {
         const bool cut = (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // and whole in a tip
-        EXPECT_EQ(cut, windowText(handle) == endless);
+        EXPECT_EQ(cut, narrow(windowText(handle)) == endless);
         if (cut) return;
         const SIZE size = textSize(handle, room.cx, DT_WORDBREAK | DT_NOPREFIX);
         EXPECT_TRUE(size.cx <= room.cx && size.cy <= room.cy);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -43,8 +44,9 @@ public:
     RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
         return inner_.enumKey(key, index, name, capacity);
     }
-    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) override {
-        return inner_.enumValue(key, index, name, length);
+    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
+                             std::optional<ValueData>* data = nullptr) override {
+        return inner_.enumValue(key, index, name, length, data);
     }
     RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) override {
         return inner_.queryInfoKey(key, longestValueName);

@@ -6,7 +6,6 @@
 
 #include "makers/embedded/journal_file.h"
 #include "makers/embedded/journal_registry.h"
-#include "makers/standard/file_facts.h"
 #include "product/product_store.h"
 
 namespace vrix {
@@ -56,7 +55,7 @@ bool hasFamilyKey(Registry& registry) {
 }  // namespace
 
 std::vector<std::string> BackupFolder::names() const {
-    std::vector<std::string> found = namesIn(path_);
+    std::vector<std::string> found = disk_.namesIn(path_);
     std::erase_if(found, [](const std::string& name) { return !isBackup(name); });
     for (std::string& name : found) name.resize(name.size() - ending.size());
     std::sort(found.begin(), found.end(), std::greater<>());
@@ -79,7 +78,7 @@ std::string BackupFolder::keep(Registry& registry, std::time_t time) {
 
 std::string BackupFolder::unusedName(std::time_t time) const {
     std::string name = timeText(time);
-    for (int number = 2; kindOf(pathOf(name)) != PathKind::nothing; ++number) {
+    for (int number = 2; disk_.isFile(pathOf(name)); ++number) {
         name = timeText(time) + " " + std::to_string(number);
     }
     return name;
@@ -87,7 +86,7 @@ std::string BackupFolder::unusedName(std::time_t time) const {
 
 void BackupFolder::removeOldest() const {
     const std::vector<std::string> all = names();
-    for (std::size_t i = most; i < all.size(); ++i) removeFile(pathOf(all[i]));
+    for (std::size_t i = most; i < all.size(); ++i) disk_.remove(pathOf(all[i]));
 }
 
 }  // namespace vrix

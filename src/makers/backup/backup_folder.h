@@ -28,7 +28,7 @@ class BackupFolder {
 public:
     static constexpr std::size_t most = 20;
 
-    // The folder is there already. Its path is bytes of the system's code page and ends with a separator.
+    // The folder is there already. Its path is one for the disk, with a separator at its end.
     BackupFolder(std::string path, JournalDisk& disk) : path_(std::move(path)), disk_(disk) {}
 
     // The names without their ending, the newest first.

@@ -5,11 +5,14 @@
 #include <limits>
 #include <utility>
 
+#include "common/code_page.h"
+
 namespace vrix {
 
 namespace {
 
-constexpr std::size_t pathLimit = 260;  // in one call, as the platform's narrow calls have it
+// In characters. A path is that of one call, as the platform's narrow calls have it.
+constexpr std::size_t pathLimit = 260;
 constexpr std::size_t keyNameLimit = 255;
 constexpr std::size_t valueNameLimit = 16'383;
 constexpr std::size_t levelLimit = 512;
@@ -73,7 +76,7 @@ RegistryStatus EmbeddedRegistry::queryValue(RegistryKey key, const std::string& 
         return status;
     const auto* entry = found->values.find(cut(name));
     if (entry == nullptr) return RegistryStatus::fileNotFound;
-    const std::string& bytes = entry->item.data;
+    const std::string& bytes = entry->item.bytes;
     const std::uint32_t room = size;
     type = entry->item.type;
     size = static_cast<std::uint32_t>(bytes.size());
@@ -87,7 +90,7 @@ RegistryStatus EmbeddedRegistry::setValue(RegistryKey key, const std::string& na
                                           const void* data, std::uint32_t size) {
     if (data == nullptr && size > 1) return RegistryStatus::noAccess;
     if (!isHive(key) && !open_.contains(key)) return RegistryStatus::invalidHandle;
-    if (cut(name).size() > valueNameLimit || size > sizeLimit) return RegistryStatus::invalidParameter;
+    if (characterCount(cut(name)) > valueNameLimit || size > sizeLimit) return RegistryStatus::invalidParameter;
     KeyPointer found;
     if (const RegistryStatus status = resolveHandle(key, setValueRight, found); status != RegistryStatus::success)
         return status;
@@ -118,7 +121,7 @@ RegistryStatus EmbeddedRegistry::deleteValue(RegistryKey key, const std::string&
     const std::string known = cut(name);
     if (found->values.find(known) == nullptr) return RegistryStatus::fileNotFound;
     status = persist(Change(Change::Kind::removeValue, pathOf(*found), known));
-    if (status == RegistryStatus::success) removeValue(*found, known);
+    if (status == RegistryStatus::success) found->values.remove(known);
     return status;
 }
 
@@ -134,15 +137,17 @@ RegistryStatus EmbeddedRegistry::enumKey(RegistryKey key, std::uint32_t index, c
     return RegistryStatus::success;
 }
 
-RegistryStatus EmbeddedRegistry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) {
+RegistryStatus EmbeddedRegistry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
+                                           std::optional<ValueData>* data) {
     KeyPointer found;
     if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
         return status;
     if (index >= found->values.size()) return RegistryStatus::noMoreItems;
-    const std::string& text = found->values.at(index).name;
+    const auto& [text, value] = found->values.at(index);
     if (text.size() >= length) return RegistryStatus::moreData;
     std::memcpy(name, text.c_str(), text.size() + 1);
     length = static_cast<std::uint32_t>(text.size());
+    if (data != nullptr) *data = value;
     return RegistryStatus::success;
 }
 
@@ -151,7 +156,10 @@ RegistryStatus EmbeddedRegistry::queryInfoKey(RegistryKey key, std::uint32_t& lo
     longestValueName = 0;
     if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
         return status;
-    if (!found->nameLengths.empty()) longestValueName = static_cast<std::uint32_t>(found->nameLengths.rbegin()->first);
+    for (std::size_t i = 0; i < found->values.size(); ++i) {
+        longestValueName =
+            std::max(longestValueName, static_cast<std::uint32_t>(characterCount(found->values.at(i).name)));
+    }
     return RegistryStatus::success;
 }
 
@@ -189,7 +197,7 @@ RegistryStatus EmbeddedRegistry::resolveHandle(RegistryKey handle, std::uint32_t
 RegistryStatus EmbeddedRegistry::resolve(RegistryKey parent, const std::string& path, PathMatch& place) const {
     const std::string known = cut(path);
     if (!isHive(parent) && !open_.contains(parent)) return RegistryStatus::invalidHandle;
-    if (known.size() > pathLimit) return RegistryStatus::moreData;
+    if (characterCount(known) > pathLimit) return RegistryStatus::moreData;
     const RegistryStatus status = resolveHandle(parent, 0, place.key);
     return status == RegistryStatus::success ? walkPath(known, place) : status;
 }
@@ -198,12 +206,12 @@ RegistryStatus EmbeddedRegistry::walkPath(const std::string& path, PathMatch& pl
     if (path.starts_with('\\')) return RegistryStatus::badPathName;
     std::size_t from = 0;
     while ((from = path.find_first_not_of('\\', from)) != std::string::npos) {
-        const std::string part = path.substr(from, path.find('\\', from) - from);
+        const std::string part = path.substr(from, findCharacter(path, '\\', from) - from);
         from += part.size();
         const auto* next = place.missing.empty() ? place.key->keys.find(part) : nullptr;
         if (next != nullptr) {
             place.key = next->item;
-        } else if (part.size() > keyNameLimit && place.missing.empty()) {
+        } else if (characterCount(part) > keyNameLimit && place.missing.empty()) {
             return RegistryStatus::invalidParameter;
         } else {
             place.missing.push_back(part);
@@ -236,7 +244,7 @@ RegistryStatus EmbeddedRegistry::mayMake(const PathMatch& place) {
     const bool inHive = place.key->parent == nullptr;
     const bool tooDeep = place.key->level + place.missing.size() > levelLimit;
     const bool tooLong = std::any_of(place.missing.begin(), place.missing.end(),
-                                     [](const std::string& part) { return part.size() > keyNameLimit; });
+                                     [](const std::string& part) { return characterCount(part) > keyNameLimit; });
     return inHive || tooDeep || tooLong ? RegistryStatus::invalidParameter : RegistryStatus::success;
 }
 
@@ -269,14 +277,7 @@ void EmbeddedRegistry::put(Key& key, Change change) {
         entry->item = {change.type, std::move(change.data)};
         return;
     }
-    ++key.nameLengths[change.name.size()];
     key.values.add(std::move(change.name), {change.type, std::move(change.data)});
-}
-
-void EmbeddedRegistry::removeValue(Key& key, const std::string& name) {
-    const auto counted = key.nameLengths.find(name.size());
-    if (--counted->second == 0) key.nameLengths.erase(counted);
-    key.values.remove(name);
 }
 
 bool EmbeddedRegistry::replay(Change change) {
@@ -296,12 +297,12 @@ bool EmbeddedRegistry::replay(Change change) {
             removeKey(*place.key);
             return true;
         case Change::Kind::setValue:
-            if (change.name.size() > valueNameLimit) return false;
+            if (characterCount(change.name) > valueNameLimit) return false;
             put(*place.key, std::move(change));
             return true;
         case Change::Kind::removeValue:
             if (place.key->values.find(change.name) == nullptr) return false;
-            removeValue(*place.key, change.name);
+            place.key->values.remove(change.name);
             return true;
     }
     return false;
@@ -313,7 +314,7 @@ void EmbeddedRegistry::forEachChange(const Key& key, const std::string& path, co
     if (!key.permanent) listener(Change(Change::Kind::makeKey, path));
     for (std::size_t i = 0; i < key.values.size(); ++i) {
         const auto& [name, value] = key.values.at(i);
-        listener(Change(Change::Kind::setValue, path, name, value.type, value.data));
+        listener(Change(Change::Kind::setValue, path, name, value.type, value.bytes));
     }
     for (std::size_t i = 0; i < key.keys.size(); ++i) {
         const auto& [name, below] = key.keys.at(i);

@@ -49,7 +49,8 @@ public:
     RegistryStatus deleteKey(RegistryKey parent, const std::string& path) final;
     RegistryStatus deleteValue(RegistryKey key, const std::string& name) final;
     RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) final;
-    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length) final;
+    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
+                             std::optional<ValueData>* data = nullptr) final;
     RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) final;
     std::string expandEnvironment(const std::string& text) final;
 
@@ -67,10 +68,6 @@ protected:
     void forEachChange(const Listener& listener) const;
 
 private:
-    struct Value {
-        std::uint32_t type = 0;
-        std::string data;
-    };
     struct Key;
     using KeyPointer = std::shared_ptr<Key>;
     struct Key {
@@ -80,8 +77,7 @@ private:
         bool permanent = false;
         bool removed = false;
         OrderedNames<KeyPointer> keys;
-        OrderedNames<Value> values;
-        std::map<std::size_t, std::size_t> nameLengths;  // how many value names have each length
+        OrderedNames<ValueData> values;
     };
     // The deepest key of a path that exists, and the parts that lead on from it.
     struct PathMatch {
@@ -106,7 +102,6 @@ private:
     static KeyPointer makeKey(Key& parent, const std::string& name);
     static void removeKey(Key& key);
     static void put(Key& key, Change change);
-    static void removeValue(Key& key, const std::string& name);
 
     Environment environment_;
     KeyPointer machine_;

@@ -64,8 +64,8 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
     return number;
 }
 
-journal::Extent journal::read(const std::string& path, const Reader& reader) {
-    const Stream source(std::fopen(path.c_str(), "rb"));
+journal::Extent journal::read(const std::string& path, JournalDisk& disk, const Reader& reader) {
+    const Stream source(disk.open(path, "rb"));
     const auto unreadable = error(path, "cannot be read.");
     const auto whole = source ? sizeOf(source.get()) : std::nullopt;
     if (!whole) throw unreadable;
@@ -104,7 +104,7 @@ journal::Extent journal::read(const std::string& path, const Reader& reader) {
 
 std::optional<std::uint64_t> journal::write(const std::string& path, JournalDisk& disk, const Content& content) {
     const std::string fresh = path + ".new";
-    Stream target(std::fopen(fresh.c_str(), "wb"));
+    Stream target(disk.open(fresh, "wb"));
     if (!target) return std::nullopt;
     std::uint64_t size = signature.size();
     bool whole = put(target.get(), signature);
@@ -116,19 +116,19 @@ std::optional<std::uint64_t> journal::write(const std::string& path, JournalDisk
         });
     } catch (...) {
         target.reset();
-        removeFile(fresh);
+        disk.remove(fresh);
         throw;
     }
     if (std::fclose(target.release()) != 0) whole = false;
     if (whole && disk.replace(path, fresh)) return size;
-    removeFile(fresh);
+    disk.remove(fresh);
     return std::nullopt;
 }
 
 JournalFile::JournalFile(const std::string& path, JournalDisk& disk) : path_(path), disk_(disk) { open(); }
 
 void JournalFile::start(const journal::Reader& reader) {
-    const journal::Extent extent = journal::read(path_, reader);
+    const journal::Extent extent = journal::read(path_, disk_, reader);
     size_ = extent.size;
     torn_ = extent.torn;
     if (torn_ && !truncateToWhole()) throw error(path_, "cannot be written.");
@@ -138,7 +138,7 @@ void JournalFile::start(const journal::Reader& reader) {
 }
 
 void JournalFile::open() {
-    stream_.reset(std::fopen(path_.c_str(), "ab"));
+    stream_.reset(disk_.open(path_, "ab"));
     if (!stream_) throw error(path_, "cannot be opened for writing.");
     // Without a buffer each write goes to the system at once, and none that was refused is tried again later.
     std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
@@ -158,7 +158,7 @@ bool JournalFile::append(const std::string& record) {
 }
 
 bool JournalFile::truncateToWhole() {
-    torn_ = !cutFile(path_, size_);
+    torn_ = !disk_.cut(path_, size_);
     return !torn_;
 }
 

@@ -44,7 +44,7 @@ struct Extent {
 
 // Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws JournalError
 // for a file of another kind, for one that is damaged before its end, and for one that cannot be read.
-Extent read(const std::string& path, const Reader& reader);
+Extent read(const std::string& path, JournalDisk& disk, const Reader& reader);
 
 // Makes a journal of what `content` hands to its writer. It takes the place of a file that is there once it is whole.
 // Gives its size; nothing when the disk refuses, and all is as it was then.

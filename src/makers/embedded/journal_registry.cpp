@@ -56,9 +56,9 @@ RegistryStatus JournalRegistry::persist(const Change& change) {
     return file_->append(journalRecord(change)) ? RegistryStatus::success : RegistryStatus::registryIoFailed;
 }
 
-JournalSnapshot::JournalSnapshot(const std::string& path, Environment environment)
+JournalSnapshot::JournalSnapshot(const std::string& path, Environment environment, JournalDisk& disk)
     : EmbeddedRegistry(std::move(environment)) {
-    journal::read(path, [this](const std::string& record) {
+    journal::read(path, disk, [this](const std::string& record) {
         auto change = changeOf(record);
         return change && replay(std::move(*change));
     });

@@ -35,7 +35,7 @@ private:
 class JournalSnapshot final : public EmbeddedRegistry {
 public:
     // Throws JournalError when the file is something else, is damaged, or cannot be read.
-    JournalSnapshot(const std::string& path, Environment environment);
+    JournalSnapshot(const std::string& path, Environment environment, JournalDisk& disk);
 
 private:
     RegistryStatus persist(const Change&) override { return RegistryStatus::accessDenied; }

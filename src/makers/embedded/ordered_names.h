@@ -1,33 +1,17 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "common/code_page.h"
+
 namespace vrix {
 
-// A name as it is compared: without regard to case, in ASCII and for the letters of code page 1252.
-std::string foldedName(const std::string& name);
-
-// Which slots of a growing row are in use. Every operation costs O(log n).
-class UsedSlots {
-public:
-    std::size_t count() const { return used_; }
-    void append();
-    void release(std::size_t slot);
-    // The slot of the used one at `index`, which is below count().
-    std::size_t at(std::size_t index) const;
-
-private:
-    std::vector<std::size_t> sums_;  // a binary indexed tree of how many are in use
-    std::size_t used_ = 0;
-};
-
-// Items by name, in the order in which they were added. Finding by name costs O(1), the rest O(log n). A name keeps the
-// spelling with which it was added. Pointers hold until the next add or remove.
+// Items by name, in the order in which they were added. A name keeps the spelling with which it was added. Finding and
+// adding cost O(1), removing O(n). Pointers hold until the next add or remove.
 template <class Item>
 class OrderedNames {
 public:
@@ -36,47 +20,31 @@ public:
         Item item;
     };
 
-    std::size_t size() const { return used_.count(); }
-    const Entry& at(std::size_t index) const { return *slots_[used_.at(index)]; }
+    std::size_t size() const { return entries_.size(); }
+    const Entry& at(std::size_t index) const { return entries_[index]; }
 
-    const Entry* find(const std::string& name) const {
-        const auto found = slotOf_.find(foldedName(name));
-        return found == slotOf_.end() ? nullptr : &*slots_[found->second];
+    Entry* find(const std::string& name) {
+        const auto found = places_.find(lowerCase(name));
+        return found == places_.end() ? nullptr : &entries_[found->second];
     }
-    Entry* find(const std::string& name) { return const_cast<Entry*>(std::as_const(*this).find(name)); }
 
     void add(std::string name, Item item) {
-        slotOf_.emplace(foldedName(name), slots_.size());
-        slots_.push_back(Entry{std::move(name), std::move(item)});
-        used_.append();
+        places_.emplace(lowerCase(name), entries_.size());
+        entries_.push_back({std::move(name), std::move(item)});
     }
 
+    // Removes an item that is there.
     void remove(const std::string& name) {
-        const auto found = slotOf_.find(foldedName(name));
-        if (found == slotOf_.end()) return;
-        used_.release(found->second);
-        slots_[found->second].reset();
-        slotOf_.erase(found);
-        if (size() * 2 < slots_.size()) closeGaps();
+        const auto found = places_.find(lowerCase(name));
+        const std::size_t removed = found->second;
+        places_.erase(found);
+        entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(removed));
+        for (auto& [folded, place] : places_) place -= place > removed;
     }
 
 private:
-    // Costs O(n log n), after at least n removals.
-    void closeGaps() {
-        std::vector<std::optional<Entry>> kept;
-        used_ = {};
-        for (auto& slot : slots_) {
-            if (!slot) continue;
-            slotOf_[foldedName(slot->name)] = kept.size();
-            kept.push_back(std::move(slot));
-            used_.append();
-        }
-        slots_ = std::move(kept);
-    }
-
-    std::unordered_map<std::string, std::size_t> slotOf_;  // by folded name
-    std::vector<std::optional<Entry>> slots_;
-    UsedSlots used_;
+    std::vector<Entry> entries_;
+    std::unordered_map<std::string, std::size_t> places_;  // by folded name
 };
 
 }  // namespace vrix

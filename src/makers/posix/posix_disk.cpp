@@ -14,14 +14,14 @@ class PosixDisk final : public JournalDisk {
 public:
     PosixDisk() = default;
     ~PosixDisk() override {
-        if (lock_ >= 0) close(lock_);
+        if (lock_ >= 0) ::close(lock_);
     }
     PosixDisk(const PosixDisk&) = delete;
     PosixDisk& operator=(const PosixDisk&) = delete;
 
     bool acquire(const std::string& path) override {
         constexpr mode_t forAll = 0666;
-        lock_ = open((path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, forAll);
+        lock_ = ::open((path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, forAll);
         return lock_ >= 0 && flock(lock_, LOCK_EX | LOCK_NB) == 0;
     }
 

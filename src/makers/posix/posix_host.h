@@ -27,7 +27,6 @@ public:
     std::unique_ptr<Encoding> encoding(unsigned codePage) override;
     std::unique_ptr<JournalDisk> journalDisk() override;
     std::string localDataFile(const std::string& folder, const std::string& file) override;
-    std::optional<std::string> journalPath(const std::string& path) override { return path; }
     std::time_t now() override { return std::time(nullptr); }
 };
 

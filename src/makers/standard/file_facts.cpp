@@ -4,9 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>  // for the separators of the system alone: its paths would bring in all of the locales
 #include <memory>
+#include <string_view>
+
+#include "common/code_page.h"
 
 namespace vrix {
 
@@ -15,12 +19,19 @@ namespace {
 using Facts = struct stat;
 
 // What ends the name of a folder in a path.
-constexpr auto folderEnds = std::filesystem::path::preferred_separator == '\\' ? "\\/:" : "/";
+constexpr std::string_view folderEnds = std::filesystem::path::preferred_separator == '\\' ? "\\/:" : "/";
+
+// The bytes of a path up to the name of the file in it.
+std::size_t folderSize(const std::string& path) {
+    std::size_t size = 0;
+    for (const char end : folderEnds) size = std::max(size, findLastCharacter(path, end) + 1);
+    return size;
+}
 
 std::optional<Facts> factsOf(const std::string& path) {
     std::string text = path.c_str();
     // Not every system knows a folder by a name with a separator at its end.
-    if (!text.empty() && text.find_last_of(folderEnds) == text.size() - 1) text += '.';
+    if (!text.empty() && folderSize(text) == text.size()) text += '.';
     Facts facts{};
     return stat(text.c_str(), &facts) == 0 ? std::optional(facts) : std::nullopt;
 }
@@ -36,7 +47,7 @@ PathKind kindOf(const std::string& path) {
 std::string folderOf(const std::string& path) {
     const std::string text = path.c_str();
     // The dot makes a folder of a bare drive, and of no text at all.
-    return text.substr(0, text.find_last_of(folderEnds) + 1) + '.';
+    return text.substr(0, folderSize(text)) + '.';
 }
 
 std::optional<std::uint64_t> sizeOf(std::FILE* file) {

@@ -8,6 +8,7 @@
 #include "forms/inputs.h"
 #include "makers/win32/input_windows.h"
 #include "makers/win32/painted_windows.h"
+#include "makers/win32/wide_text.h"
 #include "makers/win32/win32_screen.h"
 
 namespace vrix {
@@ -33,12 +34,13 @@ std::unique_ptr<ControlWindow> makeIf(FormWindow& owner, Control& control) {
 ControlWindow::ControlWindow(FormWindow& owner, Control& control, const WindowKind& kind)
     : owner_(owner),
       control_(control),
-      handle_(CreateWindowExA(kind.extendedStyle, kind.className, "", WS_CHILD | kind.style, 0, 0, 0, 0, owner.handle(),
-                              reinterpret_cast<HMENU>(owner.nextId()), GetModuleHandleA(nullptr), nullptr)) {
+      handle_(CreateWindowExW(kind.extendedStyle, wide(kind.className).c_str(), L"", WS_CHILD | kind.style, 0, 0, 0, 0,
+                              owner.handle(), reinterpret_cast<HMENU>(owner.nextId()), GetModuleHandleA(nullptr),
+                              nullptr)) {
     if (handle_ == nullptr) throw std::runtime_error("The window of " + control.name() + " could not be made.");
     SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     original_ = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
+        SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
 }
 
 ControlWindow::~ControlWindow() {
@@ -58,15 +60,11 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wPar
 }
 
 LRESULT ControlWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
-    return CallWindowProcA(original_, handle_, message, wParam, lParam);
+    return CallWindowProcW(original_, handle_, message, wParam, lParam);
 }
 
 LRESULT ControlWindow::send(UINT message, WPARAM wParam, LPARAM lParam) const {
-    return SendMessageA(handle_, message, wParam, lParam);
-}
-
-LRESULT ControlWindow::send(UINT message, WPARAM wParam, const std::string& text) const {
-    return send(message, wParam, reinterpret_cast<LPARAM>(text.c_str()));
+    return SendMessageW(handle_, message, wParam, lParam);
 }
 
 void ControlWindow::layout() {
@@ -104,7 +102,8 @@ bool ControlWindow::takesFocus() const {
 }
 
 void ControlWindow::setText(const std::string& text) {
-    if (windowText(handle_) != text) SetWindowTextA(handle_, text.c_str());
+    const std::wstring shown = wide(text);
+    if (windowText(handle_) != shown) SetWindowTextW(handle_, shown.c_str());
 }
 
 std::string ControlWindow::shortenedTo(int width, const std::string& text) const {
@@ -122,9 +121,9 @@ void ControlWindow::setStyle(LONG bits, bool on) {
 
 void ControlWindow::event(const std::function<void()>& event) const { owner_.screen().event(event); }
 
-std::string windowText(HWND window) {
-    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+std::wstring windowText(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
     return text;
 }
 

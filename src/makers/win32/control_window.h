@@ -60,7 +60,6 @@ protected:
     virtual bool enabled() const;
 
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    LRESULT send(UINT message, WPARAM wParam, const std::string& text) const;
     void moveTo(const RECT& place);
     void setText(const std::string& text);  // if it differs
     // A line of text, cut if it is longer than a width. The whole of it then stands in a tip.
@@ -78,7 +77,7 @@ private:
     RECT placed_{};
 };
 
-std::string windowText(HWND window);
+std::wstring windowText(HWND window);
 
 // Makes the window of a control. Null for a control without one: a frame, or the label of a button.
 std::unique_ptr<ControlWindow> makeControlWindow(FormWindow& owner, Control& control);

@@ -10,6 +10,7 @@
 #include "forms/event.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/library_function.h"
+#include "makers/win32/wide_text.h"
 #include "makers/win32/win32_screen.h"
 
 namespace vrix {
@@ -26,17 +27,17 @@ HICON programIcon(int width, int height) {
                                          GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED));
 }
 
-const char* windowClass(WNDPROC procedure) {
-    static const char* name = [procedure] {
-        WNDCLASSEXA kind{};
+const wchar_t* windowClass(WNDPROC procedure) {
+    static const wchar_t* name = [procedure] {
+        WNDCLASSEXW kind{};
         kind.cbSize = sizeof(kind);
         kind.lpfnWndProc = procedure;
         kind.hInstance = GetModuleHandleA(nullptr);
         kind.hIcon = programIcon(SM_CXICON, SM_CYICON);
         kind.hIconSm = programIcon(SM_CXSMICON, SM_CYSMICON);
         kind.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-        kind.lpszClassName = "VrixForm";
-        RegisterClassExA(&kind);
+        kind.lpszClassName = L"VrixForm";
+        RegisterClassExW(&kind);
         return kind.lpszClassName;
     }();
     return name;
@@ -63,8 +64,8 @@ RECT windowRect(HWND window) {
 
 HWND makeWindow(const Form& form, WNDPROC procedure) {
     const DWORD style = form.border() == Form::Border::fixed ? pageStyle : borderlessStyle;
-    const HWND window = CreateWindowExA(0, windowClass(procedure), form.caption().c_str(), style, 0, 0, 0, 0, nullptr,
-                                        nullptr, GetModuleHandleA(nullptr), nullptr);
+    const HWND window = CreateWindowExW(0, windowClass(procedure), wide(form.caption()).c_str(), style, 0, 0, 0, 0,
+                                        nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
     if (window == nullptr) throw std::runtime_error("The window of " + form.name() + " could not be made.");
     return window;
 }
@@ -241,7 +242,7 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
     auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
     std::optional<LRESULT> result;
     if (self != nullptr) runEvent(self->screen_, [&] { result = self->message(message, wParam, lParam); });
-    return result ? *result : DefWindowProcA(window, message, wParam, lParam);
+    return result ? *result : DefWindowProcW(window, message, wParam, lParam);
 }
 
 std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -1,8 +1,11 @@
 #include "makers/win32/input_windows.h"
 
 #include <algorithm>
+#include <array>
 
 #include "makers/win32/pictures.h"
+#include "makers/win32/wide_text.h"
+#include "makers/win32/win32_screen.h"
 
 namespace vrix {
 
@@ -43,16 +46,46 @@ RECT TextBoxWindow::place() const { return lineBox(ControlWindow::place(), owner
 
 void TextBoxWindow::update() {
     ControlWindow::update();
-    if (windowText(handle()) == box_.text()) return;
-    DWORD start = 0;
-    DWORD end = 0;
-    send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-    setText(box_.text());
-    send(EM_SETSEL, start, static_cast<LPARAM>(end));
+    if (!unfinished()) show(box_.text());
 }
 
+// Shows a text with the caret behind the same characters as before.
+void TextBoxWindow::show(const std::string& text) {
+    const std::wstring before = windowText(handle());
+    if (before == wide(text)) return;
+    std::array<DWORD, 2> marked{};
+    send(EM_GETSEL, reinterpret_cast<WPARAM>(&marked[0]), reinterpret_cast<LPARAM>(&marked[1]));
+    setText(text);
+    for (DWORD& place : marked) place = static_cast<DWORD>(wide(narrow(before.substr(0, place))).size());
+    send(EM_SETSEL, marked[0], static_cast<LPARAM>(marked[1]));
+}
+
+// Whether a character is still to be completed: by an input method, or by its second half.
+bool TextBoxWindow::unfinished() const {
+    DWORD caret = 0;
+    send(EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+    const std::wstring text = windowText(handle()).substr(0, caret);
+    return composing_ || (!text.empty() && IS_HIGH_SURROGATE(text.back()));
+}
+
+// The box shows what is kept: characters that the code page lacks turn at once into what it has for them.
 void TextBoxWindow::notified(int code) {
-    if (code == EN_CHANGE) event([this] { box_.setText(windowText(handle())); });
+    if (code != EN_CHANGE || unfinished()) return;
+    event([this] {
+        const std::string kept = narrow(windowText(handle()));
+        owner().screen().quietly([&] { show(kept); });
+        box_.setText(kept);
+    });
+}
+
+LRESULT TextBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_IME_STARTCOMPOSITION) composing_ = true;
+    const LRESULT result = ControlWindow::message(message, wParam, lParam);
+    if (message == WM_IME_ENDCOMPOSITION) {
+        composing_ = false;
+        notified(EN_CHANGE);
+    }
+    return result;
 }
 
 void MarkWindow::showCaption(const std::string& caption) {
@@ -270,11 +303,11 @@ void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
         const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
         drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
                  style.palette());
-        const std::string& text = list_.rows()[item.itemID].text;
+        const std::wstring text = wide(list_.rows()[item.itemID].text);
         RECT area{left + side + style.px(6), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
         const Selected font(buffer.dc(), style.font(Look::body));
         SetTextColor(buffer.dc(), live ? style.palette().text : style.palette().greyText);
-        DrawTextA(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
+        DrawTextW(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
                   DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     }
     if ((item.itemState & ODS_FOCUS) == 0) return;

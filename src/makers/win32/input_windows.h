@@ -16,8 +16,13 @@ public:
     bool takesText() const override { return true; }
 
 private:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT place() const override;
+    void show(const std::string& text);
+    bool unfinished() const;
+
     TextBox& box_;
+    bool composing_ = false;  // an input method is at work on a character
 };
 
 // A check box or an option button.

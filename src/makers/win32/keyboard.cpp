@@ -32,7 +32,7 @@ bool Keyboard::isDefault(const Control& control) const {
 bool Keyboard::translate(MSG& message) {
     // No control of a page has an access key, even if its text holds a "&".
     if (message.message == WM_CHAR || message.message == WM_SYSCHAR) return false;
-    return takesKey(message) || IsDialogMessageA(page_, &message) != FALSE;
+    return takesKey(message) || IsDialogMessageW(page_, &message) != FALSE;
 }
 
 // Handles Enter, and stops a key that is still held from the page before.

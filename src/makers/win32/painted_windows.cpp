@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include "makers/win32/pictures.h"
+#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
@@ -12,7 +13,8 @@ constexpr DWORD buttonStyle = WS_TABSTOP | WS_GROUP | BS_OWNERDRAW;
 constexpr UINT captionFormat = DT_SINGLELINE | DT_NOPREFIX;
 
 void drawLine(HDC dc, const std::string& text, RECT area, UINT format) {
-    DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &area, format);
+    const std::wstring line = wide(text);
+    DrawTextW(dc, line.c_str(), static_cast<int>(line.size()), &area, format);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "makers/win32/wide_text.h"
+
 namespace vrix {
 
 void ShownRows::replace(HWND list, std::vector<std::string> wanted) {
@@ -20,7 +22,8 @@ void ShownRows::replace(HWND list, std::vector<std::string> wanted) {
     }
     while (oldEnd > first) SendMessageA(list, messages_.remove, --oldEnd, 0);
     for (; first < end; ++first) {
-        SendMessageA(list, messages_.insert, first, reinterpret_cast<LPARAM>(wanted[first].c_str()));
+        const std::wstring row = wide(wanted[first]);
+        SendMessageW(list, messages_.insert, first, reinterpret_cast<LPARAM>(row.c_str()));
     }
     rows_ = std::move(wanted);
 }

@@ -2,11 +2,53 @@
 
 #include <windows.h>
 
-#include <array>
+#include <algorithm>
+#include <utility>
 
+#include "common/code_page.h"
 #include "makers/win32/library_function.h"
+#include "makers/win32/wide_text.h"
 
 namespace vrix {
+
+namespace {
+
+// A letter whose small one the code page lacks stays as it is.
+wchar_t lowerLetter(wchar_t letter) {
+    wchar_t lower = letter;
+    CharLowerBuffW(&lower, 1);
+    std::string ignored;
+    return narrowExactly({&lower, 1}, ignored) ? lower : letter;
+}
+
+std::string lowerBySystem(std::string text) {
+    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
+        return text;
+    }
+    std::wstring letters = wide(text);
+    std::transform(letters.begin(), letters.end(), letters.begin(), &lowerLetter);
+    return narrow(letters);
+}
+
+std::optional<std::wstring> variable(const wchar_t* name) {
+    std::wstring text;
+    SetLastError(ERROR_SUCCESS);
+    for (DWORD needed = GetEnvironmentVariableW(name, nullptr, 0); needed > text.size();) {
+        text.assign(needed, L'\0');
+        needed = GetEnvironmentVariableW(name, text.data(), needed);
+        if (needed < text.size()) text.resize(needed);
+    }
+    return GetLastError() == ERROR_ENVVAR_NOT_FOUND ? std::nullopt : std::optional(text);
+}
+
+std::wstring temporaryFolder() {
+    std::wstring path(MAX_PATH + 1, L'\0');
+    path.resize(GetTempPathW(MAX_PATH + 1, path.data()));
+    return path;
+}
+
+}  // namespace
 
 void hardenProcess() {
     constexpr DWORD systemFolderOnly = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
@@ -16,16 +58,22 @@ void hardenProcess() {
     if (restrictTo != nullptr) restrictTo(systemFolderOnly);
 }
 
+void useSystemCodePage() { useCodePage(GetACP(), &lowerBySystem); }
+
 std::string localDataFile(const std::string& folder, const std::string& file) {
-    std::array<char, 1024> base{};
-    const auto room = static_cast<DWORD>(base.size());
-    if (const DWORD length = GetEnvironmentVariableA("LOCALAPPDATA", base.data(), room);
-        length == 0 || length >= room) {
-        GetTempPathA(room, base.data());
-    }
-    const std::string path = std::string(base.data()) + "\\" + folder;
-    CreateDirectoryA(path.c_str(), nullptr);
-    return path + "\\" + file;
+    const auto local = variable(L"LOCALAPPDATA");
+    const std::wstring path = (local && !local->empty() ? *local : temporaryFolder()) + L"\\" + wide(folder);
+    CreateDirectoryW(path.c_str(), nullptr);
+    return narrow(path + L"\\", CP_UTF8) + file;
+}
+
+std::optional<std::string> environmentText(const std::string& name) {
+    const auto text = variable(wide(name).c_str());
+    return text ? std::optional(narrow(*text)) : std::nullopt;
+}
+
+void tell(const std::string& sentence, const std::string& title) {
+    MessageBoxW(nullptr, wide(sentence, CP_UTF8).c_str(), wide(title).c_str(), MB_OK | MB_SETFOREGROUND);
 }
 
 }  // namespace vrix

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "makers/win32/library_function.h"
+#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
@@ -17,19 +18,19 @@ bool highContrastOn() {
 
 bool isDark(Colour colour) { return (colour & 0xFFu) + ((colour >> 8) & 0xFFu) + ((colour >> 16) & 0xFFu) < 3 * 128; }
 
-LOGFONTA messageFont() {
-    NONCLIENTMETRICSA metrics{};
+LOGFONTW messageFont() {
+    NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof(metrics);
-    SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
     return metrics.lfMessageFont;
 }
 
 // The message font at `share` of its size.
 Owned<HFONT> fontAt(int dpi, double share, int weight) {
-    LOGFONTA font = messageFont();
+    LOGFONTW font = messageFont();
     font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * share * dpi / systemDpi()));
     if (weight != 0) font.lfWeight = weight;
-    return Owned<HFONT>(CreateFontIndirectA(&font));
+    return Owned<HFONT>(CreateFontIndirectW(&font));
 }
 
 int screenDpi() {
@@ -125,21 +126,24 @@ int lineHeight(HFONT font) {
 
 std::string shortened(HFONT font, const std::string& text, int width) {
     const HDC screen = GetDC(nullptr);
-    std::string fitting = text;
-    fitting.resize(text.size() + 4);  // the platform may write that much behind it
+    const std::wstring whole = wide(text);
+    std::wstring fitting = whole;
+    fitting.resize(whole.size() + 4);  // the platform may write that much behind it
     {
         const Selected selected(screen, font);
         RECT area{0, 0, width, 0};
-        DrawTextA(screen, fitting.data(), static_cast<int>(text.size()), &area,
+        DrawTextW(screen, fitting.data(), static_cast<int>(whole.size()), &area,
                   DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT | DT_END_ELLIPSIS | DT_MODIFYSTRING);
     }
     ReleaseDC(nullptr, screen);
-    return fitting.c_str();
+    fitting.resize(fitting.find(L'\0'));
+    return fitting == whole ? text : narrow(fitting);
 }
 
 SIZE measured(HDC dc, const std::string& text, int width, UINT format) {
     RECT area{0, 0, width, 0};
-    DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &area, format | DT_CALCRECT);
+    const std::wstring line = wide(text);
+    DrawTextW(dc, line.c_str(), static_cast<int>(line.size()), &area, format | DT_CALCRECT);
     return {area.right, area.bottom};
 }
 

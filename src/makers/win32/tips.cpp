@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "makers/win32/library_function.h"
+#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
@@ -14,7 +15,7 @@ HWND makeTipWindow(HWND owner) {
     using Init = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
     const auto init = libraryFunction<Init>("comctl32.dll", "InitCommonControlsEx");
     if (init == nullptr || init(&classes) == FALSE) return nullptr;
-    return CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
+    return CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
                            owner, nullptr, GetModuleHandleA(nullptr), nullptr);
 }
 
@@ -24,20 +25,20 @@ void Tips::set(HWND owner, HWND child, const std::string& text) {
     const bool known = tools_.contains(child);
     if (text.empty() && !known) return;
     if (window_ == nullptr) window_ = makeTipWindow(owner);
-    std::string shown = text;
-    TTTOOLINFOA tool{};
+    std::wstring shown = wide(text);
+    TTTOOLINFOW tool{};
     tool.cbSize = sizeof(tool);
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = owner;
     tool.uId = reinterpret_cast<UINT_PTR>(child);
     tool.lpszText = shown.data();
-    const auto send = [&](UINT message) { SendMessageA(window_, message, 0, reinterpret_cast<LPARAM>(&tool)); };
+    const auto send = [&](UINT message) { SendMessageW(window_, message, 0, reinterpret_cast<LPARAM>(&tool)); };
     if (text.empty()) {
-        send(TTM_DELTOOLA);
+        send(TTM_DELTOOLW);
         tools_.erase(child);
         return;
     }
-    send(known ? TTM_UPDATETIPTEXTA : TTM_ADDTOOLA);
+    send(known ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW);
     tools_.insert(child);
     SendMessageA(window_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
 }

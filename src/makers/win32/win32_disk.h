@@ -6,7 +6,8 @@
 
 namespace vrix {
 
-// Its lock is a file beside the locked one. The system deletes that file when the program ends, even if it crashes.
+// Its paths are UTF-8, since a folder of the user may have a name that the code page cannot write. Its lock is a file
+// beside the locked one. The system deletes that file when the program ends, even if it crashes.
 std::unique_ptr<JournalDisk> makeJournalDisk();
 
 }  // namespace vrix

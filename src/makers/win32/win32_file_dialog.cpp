@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "makers/win32/library_function.h"
+#include "makers/win32/wide_text.h"
 #include "makers/win32/win32_screen.h"
 
 namespace vrix {
@@ -18,34 +19,48 @@ namespace {
 constexpr std::size_t roomForPath = 32768;
 
 // The pairs as the platform takes them: each text ends with a zero byte, the last with two.
-std::string filterPairs(std::string filter) {
-    std::replace(filter.begin(), filter.end(), '|', '\0');
-    return filter + '\0';
+std::wstring filterPairs(const std::string& filter) {
+    std::wstring pairs = wide(filter);
+    std::replace(pairs.begin(), pairs.end(), L'|', L'\0');
+    return pairs + L'\0';
 }
 
-using Show = BOOL(WINAPI*)(OPENFILENAMEA*);
+using Show = BOOL(WINAPI*)(OPENFILENAMEW*);
 
 // The library of dialogs loads much of the shell, so it is loaded at the first dialog and not at the start.
 constexpr const char* dialogLibrary = "comdlg32.dll";
 
-const char* orNothing(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
+const wchar_t* orNothing(const std::wstring& text) { return text.empty() ? nullptr : text.c_str(); }
 
-std::optional<std::string> ask(Win32Screen& screen, const FileQuestion& question, const char* dialogName) {
+// The path by the short names that the disk keeps for whatever is there; as it is where it keeps none.
+std::wstring shortPath(const std::wstring& path) {
+    std::wstring text(roomForPath, L'\0');
+    text.resize(GetShortPathNameW(path.c_str(), text.data(), static_cast<DWORD>(text.size())));
+    if (!text.empty()) return text;
+    const std::size_t name = path.find_last_of(L'\\') + 1;  // of a file that is still to be made
+    text.assign(roomForPath, L'\0');
+    text.resize(GetShortPathNameW(path.substr(0, name).c_str(), text.data(), static_cast<DWORD>(text.size())));
+    return text + path.substr(name);
+}
+
+std::optional<std::wstring> chosenPath(Win32Screen& screen, const FileQuestion& question, const char* dialogName) {
     const auto show = libraryFunction<Show>(dialogLibrary, dialogName);
     const auto failure = libraryFunction<DWORD(WINAPI*)()>(dialogLibrary, "CommDlgExtendedError");
     if (show == nullptr || failure == nullptr) return std::nullopt;
-    const std::string filter = filterPairs(question.filter);
-    const std::string extension = question.defaultExtension.substr(question.defaultExtension.rfind('.') + 1);
-    std::vector<char> path(roomForPath);
-    question.fileName.copy(path.data(), path.size() - 1);
+    const std::wstring filter = filterPairs(question.filter);
+    const std::wstring folder = wide(question.initialFolder);
+    const std::wstring title = wide(question.title);
+    const std::wstring extension = wide(question.defaultExtension.substr(question.defaultExtension.rfind('.') + 1));
+    std::vector<wchar_t> path(roomForPath);
+    wide(question.fileName).copy(path.data(), path.size() - 1);
 
-    OPENFILENAMEA dialog{};
+    OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof(dialog);
     dialog.lpstrFilter = question.filter.empty() ? nullptr : filter.c_str();
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = static_cast<DWORD>(path.size());
-    dialog.lpstrInitialDir = orNothing(question.initialFolder);
-    dialog.lpstrTitle = orNothing(question.title);
+    dialog.lpstrInitialDir = orNothing(folder);
+    dialog.lpstrTitle = orNothing(title);
     dialog.lpstrDefExt = orNothing(extension);
     dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
 
@@ -54,21 +69,30 @@ std::optional<std::string> ask(Win32Screen& screen, const FileQuestion& question
         dialog.hwndOwner = owner;
         chosen = show(&dialog) != FALSE;
         if (chosen || failure() != FNERR_INVALIDFILENAME) return;
-        path[0] = '\0';  // a name that no file can have: the dialog opens without one
+        path[0] = L'\0';  // a name that no file can have: the dialog opens without one
         chosen = show(&dialog) != FALSE;
     });
-    if (!chosen) return std::nullopt;
-    return std::string(path.data());
+    return chosen ? std::optional<std::wstring>(path.data()) : std::nullopt;
+}
+
+std::optional<std::string> ask(Win32Screen& screen, const FileQuestion& question, const char* dialogName) {
+    const auto path = chosenPath(screen, question, dialogName);
+    std::string text;
+    if (!path) return std::nullopt;
+    if (narrowExactly(*path, text) || narrowExactly(shortPath(*path), text)) return text;
+    screen.ask("The path of this file has characters that the code page of this system cannot write.",
+               "Path Cannot Be Written", Buttons::ok);
+    return std::nullopt;
 }
 
 }  // namespace
 
 std::optional<std::string> Win32FileDialog::askOpen(const FileQuestion& question) {
-    return ask(screen_, question, "GetOpenFileNameA");
+    return ask(screen_, question, "GetOpenFileNameW");
 }
 
 std::optional<std::string> Win32FileDialog::askSave(const FileQuestion& question) {
-    return ask(screen_, question, "GetSaveFileNameA");
+    return ask(screen_, question, "GetSaveFileNameW");
 }
 
 }  // namespace vrix

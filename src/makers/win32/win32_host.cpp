@@ -8,6 +8,7 @@
 
 #include "makers/standard/whole_file.h"
 #include "makers/win32/startup.h"
+#include "makers/win32/wide_text.h"
 #include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_encoding.h"
 #include "makers/win32/win32_registry.h"
@@ -16,21 +17,9 @@ namespace vrix {
 
 namespace {
 
-std::wstring wide(const std::string& text) {
-    const int size = static_cast<int>(text.size());
-    std::wstring units(text.size(), L'\0');
-    units.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, text.data(), size, units.data(), size)));
-    return units;
-}
+std::wstring units(const std::string& text) { return wide(text, CP_UTF8); }
 
-std::string utf8(const std::wstring& units) {
-    const int size = static_cast<int>(units.size());
-    std::string text(3 * units.size(), '\0');
-    const int room = static_cast<int>(text.size());
-    text.resize(static_cast<std::size_t>(
-        WideCharToMultiByte(CP_UTF8, 0, units.data(), size, text.data(), room, nullptr, nullptr)));
-    return text;
-}
+std::string utf8(const std::wstring& text) { return narrow(text, CP_UTF8); }
 
 bool isConsole(HANDLE handle) {
     DWORD mode = 0;
@@ -42,11 +31,11 @@ void put(DWORD stream, const std::string& text) {
     const HANDLE handle = GetStdHandle(stream);
     DWORD done = 0;
     if (isConsole(handle)) {
-        const std::wstring units = wide(text);
+        const std::wstring whole = units(text);
         constexpr std::size_t most = 8'192;  // some consoles take no more at once
-        for (std::size_t at = 0; at < units.size(); at += most) {
-            const auto part = static_cast<DWORD>(std::min(most, units.size() - at));
-            WriteConsoleW(handle, units.data() + at, part, &done, nullptr);
+        for (std::size_t at = 0; at < whole.size(); at += most) {
+            const auto part = static_cast<DWORD>(std::min(most, whole.size() - at));
+            WriteConsoleW(handle, whole.data() + at, part, &done, nullptr);
         }
     } else {
         WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &done, nullptr);
@@ -105,17 +94,17 @@ void Win32Host::flush() {
 // ---- Files ----
 
 std::optional<std::string> Win32Host::readFile(const std::string& path) {
-    std::FILE* file = _wfopen(wide(path).c_str(), L"rb");
+    std::FILE* file = _wfopen(units(path).c_str(), L"rb");
     if (file == nullptr && (errno == ENOENT || errno == EINVAL)) return std::nullopt;
     return readAndClose(file, path);
 }
 
 void Win32Host::writeFile(const std::string& path, const std::string& bytes) {
-    writeAndClose(_wfopen(wide(path).c_str(), L"wb"), path, bytes);
+    writeAndClose(_wfopen(units(path).c_str(), L"wb"), path, bytes);
 }
 
 void Win32Host::makeFolder(const std::string& path) {
-    if (CreateDirectoryW(wide(path).c_str(), nullptr) != FALSE || GetLastError() == ERROR_ALREADY_EXISTS) return;
+    if (CreateDirectoryW(units(path).c_str(), nullptr) != FALSE || GetLastError() == ERROR_ALREADY_EXISTS) return;
     throw HostRefused("the folder \"" + path + "\" cannot be made (" + std::to_string(GetLastError()) + ")");
 }
 
@@ -125,9 +114,9 @@ std::vector<std::string> Win32Host::filesOf(const std::string& pattern) {
     std::vector<std::string> files;
     if (last == std::string::npos) return {pattern};
     WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(wide(pattern).c_str(), &found);
+    const HANDLE search = FindFirstFileW(units(pattern).c_str(), &found);
     const std::size_t folderEnd = pattern.find_last_of("\\/:") + 1;
-    const std::wstring ending = wide(pattern.substr(last + 1));
+    const std::wstring ending = units(pattern.substr(last + 1));
     for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileW(search, &found) != FALSE) {
         const std::wstring name = found.cFileName;
         const bool ends = name.size() >= ending.size() &&
@@ -142,7 +131,12 @@ std::vector<std::string> Win32Host::filesOf(const std::string& pattern) {
 
 // ---- Stores ----
 
-std::unique_ptr<Registry> Win32Host::registry(RegistryView) { return std::make_unique<Win32Registry>(); }
+std::unique_ptr<Registry> Win32Host::registry(RegistryView view) {
+    BOOL isOnWideSystem = sizeof(void*) == 8;
+    if (isOnWideSystem == FALSE) IsWow64Process(GetCurrentProcess(), &isOnWideSystem);
+    const bool isThere = view == RegistryView::own || isOnWideSystem != FALSE;
+    return isThere ? std::make_unique<Win32Registry>(view) : nullptr;
+}
 
 RegistryView Win32Host::ownView() { return sizeof(void*) == 8 ? RegistryView::wide : RegistryView::narrow; }
 
@@ -154,10 +148,6 @@ std::unique_ptr<JournalDisk> Win32Host::journalDisk() { return makeJournalDisk()
 
 std::string Win32Host::localDataFile(const std::string& folder, const std::string& file) {
     return vrix::localDataFile(folder, file);
-}
-
-std::optional<std::string> Win32Host::journalPath(const std::string& path) {
-    return win32Encoding(GetACP())->fromUtf8(path);
 }
 
 }  // namespace vrix

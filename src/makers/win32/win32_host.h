@@ -29,7 +29,6 @@ public:
     std::unique_ptr<Encoding> encoding(unsigned codePage) override;
     std::unique_ptr<JournalDisk> journalDisk() override;
     std::string localDataFile(const std::string& folder, const std::string& file) override;
-    std::optional<std::string> journalPath(const std::string& path) override;
     std::time_t now() override { return std::time(nullptr); }
 
 private:

@@ -10,6 +10,7 @@
 #include "forms/timer.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/form_window.h"
+#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
@@ -71,7 +72,8 @@ Answer Win32Screen::ask(const std::string& text, const std::string& title, Butto
     int answer = 0;
     modal([&](HWND owner) {
         const UINT kind = buttons == Buttons::ok ? MB_OK : MB_OKCANCEL;
-        answer = MessageBoxA(owner, text.c_str(), title.c_str(), kind | (owner == nullptr ? MB_SETFOREGROUND : 0));
+        answer = MessageBoxW(owner, wide(text).c_str(), wide(title).c_str(),
+                             kind | (owner == nullptr ? MB_SETFOREGROUND : 0));
     });
     return answer == IDOK || buttons == Buttons::ok ? Answer::ok : Answer::cancel;
 }
@@ -89,13 +91,13 @@ void Win32Screen::quit() {
 int Win32Screen::run() {
     event([] {});  // for the forms that were shown before
     MSG message;
-    while (!ended_ && GetMessageA(&message, nullptr, 0, 0) > 0) {
+    while (!ended_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
         const HWND top = GetAncestor(message.hwnd, GA_ROOT);
         const auto form = std::find_if(forms_.begin(), forms_.end(),
                                        [&](const auto& entry) { return entry.second->handle() == top; });
         if (form != forms_.end() && form->second->keyboard().translate(message)) continue;
         TranslateMessage(&message);
-        DispatchMessageA(&message);
+        DispatchMessageW(&message);
     }
     ended_ = true;
     forms_.clear();

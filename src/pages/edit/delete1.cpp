@@ -1,20 +1,17 @@
 #include "pages/edit/delete1.h"
 
 #include "pages/edit/delete2.h"
-#include "pages/edit/edit1.h"
+#include "pages/edit/product_list.h"
 
 namespace vrix {
 
-Delete1::Delete1(Toolkit& owner) : Page(owner, "Delete1", "Delete An Existing Product", "Select A Product") {
+Delete1::Delete1(Toolkit& owner) : Page(owner, "Delete1", "Select A Product", deleteTask) {
     NextBtn.action = [this] { goToDelete2(); };
     BackBtn.action = [this] { returnToMain(); };
     ExitBtn.action = [this] { returnToMain(); };
 }
 
-void Delete1::initDelete1() {
-    ProductList.clear();
-    fillProductList(toolkit, *this, ProductList);
-}
+void Delete1::initDelete1() { fillProductList(toolkit, ProductList); }
 
 void Delete1::goToDelete2() {
     goTo(toolkit.delete2);

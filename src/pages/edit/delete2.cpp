@@ -1,33 +1,30 @@
 #include "pages/edit/delete2.h"
 
 #include "pages/edit/delete1.h"
+#include "pages/edit/product_list.h"
 #include "store/cregistry_functions.h"
-#include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
-Delete2::Delete2(Toolkit& owner) : Page(owner, "Delete2", "Delete An Existing Product", "Confirm Product Deletion") {
+Delete2::Delete2(Toolkit& owner) : Page(owner, "Delete2", "Confirm Product Deletion", deleteTask) {
     NextBtnLbl.setCaption("Finish");
     NextBtn.action = [this] { DeleteProduct(); };
     BackBtn.action = [this] { returnToDelete1(); };
     ExitBtn.action = [this] { exitToMain(); };
 }
 
-// Children go before parents, since a key with subkeys is not deleted, and the list row goes last: an interrupted
-// delete leaves a listed Product with missing parts, not an unlisted remnant. What else lies below the root stays.
+// Keys go before their parents, since a key with subkeys is not deleted. The list row goes last: after an interrupted
+// delete the Product is still listed and can be deleted again. Other keys below its root stay.
 void Delete2::DeleteProduct() {
     const ComboBox& list = toolkit.delete1.ProductList;
-    const bool develop = list.listIndex() >= toolkit.productReg.installedRows();
-    const std::string section = develop ? "Toolkit\\Products" : "Products";
-    const std::string name = list.text();
+    const SelectedProduct product = chosenProduct(toolkit, list);
     cRegistryFunctions& settings = toolkit.settings;
-    const std::string key = settings.GetSetting(application, section, name, "");
-    const std::string root = develop ? "Toolkit\\" + key : key;
     for (const char* below : {"\\Options", "\\Topics", "\\SmartFields", "\\Dependencies\\IndexTable",
                               "\\Dependencies\\Matrix", "\\Dependencies", ""}) {
-        settings.DeleteSetting(application, root + below, "");
+        settings.DeleteSetting(application, product.ProductRegKey + below, "");
     }
-    settings.DeleteSetting(application, section, name);
+    settings.DeleteSetting(application, product.listSection(), list.text());
     goToMain();
 }
 

@@ -12,10 +12,11 @@
 #include "pages/wizard/fields_page.h"
 #include "pages/wizard/optional_section.h"
 #include "store/cregistry_functions.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
-Edit2::Edit2(Toolkit& owner) : Page(owner, "Edit2", "Edit A Product", "Product Name") {
+Edit2::Edit2(Toolkit& owner) : Page(owner, "Edit2", "Product Name", editTask) {
     NextBtnLbl.setCaption("Finish");
     NextBtn.action = [this] { finishEdit2(); };
     BackBtn.action = [this] { backEdit2(); };
@@ -37,8 +38,7 @@ Edit2::Edit2(Toolkit& owner) : Page(owner, "Edit2", "Edit A Product", "Product N
 template <class OwnerPage, class Init>
 void Edit2::open(OwnerPage& page, Init init) {
     page.Edit = true;
-    goTo(page);
-    (page.*init)();
+    goForward(page, init);
 }
 
 void Edit2::openDependencies() {
@@ -53,13 +53,12 @@ void Edit2::openDependencies() {
 
 void Edit2::openProductSettings() {
     Create2& page = toolkit.create2;
-    const Edit1& selected = toolkit.edit1;
+    const std::string name = toolkit.edit1.ProductList.text();
     page.Edit = true;
     goTo(page);
     page.NextBtnLbl.setCaption("Finish");
     page.ProductKey.setEnabled(false);
-    page.ProductKey.setText(
-        toolkit.settings.GetSetting(application, selected.listSection(), selected.ProductList.text(), ""));
+    page.ProductKey.setText(toolkit.settings.GetSetting(application, toolkit.selectedProduct.listSection(), name, ""));
     page.initThis2();
 }
 

@@ -9,16 +9,12 @@
 
 namespace vrix {
 
-Create18::Create18(Toolkit& owner)
-    : Page(owner, "Create18", "Create A Product Wizard", "Finish"), CommonDialog1(owner.platform.fileDialog) {
-    CommonDialog1.DialogTitle = "Browse For Export File";
-    CommonDialog1.Filter = "Kelmarsh Settings (*.kls)|*.kls";
-    CommonDialog1.DefaultExt = ".kls";
+Create18::Create18(Toolkit& owner) : Page(owner, "Create18", "Finish") {
     NextBtnLbl.setCaption("Finish");
     Browse1Btn.action = [this] { browse1This18(); };
     NextBtn.action = [this] { nextThis18(); };
-    BackBtn.action = [this] { backThis18(); };
-    ExitBtn.action = [this] { exitThis18(); };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create17); };
+    ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
 void Create18::initThis18() {
@@ -53,7 +49,7 @@ void Create18::nextThis18() {
     }
 }
 
-// The Product is in the store before the file is touched, so a bad path loses the file alone.
+// The Product is stored before the file is written: with a bad path only the file is lost.
 void Create18::finish() {
     const std::string timeStamp = toolkit.platform.clock.now();
     saveNewProduct(toolkit, timeStamp);
@@ -61,21 +57,13 @@ void Create18::finish() {
     goToMain();
 }
 
-// Without a path nothing happens at all, whatever was answered.
+// Without a path nothing is written and the page stays, also after an OK.
 void Create18::exportProduct() {
     if (SettingsPath.text().empty()) return;
     const Edit1& selected = toolkit.edit1;
     ProductExport(toolkit.settings, selected.ProductRegKey, selected.isDeveloper)
         .write(toolkit.platform.files, SettingsPath.text(), selected.ProductList.text());
     endEdit(Edit);
-}
-
-void Create18::backThis18() {
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goTo(toolkit.create17);
-    }
 }
 
 }  // namespace vrix

@@ -12,7 +12,8 @@ public:
     TextBox SettingsPath{Frame2, "SettingsPath", {0, 86, -102, 24}};
     ImageButton Browse1Btn{Frame2, "Browse1Btn", {-88, 84, 88, 28}, "Browse"};
 
-    CommonDialog CommonDialog1;
+    CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Export File", "Kelmarsh Settings (*.kls)|*.kls",
+                               ".kls"};
     bool Edit = false;
 
     explicit Create18(Toolkit& owner);
@@ -26,8 +27,6 @@ private:
     void nextThis18();
     void finish();
     void exportProduct();
-    void backThis18();
-    void exitThis18() { exitGroup(Edit); }
 };
 
 }  // namespace vrix

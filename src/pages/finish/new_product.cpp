@@ -30,7 +30,7 @@ void saveTopics(const Toolkit& toolkit) {
     const bool single = topics.i < 2;
     const std::string nothing;
     const int rows = single ? 1 : topics.i;
-    // Each value is read when its turn comes: a row that the dependencies lack ends the saves behind the two before it.
+    // Each value is read just before it is saved: where the dependencies lack a row, its first two values are saved.
     for (int row = 0; row < rows; ++row) {
         const std::string index = std::to_string(row);
         save(paths, topics.TopicNames.at(row), topics.TopicPaths.at(row));
@@ -63,7 +63,8 @@ void writeTopics(const Toolkit& toolkit, SettingsFile& file) {
     file.blank();
 }
 
-// The options in the order of the file: the SmartFields' default stands behind the table of contents' there, not last.
+// The options in the order of the file. There the SmartFields' default is not the last: it stands behind that of the
+// table of contents.
 std::vector<Option> optionsInFileOrder(const ProductOptions& options) {
     std::vector<Option> ordered = options.all();
     const auto place =
@@ -74,6 +75,8 @@ std::vector<Option> optionsInFileOrder(const ProductOptions& options) {
 
 }  // namespace
 
+// The store says "Creation Date" and the settings file "CreationDate": two names on purpose. The second marks a Product
+// of the installed tree, where Create2 looks for it.
 void saveNewProduct(const Toolkit& toolkit, const std::string& timeStamp) {
     const Create2& identity = toolkit.create2;
     cRegistryFunctions& settings = toolkit.settings;

@@ -6,8 +6,8 @@
 
 namespace vrix {
 
-// Both read a new Product from the controls and tables of all pages, shown or not, as they stand at that moment.
-// Failure 9 or 13 where the Topics pages hold fewer rows than they count.
+// Both read a new Product from the controls and tables of all pages, also of those that were never shown. Failure 9 or
+// 13 where the Topics pages hold fewer rows than they count.
 
 // Saves the Product in the develop tree, on top of what its key holds. A save that the store refuses is silent.
 void saveNewProduct(const Toolkit& toolkit, const std::string& timeStamp);

@@ -1,23 +1,24 @@
 #include "pages/smartfields/create19.h"
 
+#include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
-#include "pages/edit/edit1.h"
 #include "pages/smartfields/smart_field_module.h"
 #include "pages/wizard/create17.h"
 #include "pages/wizard/field_options_page.h"
 #include "pages/wizard/product_options.h"
 #include "store/cregistry_functions.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
-Create19::Create19(Toolkit& owner) : Page(owner, "Create19", "Create A Product Wizard", "SmartFields") {
+Create19::Create19(Toolkit& owner) : Page(owner, "Create19", "SmartFields") {
     SmartFields.onClick = [this] { showCurrent(); };
     CreateBtn.action = [this] { createThis19(); };
     UpdateBtn.action = [this] { updateThis19(); };
     DeleteBtn.action = [this] { deleteThis19(); };
     NextBtn.action = [this] { nextThis19(); };
-    BackBtn.action = [this] { backThis19(); };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create16); };
     ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
@@ -31,12 +32,12 @@ void Create19::initThis19() {
     if (Edit) loadFromStore();
 }
 
-// Every failure in here is ignored, statement by statement. The stored default is not read: a Product that has
-// SmartFields opens with the box ticked.
+// Each statement that fails is skipped. The stored default is not read: where there are SmartFields, the box is ticked.
 void Create19::loadFromStore() {
     SettingsTable stored;
-    ignoring(
-        [&] { stored = toolkit.settings.GetAllSettings(application, toolkit.edit1.ProductRegKey + "\\SmartFields"); });
+    ignoring([&] {
+        stored = toolkit.settings.GetAllSettings(application, toolkit.selectedProduct.ProductRegKey + "\\SmartFields");
+    });
     std::size_t cells = 0;
     ignoring([&] { cells = stored.cellCount(); });
     const std::int16_t rows = halved(cappedCount16(cells));
@@ -57,8 +58,10 @@ void Create19::loadFromStore() {
 void Create19::showCurrent() {
     const std::string text = SmartFields.text();
     if (text.empty()) return;
-    if (text.size() < 4) throw RuntimeFailure(FailureNumber::invalidCall);
-    SmartFieldText.setText(text.substr(2, text.size() - 4));
+    const std::size_t length = characterCount(text);
+    if (length < 4) throw RuntimeFailure(FailureNumber::invalidCall);
+    const std::size_t first = characterStart(text, 2);
+    SmartFieldText.setText(text.substr(first, characterStart(text, length - 2) - first));
 }
 
 std::string Create19::delimited() const { return "<!" + SmartFieldText.text() + "!>"; }
@@ -106,7 +109,7 @@ void Create19::deleteThis19() {
     }
 }
 
-// Moves the SmartFields that are not empty to the front. What stands behind the last of them stays as it was.
+// Moves the SmartFields that are not empty to the front. The elements behind the last of them keep their old text.
 void Create19::compact() {
     int written = 0;
     for (int read = 0; read < SmartFieldCount; ++read) {
@@ -121,14 +124,13 @@ void Create19::nextThis19() {
         save();
         endEdit(Edit);
     } else {
-        goTo(toolkit.create17);
-        toolkit.create17.initThis17();
+        goForward(toolkit.create17, &Create17::initThis17);
     }
 }
 
-// Every failure in here is ignored, statement by statement.
+// Each statement that fails is skipped.
 void Create19::save() {
-    const std::string section = toolkit.edit1.ProductRegKey + "\\SmartFields";
+    const std::string section = toolkit.selectedProduct.ProductRegKey + "\\SmartFields";
     cRegistryFunctions& settings = toolkit.settings;
     if (ignoring([&] { settings.GetAllSettings(application, section); }) == FailureNumber::none) {
         settings.DeleteSetting(application, section, "");
@@ -139,14 +141,6 @@ void Create19::save() {
             [&] { settings.SaveSetting(application, section, "SmartField" + std::to_string(r + 1), list().at(r)); });
     }
     toolkit.options.save({&SmartFieldsDefault});
-}
-
-void Create19::backThis19() {
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goTo(toolkit.create16);
-    }
 }
 
 }  // namespace vrix

@@ -39,7 +39,6 @@ private:
     void compact();
     void nextThis19();
     void save();
-    void backThis19();
     TextTable& list();
 };
 

@@ -4,7 +4,8 @@
 
 namespace vrix {
 
-// The SmartFields of the Product at work, with their delimiters. Elements at or behind the page's count are ignored.
+// The SmartFields of the Product at work, with their delimiters. How many there are, Create19 counts; elements behind
+// them hold old text.
 struct SmartFieldModule {
     TextTable SmartFieldList;
 };

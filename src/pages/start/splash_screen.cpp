@@ -14,10 +14,8 @@ SplashScreen::SplashScreen(Toolkit& toolkit)
 
 void SplashScreen::load() {
     Timer1.setEnabled(true);
-    for (Control* control :
-         {static_cast<Control*>(&Logo), static_cast<Control*>(&ProductLbl), static_cast<Control*>(&VersionLbl),
-          static_cast<Control*>(&CopyrightLbl), static_cast<Control*>(&AcceptLbl), static_cast<Control*>(&ProsecuteLbl),
-          static_cast<Control*>(&TrademarksLbl)}) {
+    for (Control* control : std::initializer_list<Control*>{&Logo, &ProductLbl, &VersionLbl, &CopyrightLbl, &AcceptLbl,
+                                                            &ProsecuteLbl, &TrademarksLbl}) {
         control->setLeft(size().width / 2 - control->bounds().width / 2);
     }
     ImportantLbl.setLeft(AcceptLbl.bounds().left);

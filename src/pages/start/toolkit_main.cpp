@@ -1,68 +1,15 @@
 #include "pages/start/toolkit_main.h"
 
-#include <array>
-
 #include "forms/event.h"
 #include "pages/edit/delete1.h"
 #include "pages/edit/edit1.h"
+#include "pages/smartfields/create19.h"
 #include "pages/topics/create8.h"
 #include "pages/topics/create9.h"
 #include "pages/wizard/create1.h"
 #include "store/product_reg.h"
 
 namespace vrix {
-
-namespace {
-
-// The input controls of a page. A name that ends in "#" stands for its numbers from `first` to `last`.
-struct Inputs {
-    std::string_view page;
-    std::vector<std::string_view> names;
-    int first = 1;
-    int last = 10;
-};
-
-const std::array inputsOfAllPages{
-    Inputs{"Create2", {"ProductName", "ProductKey", "DefaultCourseName"}},
-    Inputs{"Create3", {"CoverPage#", "CoverPage#Name"}, 1, 3},
-    Inputs{"Create4", {"DefaultCover", "AllowNoCoverPage", "AllowUseAlternateCoverPage", "DefaultCoverPage"}},
-    Inputs{"Create5", {"CourseBriefPath", "AllowNoCourseBriefing", "ShowCourseBriefing", "DefaultCourseBrief"}},
-    Inputs{"Create6", {"TOCPath", "AllowNoTOC", "DefaultTOC", "ShowTOC"}},
-    Inputs{"Create7", {"ConclusionPath", "AllowNoConclusion", "DefaultConclusion", "ShowConclusion"}},
-    Inputs{"Create8", {"TopicName", "TopicPath", "Topics"}},
-    Inputs{"Create9", {"DependsList", "Topics"}},
-    Inputs{"Create10", {"UserDef#", "UserDef#Path", "UserDef#Pos"}, 1, 3},
-    Inputs{"Create11", {"UserDef#", "UserDef#Path", "UserDef#Pos"}, 4, 5},
-    Inputs{"Create12", {"UserDef#", "UserDef#Path", "UserDef#Pos"}, 6, 8},
-    Inputs{"Create13", {"UserDef#", "UserDef#Path", "UserDef#Pos"}, 9, 10},
-    Inputs{"Create14", {"AllowNoUserDefined#"}},
-    Inputs{"Create15", {"DefaultUserDef#"}},
-    Inputs{"Create16", {"ShowUserDefined#"}},
-    Inputs{"Create17", {"AllowChangeCourseName", "ShowCourseName", "DefaultOutputFile", "TemplatePath"}},
-    Inputs{"Create18", {"SettingsPath"}},
-    Inputs{"Edit1", {"ProductList"}},
-    Inputs{"Delete1", {"ProductList"}},
-};
-
-void clearNumbered(const Toolkit& toolkit, const Inputs& inputs, std::string_view pattern) {
-    const auto mark = pattern.find('#');
-    for (int n = inputs.first; n <= inputs.last; ++n) {
-        std::string name(pattern);
-        control(toolkit, inputs.page, name.replace(mark, 1, std::to_string(n))).clear();
-    }
-}
-
-void clear(const Toolkit& toolkit, const Inputs& inputs) {
-    for (const std::string_view name : inputs.names) {
-        if (name.find('#') != std::string_view::npos) {
-            clearNumbered(toolkit, inputs, name);
-        } else {
-            control(toolkit, inputs.page, name).clear();
-        }
-    }
-}
-
-}  // namespace
 
 ToolkitMain::ToolkitMain(Toolkit& toolkit)
     : Form(toolkit.platform.screen, "ToolkitMain", programTitle, {520, 480}), toolkit_(toolkit) {
@@ -106,14 +53,17 @@ void ToolkitMain::returnIfNoProducts(TaskPicture& picture, Form& page, const std
     picture.setPressed(false);
 }
 
+// Create19 keeps its SmartFields. Where Create9 was never opened, Depends has no element 0: with that failure 9 the
+// pages from Create10 on are not cleared.
 void ToolkitMain::InitEverything() {
-    for (const Inputs& inputs : inputsOfAllPages) {
-        clear(toolkit_, inputs);
-        if (inputs.page == "Create8") {
+    for (const Form* page : toolkit_.forms) {
+        if (page == &toolkit_.create19) continue;
+        for (Control* control : page->controls()) control->clear();
+        if (page == &toolkit_.create8) {
             toolkit_.create8.TopicNames.becomeEmptyText();
             toolkit_.create8.TopicPaths.becomeEmptyText();
         }
-        if (inputs.page == "Create9") toolkit_.create9.Depends.at(0).clear();
+        if (page == &toolkit_.create9) toolkit_.create9.Depends.at(0).clear();
     }
 }
 

@@ -1,17 +1,17 @@
 #include "pages/topics/create20.h"
 
 #include "common/number.h"
-#include "pages/edit/edit1.h"
 #include "pages/smartfields/create19.h"
 #include "pages/topics/create8.h"
 #include "pages/topics/create9.h"
 #include "pages/topics/topic_order.h"
 #include "pages/topics/topic_rewrite.h"
 #include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
-Create20::Create20(Toolkit& owner) : Page(owner, "Create20", "Create A Product Wizard", "Reorder Topics") {
+Create20::Create20(Toolkit& owner) : Page(owner, "Create20", "Reorder Topics") {
     for (int n = 0; n < optionCount; ++n) {
         OrderOption[static_cast<std::size_t>(n)].onClick = [this, n] { OrderChosenOption = add16(0, n); };
     }
@@ -21,11 +21,11 @@ Create20::Create20(Toolkit& owner) : Page(owner, "Create20", "Create A Product W
     PageUpBtn.action = [this] { turnPage(1, toolkit.topicOrderModule.OrderPageCount); };
     PageDownBtn.action = [this] { turnPage(-1, 1); };
     NextBtn.action = [this] { nextThis20(); };
-    BackBtn.action = [this] { backThis20(); };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create8); };
     ExitBtn.action = [this] { exitThis20(); };
 }
 
-// When editing, the hub's call is the only one.
+// When editing, only the hub's call starts the page.
 void Create20::load() {
     if (!Edit) initThis20();
 }
@@ -57,22 +57,12 @@ void Create20::nextThis20() {
 }
 
 void Create20::rewriteTopicKeys() {
-    const Edit1& selected = toolkit.edit1;
     const TopicOrderModule& order = toolkit.topicOrderModule;
-    TopicRewrite(toolkit.settings, selected.ProductRegKey, selected.isDeveloper, toolkit.productReg.standardRows(),
-                 FailuresAre::fatal)
+    TopicRewrite(toolkit.settings, toolkit.selectedProduct, toolkit.productReg.standardRows(), FailuresAre::fatal)
         .run({order.OrderTable.names, order.OrderTable.paths, order.OrderRowCount});
 }
 
-void Create20::backThis20() {
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goTo(toolkit.create8);
-    }
-}
-
-// It ends the edit mode of Create19, and stays in its own.
+// On purpose this ends the edit mode of Create19, and not its own.
 void Create20::exitThis20() {
     if (Edit) {
         endEdit(toolkit.create19.Edit);

@@ -7,8 +7,8 @@
 
 namespace vrix {
 
-// The order of the Topics, in pages of six option buttons. The names of the move and page buttons count rows and pages,
-// not directions: up raises a Topic's row number, which moves it down the screen.
+// The order of the Topics, in pages of six option buttons. The names of the move and page buttons follow the numbers:
+// "up" raises a Topic's row number, which moves it down the screen.
 class Create20 final : public Page {
 public:
     static constexpr int optionCount = 6;
@@ -30,7 +30,7 @@ public:
 
     std::int16_t OrderCurrentView = 0;   // the page on show, from 1
     std::int16_t OrderChosenOption = 0;  // the chosen row on the page
-    std::int16_t ordermodulecount = 0;   // part of the page's public face; nothing uses it
+    std::int16_t ordermodulecount = 0;   // a public member that nothing uses
     bool Edit = false;
 
     explicit Create20(Toolkit& owner);
@@ -41,7 +41,6 @@ private:
     void turnPage(int step, int lastPage);
     void nextThis20();
     void rewriteTopicKeys();
-    void backThis20();
     void exitThis20();
 };
 

@@ -1,23 +1,19 @@
 #include "pages/topics/create8.h"
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
-#include "pages/edit/edit1.h"
 #include "pages/topics/create20.h"
 #include "pages/topics/topic_rewrite.h"
 #include "pages/wizard/fields_page.h"
 #include "pages/wizard/optional_section.h"
 #include "platform/files.h"
 #include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
-Create8::Create8(Toolkit& owner)
-    : Page(owner, "Create8", "Create A Product Wizard", "Topics"), CommonDialog1(owner.platform.fileDialog) {
-    CommonDialog1.DialogTitle = "Browse For Course Briefing";
-    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
-    CommonDialog1.DefaultExt = ".doc";
+Create8::Create8(Toolkit& owner) : Page(owner, "Create8", "Topics") {
     Topics.onClick = [this] { showCurrentTopic(); };
     Browse1Btn.action = [this] { browse(CommonDialog1, TopicPath); };
     CreateBtn.action = [this] { createThis8(); };
@@ -43,7 +39,7 @@ void Create8::initThis8() {
 
 void Create8::loadTopics() {
     ProductReg& reg = toolkit.productReg;
-    reg.GetTopics(toolkit.edit1.ProductRegKey);
+    reg.GetTopics(toolkit.selectedProduct.ProductRegKey);
     TopicNames.sizeTo(reg.CountTopics);
     TopicPaths.sizeTo(reg.CountTopics);
     for (i = 0; i < reg.CountTopics; ++i) {
@@ -86,7 +82,7 @@ void Create8::growTables() {
     TopicPaths.growTo(add16(i, 1));
 }
 
-// Lists the row that the tables have taken already.
+// Adds to the list the row that stands in the tables already.
 void Create8::appendRow(const std::string& name) {
     Topics.addItem(name);
     Topics.setListIndex(i);
@@ -96,15 +92,15 @@ void Create8::appendRow(const std::string& name) {
 
 void Create8::ImportFile(const std::string& path) {
     const auto stream = toolkit.platform.files.openText(path);
-    const std::string folder = path.substr(0, path.rfind('\\') + 1);
+    const std::string folder = path.substr(0, findLastCharacter(path, '\\') + 1);
     while (!stream->atEnd()) {
         const std::string line = stream->readLine();
-        const auto colon = line.find(':');
+        const auto colon = findCharacter(line, ':');
         const std::string name = line.substr(0, colon);
         growTables();
         TopicNames.at(i) = name;
         if (colon == std::string::npos) throw RuntimeFailure(FailureNumber::subscript);
-        const std::string stem = line.substr(colon + 1, line.find(':', colon + 1) - colon - 1);
+        const std::string stem = line.substr(colon + 1, findCharacter(line, ':', colon + 1) - colon - 1);
         TopicPaths.at(i) = folder + lowerCase(stem) + ".doc";
         appendRow(name);
     }
@@ -123,7 +119,7 @@ void Create8::updateThis8() {
 
 void Create8::deleteThis8() {
     const int row = Topics.listIndex();
-    const bool standard = Edit && !toolkit.edit1.isDeveloper && row < toolkit.productReg.standardRows();
+    const bool standard = Edit && !toolkit.selectedProduct.isDeveloper && row < toolkit.productReg.standardRows();
     const Answer answer = screen().ask(
         standard ? "This topic is part of the standard installation set for this product. If you delete it, you will "
                    "not be able to recreate this topic, except with a reinstallation of the product. Are you sure you "
@@ -144,7 +140,7 @@ void Create8::removeTopic(int row) {
     Topics.setListIndex(i - 1);
 }
 
-// Moves every Topic that has a name to the front. What stands behind the last of them stays as it was.
+// Moves every Topic that has a name to the front. The elements behind the last of them keep their old text.
 void Create8::compact() {
     int written = 0;
     const int elements = static_cast<int>(TopicNames.count());
@@ -156,18 +152,18 @@ void Create8::compact() {
     }
 }
 
-// Keeps the counts of the Topics in step. Behind the standard set only the second count goes down, which makes that
-// set one row longer for the rest of the visit.
+// Keeps the counts of the Topics in step. For a Topic behind the standard set only the second count goes down: until
+// the counts are read again, the standard set has one row more.
 void Create8::countDeleted(int row) {
     ProductReg& reg = toolkit.productReg;
-    if (toolkit.edit1.isDeveloper || row < reg.standardRows()) {
+    if (toolkit.selectedProduct.isDeveloper || row < reg.standardRows()) {
         reg.CountTopics = add16(reg.CountTopics, -1);
     } else {
         reg.ToolkitCountTopics = add16(reg.ToolkitCountTopics, -1);
     }
 }
 
-// Failures of this routine's own statements and of the save are ignored; those of the page that it opens are not.
+// Failures of its own statements and of the save are ignored. Those of the page that it opens are not.
 void Create8::nextThis8() {
     emptyBoxes();
     if (ignoring([&] { static_cast<void>(TopicNames.at(0)); }) != FailureNumber::none) {
@@ -182,28 +178,20 @@ void Create8::nextThis8() {
     }
     ignoring([&] { thisTopicCount = count16(TopicNames.count() - 1); });
     if (thisTopicCount > 1) {
-        goTo(toolkit.create20);
-        toolkit.create20.initThis20();
+        goForward(toolkit.create20, &Create20::initThis20);
     } else {
-        goTo(toolkit.create10);
-        toolkit.create10.initThis();
+        goForward(toolkit.create10, &Create10::initThis);
     }
 }
 
 void Create8::rewriteTopicKeys() {
-    const Edit1& selected = toolkit.edit1;
-    TopicRewrite(toolkit.settings, selected.ProductRegKey, selected.isDeveloper, toolkit.productReg.standardRows(),
-                 FailuresAre::ignored)
+    TopicRewrite(toolkit.settings, toolkit.selectedProduct, toolkit.productReg.standardRows(), FailuresAre::ignored)
         .run({TopicNames, TopicPaths, i});
 }
 
 void Create8::backThis8() {
     emptyBoxes();
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goTo(toolkit.create7);
-    }
+    backInGroup(Edit, toolkit.create7);
 }
 
 }  // namespace vrix

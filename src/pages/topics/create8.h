@@ -22,9 +22,9 @@ public:
     ImageButton UpdateBtn{Frame2, "UpdateBtn", {100, 204, 88, 28}, "Update"};
     ImageButton DeleteBtn{Frame2, "DeleteBtn", {200, 204, 88, 28}, "Delete"};
 
-    CommonDialog CommonDialog1;
+    CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Course Briefing", wordDocuments, ".doc"};
 
-    TextTable TopicNames;  // always longer than i once a Topic was created; behind row i - 1 stands stale text
+    TextTable TopicNames;  // has more than i elements once a Topic was created; from element i on old text
     TextTable TopicPaths;
     std::int16_t i = 0;               // the number of rows, and the next free one
     std::int16_t thisTopicCount = 0;  // elements of TopicNames less 1, set by Next alone

@@ -4,21 +4,21 @@
 
 #include "common/number.h"
 #include "common/runtime_failure.h"
-#include "pages/edit/edit1.h"
 #include "pages/topics/create20.h"
 #include "pages/topics/create8.h"
 #include "pages/topics/dependencies.h"
 #include "pages/wizard/fields_page.h"
 #include "store/cregistry_functions.h"
 #include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
-Create9::Create9(Toolkit& owner) : Page(owner, "Create9", "Create A Product Wizard", "Topic Dependencies") {
+Create9::Create9(Toolkit& owner) : Page(owner, "Create9", "Topic Dependencies") {
     Topics.onClick = [this] { fillDependsList(toolkit, Topics.listIndex()); };
     DependsList.onClick = [this] { rebuildRow(); };
     NextBtn.action = [this] { nextThis9(); };
-    BackBtn.action = [this] { backThis9(); };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create20); };
     ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
@@ -41,22 +41,22 @@ void Create9::initThis9() {
 
 void Create9::loadTopics() {
     ProductReg& reg = toolkit.productReg;
-    reg.GetTopics(toolkit.edit1.ProductRegKey);
+    reg.GetTopics(toolkit.selectedProduct.ProductRegKey);
     EditTopicNames.sizeTo(reg.CountTopics - 1);
     for (int r = 0; r < reg.CountTopics; ++r) EditTopicNames.at(r) = reg.topic(r).name;
     for (int r = 0; r < reg.CountTopics; ++r) Topics.addItem(EditTopicNames.at(r));
 }
 
-// Each row of the matrix goes where its name says. A name that is no row of Depends is fatal.
+// The name of a value in the matrix is its row in Depends. A name that is no such row is fatal.
 void Create9::loadMatrix() {
     const SettingsTable matrix =
-        toolkit.settings.GetAllSettings(application, toolkit.edit1.ProductRegKey + "\\Dependencies\\Matrix");
+        toolkit.settings.GetAllSettings(application, toolkit.selectedProduct.ProductRegKey + "\\Dependencies\\Matrix");
     const int rows = halved(count16(matrix.cellCount()));
     Depends.sizeTo(Topics.count());
     for (int r = 0; r < rows; ++r) Depends.at(toInt16(matrix.name(r))) = matrix.text(r);
 }
 
-// Writes the shown Topic's row anew from the marks alone.
+// Makes the shown Topic's row from the marks.
 void Create9::rebuildRow() {
     std::string row;
     for (const MarkList::Row& topic : DependsList.rows()) {
@@ -70,30 +70,21 @@ void Create9::rebuildRow() {
 void Create9::nextThis9() {
     if (Edit) {
         save();
-        goToHub();  // edit mode stays on
+        goToHub();  // edit mode stays on, on purpose
     } else {
-        goTo(toolkit.create10);
-        toolkit.create10.initThis();
+        goForward(toolkit.create10, &Create10::initThis);
     }
 }
 
-// Nothing is deleted first: values of an older index or name stay beside the new ones.
+// Nothing is deleted before: values with an older index or name stay beside the new ones.
 void Create9::save() {
     const int topics = toolkit.productReg.CountTopics;
-    const std::string root = toolkit.edit1.ProductRegKey + "\\Dependencies";
+    const std::string root = toolkit.selectedProduct.ProductRegKey + "\\Dependencies";
     const auto saveRow = [&](int row, const std::string& index) {
         toolkit.settings.SaveSetting(application, root + "\\IndexTable", EditTopicNames.at(row), index);
         toolkit.settings.SaveSetting(application, root + "\\Matrix", index, topics < 2 ? "" : Depends.at(row));
     };
     for (int r = 0; r < std::max(topics, 1); ++r) saveRow(r, std::to_string(r));
-}
-
-void Create9::backThis9() {
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goTo(toolkit.create20);
-    }
 }
 
 }  // namespace vrix

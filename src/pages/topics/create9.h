@@ -26,7 +26,6 @@ private:
     void rebuildRow();
     void nextThis9();
     void save();
-    void backThis9();
 };
 
 }  // namespace vrix

@@ -24,7 +24,8 @@ void listOtherTopics(Toolkit& toolkit, int topicRow) {
     }
 }
 
-// The number that the text is, if it is written as the program writes row numbers; else a number that no row carries.
+// The number that the text stands for, if it is written as the program writes it: digits, without a leading zero. Any
+// other text gives a number that no row carries.
 std::size_t rowNumber(std::string_view text) {
     constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
     const bool plain = !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
@@ -34,8 +35,8 @@ std::size_t rowNumber(std::string_view text) {
     return number;
 }
 
-// The rows that a dependency row marks, in its order. A number that no row carries marks the row of the number before
-// once more, and at the start the first row.
+// The rows of the list that a dependency row marks, in its order. A number that no row carries marks the row of the
+// number before it again, or the first row if it is the first number.
 std::vector<int> rowsToMark(const MarkList& list, std::string_view dependencies) {
     std::vector<int> rowOf;  // by the number that the row carries
     for (int j = 0; j < list.count(); ++j) {

@@ -1,14 +1,13 @@
 #include "pages/topics/topic_order.h"
 
-#include <map>
 #include <string>
 
 #include "common/number.h"
 #include "common/runtime_failure.h"
-#include "pages/edit/edit1.h"
 #include "pages/topics/create20.h"
 #include "pages/topics/create8.h"
 #include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
@@ -38,7 +37,7 @@ void TopicOrderModule::loadFromPage() {
 
 void TopicOrderModule::loadFromStore() {
     ProductReg& reg = toolkit_.productReg;
-    reg.GetTopics(toolkit_.edit1.ProductRegKey);
+    reg.GetTopics(toolkit_.selectedProduct.ProductRegKey);
     sizeColumns(reg.CountTopics - 1);
     for (int r = 0; r < reg.CountTopics; ++r) {
         const Topic topic = reg.topic(r);
@@ -96,7 +95,7 @@ void TopicOrderModule::moveOrderRow(const std::int16_t& chosen, Direction direct
     }
 }
 
-// After a move to the row before: a was the Topic's row.
+// Chooses the Topic again that moved from row `a` to the row before.
 void TopicOrderModule::followDown(int a) {
     const int view = toolkit_.create20.OrderCurrentView;
     const int size = OrderPageSize;
@@ -111,7 +110,7 @@ void TopicOrderModule::followDown(int a) {
     }
 }
 
-// After a move to the row behind: a was the Topic's row.
+// Chooses the Topic again that moved from row `a` to the row behind.
 void TopicOrderModule::followUp(int a) {
     const int view = toolkit_.create20.OrderCurrentView;
     const int size = OrderPageSize;
@@ -128,27 +127,26 @@ void TopicOrderModule::followUp(int a) {
     }
 }
 
-// A row that keeps its place is touched only where another row comes to that place too.
+// Touches only the rows that another row comes to. Where two numbers are equal, the later row comes.
 void TopicOrderModule::applyOrderNumbers() {
+    constexpr int none = -1;
+    std::vector<int> coming(static_cast<std::size_t>(OrderRowCount), none);  // for each place, the row that comes to it
+    for (int row = 0; row < static_cast<int>(OrderTable.numbers.size()); ++row) {
+        const int place = OrderTable.numbers[static_cast<std::size_t>(row)];
+        if (place >= 0 && place < OrderRowCount) coming[static_cast<std::size_t>(place)] = row;
+    }
     struct Row {
         int place;
         std::string name;
         std::string path;
     };
-    std::map<int, Row> rows;
-    const auto take = [&](int row) {
-        const auto place = OrderTable.numbers.at(static_cast<std::size_t>(row));
-        rows.try_emplace(row, Row{place, OrderTable.names.at(row), OrderTable.paths.at(row)});
-    };
-    const int count = static_cast<int>(OrderTable.numbers.size());
-    for (int row = 0; row < count; ++row) {
-        const int place = OrderTable.numbers[static_cast<std::size_t>(row)];
-        if (place == row) continue;
-        take(row);
-        if (place < count) take(place);
+    std::vector<Row> moved;
+    for (int place = 0; place < OrderRowCount; ++place) {
+        const int row = coming[static_cast<std::size_t>(place)];
+        if (row == none || row == place) continue;
+        moved.push_back({place, OrderTable.names.at(row), OrderTable.paths.at(row)});
     }
-    for (const auto& [number, row] : rows) {
-        if (row.place >= OrderRowCount) continue;
+    for (const Row& row : moved) {
         OrderTable.names.at(row.place) = row.name;
         OrderTable.numbers[static_cast<std::size_t>(row.place)] = static_cast<std::int16_t>(row.place);
         OrderTable.paths.at(row.place) = row.path;

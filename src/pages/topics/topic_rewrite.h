@@ -5,6 +5,7 @@
 
 #include "common/runtime_failure.h"
 #include "common/text_table.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
@@ -19,33 +20,24 @@ struct TopicRows {
 
 enum class FailuresAre { ignored, fatal };
 
-// Rewrites the Topics of an existing Product in the order of a list, which is the one way in which their order reaches
-// the store, and carries each Topic's index and dependency row over as far as they are found. With failures ignored,
-// a statement that fails is skipped and the next one runs, and one more entry of index and row is written behind the
-// last Topic. Otherwise a failure leaves the keys half written.
+// Rewrites the Topics of an existing Product in the order of a list. The store keeps the order in which values are
+// written, so this alone changes it. Each Topic keeps its index and its dependency row as far as they are found. With
+// failures ignored, a statement that fails is skipped, and one more index and row are written behind the last Topic.
+// Otherwise a failure ends the routine, and the keys stay half written.
 class TopicRewrite {
 public:
-    // `root` is the Product's; rows below `standardRows` belong to the installed Product, unless it is a developer's,
-    // whose rows all count alike.
-    TopicRewrite(cRegistryFunctions& settings, const std::string& root, bool isDeveloper, int standardRows,
-                 FailuresAre failures)
+    // Rows below `standardRows` belong to the standard set of an installed Product. In the develop tree all rows count
+    // alike.
+    TopicRewrite(cRegistryFunctions& settings, const SelectedProduct& product, int standardRows, FailuresAre failures)
         : settings_(settings),
-          root_(root),
-          isDeveloper_(isDeveloper),
+          root_(product.ProductRegKey),
+          isDeveloper_(product.isDeveloper),
           standardRows_(standardRows),
-          ignoreFailures_(failures == FailuresAre::ignored) {}
+          statement_{failures == FailuresAre::ignored} {}
 
     void run(const TopicRows& topics);
 
 private:
-    template <class Statement>
-    void statement(Statement&& run) {
-        if (ignoreFailures_) {
-            ignoring(run);
-        } else {
-            run();
-        }
-    }
     void sizeTables(std::int16_t n);
     void deleteTopics();
     void readOldIndexTable();
@@ -57,12 +49,12 @@ private:
     std::string root_;
     bool isDeveloper_;
     int standardRows_;
-    bool ignoreFailures_;
+    StatementRunner statement_;
 
     TextTable keptIndex_;
     TextTable keptRows_;
     TextTable oldIndexCells_;
-    std::string old_;  // keeps its text from row to row when a read of it fails
+    std::string old_;  // of the row; when its read fails, still that of the row before
 };
 
 }  // namespace vrix

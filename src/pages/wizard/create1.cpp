@@ -4,15 +4,10 @@
 
 namespace vrix {
 
-Create1::Create1(Toolkit& owner) : Page(owner, "Create1", "Create A Product Wizard", "Welcome Screen") {
-    NextBtn.action = [this] { nextThis1(); };
-    BackBtn.action = [this] { exitThis1(); };
-    ExitBtn.action = [this] { exitThis1(); };
-}
-
-void Create1::nextThis1() {
-    goTo(toolkit.create2);
-    toolkit.create2.initThis2();
+Create1::Create1(Toolkit& owner) : Page(owner, "Create1", "Welcome Screen") {
+    NextBtn.action = [this] { goForward(toolkit.create2, &Create2::initThis2); };
+    BackBtn.action = [this] { goToMain(); };
+    ExitBtn.action = [this] { goToMain(); };
 }
 
 }  // namespace vrix

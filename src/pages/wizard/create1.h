@@ -23,10 +23,6 @@ public:
                  "that may be compiling this Product in Vrix."};
 
     explicit Create1(Toolkit& owner);
-
-private:
-    void nextThis1();
-    void exitThis1() { goToMain(); }
 };
 
 }  // namespace vrix

@@ -8,13 +8,11 @@
 
 namespace vrix {
 
-Create17::Create17(Toolkit& owner)
-    : Page(owner, "Create17", "Create A Product Wizard", "Document Control"), CommonDialog1(owner.platform.fileDialog) {
-    CommonDialog1.DefaultExt = ".doc";
+Create17::Create17(Toolkit& owner) : Page(owner, "Create17", "Document Control") {
     Browse1Btn.action = [this] { browse1This17(); };
     Browse2Btn.action = [this] { browse2This17(); };
     NextBtn.action = [this] { nextThis17(); };
-    BackBtn.action = [this] { backThis17(); };
+    BackBtn.action = [this] { backInGroup(Edit, pageBefore()); };
     ExitBtn.action = [this] { exitThis17(); };
 }
 
@@ -37,7 +35,7 @@ void Create17::browse1This17() {
 }
 
 void Create17::browse2This17() {
-    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
+    CommonDialog1.Filter = wordDocuments;
     CommonDialog1.DialogTitle = "Select Default Output Document";
     browse(CommonDialog1, DefaultOutputFile);
 }
@@ -47,23 +45,17 @@ void Create17::nextThis17() {
         toolkit.options.rewriteAll({&TemplatePath, &DefaultOutputFile, &AllowChangeCourseName, &ShowCourseName});
         endEdit(Edit);
     } else {
-        goTo(toolkit.create18);
-        toolkit.create18.initThis18();
+        goForward(toolkit.create18, &Create18::initThis18);
     }
 }
 
-// The page before in the chain is Create19, but Back passes over it.
-void Create17::backThis17() {
-    if (Edit) {
-        endEdit(Edit);
-    } else if (anyFieldHasPath(toolkit)) {
-        goTo(toolkit.create16);
-    } else {
-        goTo(toolkit.create13);
-    }
+// In the chain Create19 stands before this page, but Back passes over it.
+Form& Create17::pageBefore() const {
+    if (anyFieldHasPath(toolkit)) return toolkit.create16;
+    return toolkit.create13;
 }
 
-// When creating, Create16 is left in this page's place, and this page stays on the screen beside the main one.
+// When creating, this hides Create16 and not this page, which stays on the screen beside the main one.
 void Create17::exitThis17() {
     if (Edit) {
         endEdit(Edit);

@@ -17,7 +17,7 @@ public:
         Frame2, "AllowChangeCourseName", {0, 136, 0, 22}, "Allow User To Change The Product Title"};
     CheckBox ShowCourseName{Frame2, "ShowCourseName", {0, 168, 0, 22}, "Display Product Title On Screen"};
 
-    CommonDialog CommonDialog1;  // one for both
+    CommonDialog CommonDialog1{toolkit.platform.fileDialog, "", "", ".doc"};  // one for both, with a title for each
     bool Edit = false;
 
     explicit Create17(Toolkit& owner);
@@ -28,7 +28,7 @@ private:
     void browse1This17();
     void browse2This17();
     void nextThis17();
-    void backThis17();
+    Form& pageBefore() const;
     void exitThis17();
 };
 

@@ -5,23 +5,23 @@
 #include "pages/wizard/create3.h"
 #include "pages/wizard/product_options.h"
 #include "store/cregistry_functions.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
-Create2::Create2(Toolkit& owner) : Page(owner, "Create2", "Create A Product Wizard", "Initial Product Setup") {
+Create2::Create2(Toolkit& owner) : Page(owner, "Create2", "Initial Product Setup") {
     ProductName.onChange = [this] { nameChanged(); };
     NextBtn.action = [this] { nextThis2(); };
-    BackBtn.action = [this] { backThis2(); };
-    ExitBtn.action = [this] { exitThis2(); };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create1); };
+    ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
 void Create2::initThis2() {
     showTaskOfLastPage(Edit);
     ProductKey.setEnabled(!Edit);
     if (Edit) {
-        const Edit1& selected = toolkit.edit1;
-        const std::string name = selected.ProductList.text();
-        ProductKey.setText(toolkit.settings.GetSetting(application, selected.listSection(), name, ""));
+        const std::string name = toolkit.edit1.ProductList.text();
+        ProductKey.setText(toolkit.settings.GetSetting(application, toolkit.selectedProduct.listSection(), name, ""));
         ProductName.setText(name);
         toolkit.options.load({&DefaultCourseName});
     } else {
@@ -47,33 +47,24 @@ void Create2::nextThis2() {
     }
     if (Edit) {
         rename();
-        goToHub();  // edit mode stays on
+        goToHub();  // edit mode stays on, on purpose
         return;
     }
+    // Only a Product of the installed tree has this value. The "Creation Date" of a new one is another, on purpose.
     if (!toolkit.settings.GetSetting(application, ProductKey.text(), "CreationDate", "").empty()) {
         ProductKey.clear();
         tell("Invalid Product Key", "Sorry - this Product key already exists. Please enter another, unique, key.");
         return;
     }
-    goTo(toolkit.create3);
-    toolkit.create3.initThis3();
+    goForward(toolkit.create3, &Create3::initThis3);
 }
 
 void Create2::rename() {
-    const Edit1& selected = toolkit.edit1;
-    const std::string section = selected.listSection();
-    toolkit.settings.DeleteSetting(application, section, selected.ProductList.text());
+    const char* section = toolkit.selectedProduct.listSection();
+    toolkit.settings.DeleteSetting(application, section, toolkit.edit1.ProductList.text());
     toolkit.options.remove({&DefaultCourseName});
     toolkit.settings.SaveSetting(application, section, ProductName.text(), ProductKey.text());
     toolkit.options.save({&DefaultCourseName});
-}
-
-void Create2::backThis2() {
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goTo(toolkit.create1);
-    }
 }
 
 }  // namespace vrix

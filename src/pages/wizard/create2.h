@@ -25,8 +25,6 @@ private:
     void nameChanged();
     void nextThis2();
     void rename();
-    void backThis2();
-    void exitThis2() { exitGroup(Edit); }
 };
 
 }  // namespace vrix

@@ -12,19 +12,13 @@ bool sameName(const TextBox& one, const TextBox& other) { return !one.text().emp
 
 }  // namespace
 
-Create3::Create3(Toolkit& owner)
-    : Page(owner, "Create3", "Create A Product Wizard", "Cover Page Options"),
-      CommonDialog1(owner.platform.fileDialog) {
-    CommonDialog1.DialogTitle = "Browse For Cover Page";
-    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
-    CommonDialog1.DefaultExt = ".doc";
-    CommonDialog1.InitDir = "C:\\";
+Create3::Create3(Toolkit& owner) : Page(owner, "Create3", "Cover Page Options") {
     Browse1Btn.action = [this] { browse(CommonDialog1, CoverPage1); };
     Browse2Btn.action = [this] { browse(CommonDialog1, CoverPage2); };
     Browse3Btn.action = [this] { browse(CommonDialog1, CoverPage3); };
     NextBtn.action = [this] { nextThis3(); };
-    BackBtn.action = [this] { backThis3(); };
-    ExitBtn.action = [this] { exitThis3(); };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create2); };
+    ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
 std::vector<Control*> Create3::boxes() {
@@ -67,16 +61,7 @@ void Create3::nextThis3() {
         tell("Missing Cover Page", "Please enter at least one cover page for your Product");
         return;
     }
-    goTo(toolkit.create4);
-    toolkit.create4.initThis4();
-}
-
-void Create3::backThis3() {
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goTo(toolkit.create2);
-    }
+    goForward(toolkit.create4, &Create4::initThis4);
 }
 
 }  // namespace vrix

@@ -28,7 +28,8 @@ public:
     Label NameLbl3{Frame2, "NameLbl3", {0, 266, 56, 18}, "Name:"};
     TextBox CoverPage3Name{Frame2, "CoverPage3Name", {60, 263, -102, 24}};
 
-    CommonDialog CommonDialog1;  // one for all three
+    // One for all three.
+    CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Cover Page", wordDocuments, ".doc", "C:\\"};
     bool Edit = false;
 
     explicit Create3(Toolkit& owner);
@@ -41,8 +42,6 @@ private:
     bool namesRepeat() const;
     bool nameMissing() const;
     void nextThis3();
-    void backThis3();
-    void exitThis3() { exitGroup(Edit); }
 };
 
 }  // namespace vrix

@@ -6,10 +6,10 @@
 
 namespace vrix {
 
-Create4::Create4(Toolkit& owner) : Page(owner, "Create4", "Create A Product Wizard", "Cover Page Options") {
+Create4::Create4(Toolkit& owner) : Page(owner, "Create4", "Cover Page Options") {
     NextBtn.action = [this] { nextThis4(); };
-    BackBtn.action = [this] { backThis4(); };
-    ExitBtn.action = [this] { exitThis4(); };
+    BackBtn.action = [this] { goTo(toolkit.create3); };
+    ExitBtn.action = [this] { exitGroup(toolkit.create3.Edit); };
 }
 
 void Create4::initThis4() {
@@ -22,7 +22,7 @@ void Create4::initThis4() {
         AllowNoCoverPage.setValue(1);
         DefaultCover.setValue(1);
     }
-    // The stored choice is not read: each opening stands at the first name.
+    // The stored choice is not read: the list always starts at the first name.
     DefaultCoverPage.clear();
     for (const TextBox* name : {&names.CoverPage1Name, &names.CoverPage2Name, &names.CoverPage3Name}) {
         if (!name->text().empty()) DefaultCoverPage.addItem(name->text());
@@ -39,12 +39,7 @@ void Create4::nextThis4() {
         return;
     }
     NextBtnLbl.setCaption("Next >");
-    goTo(toolkit.create5);
-    toolkit.create5.initThis();
+    goForward(toolkit.create5, &Create5::initThis);
 }
-
-void Create4::backThis4() { goTo(toolkit.create3); }
-
-void Create4::exitThis4() { exitGroup(toolkit.create3.Edit); }
 
 }  // namespace vrix

@@ -22,8 +22,6 @@ public:
 private:
     void load() override { initThis4(); }
     void nextThis4();
-    void backThis4();
-    void exitThis4();
 };
 
 }  // namespace vrix

@@ -8,16 +8,13 @@ namespace vrix {
 
 FieldOptionsPage::FieldOptionsPage(Toolkit& owner, std::string_view name, std::string_view prompt,
                                    std::string_view boxName)
-    : Page(owner, name, "Create A Product Wizard", "User Defined Fields Options"),
-      Label3(Frame2, "Label3", {0, 0, 0, 18}, prompt) {
+    : Page(owner, name, "User Defined Fields Options"), Label3(Frame2, "Label3", {0, 0, 0, 18}, prompt) {
     for (int number = 1; number <= userFieldCount; ++number) {
         const Place place{0, 2 + number * 28, 0, 22};
         const std::string box = std::string(boxName) + std::to_string(number);
         boxes_.push_back(std::make_unique<CheckBox>(Frame2, box, place, ""));
         boxes_.back()->setEnabled(false);
     }
-    NextBtn.action = [this] { nextThis(); };
-    BackBtn.action = [this] { backThis(); };
     ExitBtn.action = [this] { exitGroup(toolkit.create10.Edit); };
 }
 
@@ -28,7 +25,7 @@ std::vector<Control*> FieldOptionsPage::boxes() const {
 }
 
 void FieldOptionsPage::initThis() {
-    // A field counts by its path. A box once enabled stays so for the rest of the run.
+    // A field with a path is in use. A box that was enabled once stays so to the end of the run.
     for (int number = 1; number <= userFieldCount; ++number) {
         const UserField& field = userField(toolkit, number);
         CheckBox& box = *boxes_[static_cast<std::size_t>(number - 1)];
@@ -44,19 +41,22 @@ void FieldOptionsPage::initThis() {
     }
 }
 
-void Create14::nextThis() {
-    goTo(toolkit.create15);
-    toolkit.create15.initThis();
+Create14::Create14(Toolkit& owner)
+    : FieldOptionsPage(owner, "Create14", "Allow User To Disable:", "AllowNoUserDefined") {
+    NextBtn.action = [this] { goForward(toolkit.create15, &Create15::initThis); };
+    BackBtn.action = [this] { goTo(toolkit.create13); };
 }
 
-void Create14::backThis() { goTo(toolkit.create13); }
-
-void Create15::nextThis() {
-    goTo(toolkit.create16);
-    toolkit.create16.initThis();
+Create15::Create15(Toolkit& owner) : FieldOptionsPage(owner, "Create15", "Selected By Default:", "DefaultUserDef") {
+    NextBtn.action = [this] { goForward(toolkit.create16, &Create16::initThis); };
+    BackBtn.action = [this] { goTo(toolkit.create14); };
 }
 
-void Create15::backThis() { goTo(toolkit.create14); }
+Create16::Create16(Toolkit& owner)
+    : FieldOptionsPage(owner, "Create16", "Display User Defined Fields:", "ShowUserDefined") {
+    NextBtn.action = [this] { nextThis16(); };
+    BackBtn.action = [this] { goTo(toolkit.create15); };
+}
 
 // The sixty controls of the group, in the order in which they are written.
 std::vector<Control*> Create16::group() const {
@@ -76,16 +76,13 @@ std::vector<Control*> Create16::group() const {
     return all;
 }
 
-void Create16::nextThis() {
+void Create16::nextThis16() {
     if (toolkit.create10.Edit) {
         toolkit.options.rewriteAll(group());
         endEdit(toolkit.create10.Edit);
     } else {
-        goTo(toolkit.create19);
-        toolkit.create19.initThis19();
+        goForward(toolkit.create19, &Create19::initThis19);
     }
 }
-
-void Create16::backThis() { goTo(toolkit.create15); }
 
 }  // namespace vrix

@@ -19,8 +19,6 @@ public:
 protected:
     // `boxName` is the name of the boxes without their number.
     FieldOptionsPage(Toolkit& owner, std::string_view name, std::string_view prompt, std::string_view boxName);
-    virtual void nextThis() = 0;
-    virtual void backThis() = 0;
 
 private:
     void load() override { initThis(); }
@@ -29,33 +27,22 @@ private:
 
 class Create14 final : public FieldOptionsPage {
 public:
-    explicit Create14(Toolkit& owner)
-        : FieldOptionsPage(owner, "Create14", "Allow User To Disable:", "AllowNoUserDefined") {}
-
-private:
-    void nextThis() override;
-    void backThis() override;
+    explicit Create14(Toolkit& owner);
 };
 
 class Create15 final : public FieldOptionsPage {
 public:
-    explicit Create15(Toolkit& owner) : FieldOptionsPage(owner, "Create15", "Selected By Default:", "DefaultUserDef") {}
-
-private:
-    void nextThis() override;
-    void backThis() override;
+    explicit Create15(Toolkit& owner);
 };
 
 // Ends the group of the user defined fields, and alone writes it.
 class Create16 final : public FieldOptionsPage {
 public:
-    explicit Create16(Toolkit& owner)
-        : FieldOptionsPage(owner, "Create16", "Display User Defined Fields:", "ShowUserDefined") {}
+    explicit Create16(Toolkit& owner);
 
 private:
     std::vector<Control*> group() const;
-    void nextThis() override;
-    void backThis() override;
+    void nextThis16();
 };
 
 }  // namespace vrix

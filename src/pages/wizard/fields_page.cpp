@@ -10,8 +10,7 @@ namespace vrix {
 
 namespace {
 
-constexpr int slotHeight = 96;
-constexpr int firstSlot = 28;
+constexpr int top(int slot) { return 28 + slot * 96; }
 
 std::string fieldName(int number, const char* what = "") { return "UserDef" + std::to_string(number) + what; }
 
@@ -20,29 +19,21 @@ std::string slotName(const char* what, int slot) { return what + std::to_string(
 }  // namespace
 
 UserField::UserField(Container& page, int number, int slot)
-    : title(page, slotName("TitleLbl", slot), {0, firstSlot + slot * slotHeight, 0, 18},
-            "Field " + std::to_string(number), Look::section),
-      nameLbl(page, slotName("NameLbl", slot), {0, firstSlot + slot * slotHeight + 26, 56, 18}, "Name:"),
-      name(page, fieldName(number), {60, firstSlot + slot * slotHeight + 23, 250, 24}),
-      posLbl(page, slotName("PosLbl", slot), {326, firstSlot + slot * slotHeight + 26, 60, 18}, "Position:"),
-      pos(page, fieldName(number, "Pos"), {390, firstSlot + slot * slotHeight + 23, 0, 24}),
-      pathLbl(page, slotName("PathLbl", slot), {0, firstSlot + slot * slotHeight + 58, 56, 18}, "Path:"),
-      path(page, fieldName(number, "Path"), {60, firstSlot + slot * slotHeight + 55, -102, 24}),
-      browse(page, slotName("Browse", slot) + "Btn", {-88, firstSlot + slot * slotHeight + 53, 88, 28}, "Browse") {}
+    : title(page, slotName("TitleLbl", slot), {0, top(slot), 0, 18}, "Field " + std::to_string(number), Look::section),
+      nameLbl(page, slotName("NameLbl", slot), {0, top(slot) + 26, 56, 18}, "Name:"),
+      name(page, fieldName(number), {60, top(slot) + 23, 250, 24}),
+      posLbl(page, slotName("PosLbl", slot), {326, top(slot) + 26, 60, 18}, "Position:"),
+      pos(page, fieldName(number, "Pos"), {390, top(slot) + 23, 0, 24}),
+      pathLbl(page, slotName("PathLbl", slot), {0, top(slot) + 58, 56, 18}, "Path:"),
+      path(page, fieldName(number, "Path"), {60, top(slot) + 55, -102, 24}),
+      browse(page, slotName("Browse", slot) + "Btn", {-88, top(slot) + 53, 88, 28}, "Browse") {}
 
 FieldsPage::FieldsPage(Toolkit& owner, std::string_view name, int first, int last)
-    : Page(owner, name, "Create A Product Wizard", "User Defined Fields"),
-      CommonDialog1(owner.platform.fileDialog),
-      first_(first) {
-    CommonDialog1.DialogTitle = "Browse For User Defined Documents";
-    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
-    CommonDialog1.DefaultExt = ".doc";
+    : Page(owner, name, "User Defined Fields"), first_(first) {
     for (int number = first; number <= last; ++number) {
         UserField& field = *fields_.emplace_back(std::make_unique<UserField>(Frame2, number, number - first));
         field.browse.action = [this, &field] { browse(CommonDialog1, field.path); };
     }
-    NextBtn.action = [this] { nextThis(); };
-    BackBtn.action = [this] { backThis(); };
     ExitBtn.action = [this] { exitGroup(toolkit.create10.Edit); };
 }
 
@@ -68,52 +59,47 @@ void FieldsPage::initThis() {
     }
 }
 
-void Create10::nextThis() {
-    goTo(toolkit.create11);
-    toolkit.create11.initThis();
+Create10::Create10(Toolkit& owner) : FieldsPage(owner, "Create10", 1, 3) {
+    NextBtn.action = [this] { goForward(toolkit.create11, &Create11::initThis); };
+    BackBtn.action = [this] { backInGroup(Edit, pageBefore()); };
 }
 
-void Create10::backThis() {
-    if (Edit) {
-        endEdit(Edit);
-    } else if (toolkit.create8.thisTopicCount <= 1) {
-        goTo(toolkit.create8);
-    } else {
-        goTo(toolkit.create9);
-    }
+Form& Create10::pageBefore() const {
+    if (toolkit.create8.thisTopicCount <= 1) return toolkit.create8;
+    return toolkit.create9;
 }
 
-void Create11::nextThis() {
-    goTo(toolkit.create12);
-    toolkit.create12.initThis();
+Create11::Create11(Toolkit& owner) : FieldsPage(owner, "Create11", 4, 5) {
+    NextBtn.action = [this] { goForward(toolkit.create12, &Create12::initThis); };
+    BackBtn.action = [this] { goTo(toolkit.create10); };
 }
 
-void Create11::backThis() { goTo(toolkit.create10); }
-
-void Create12::nextThis() {
-    goTo(toolkit.create13);
-    toolkit.create13.initThis();
+Create12::Create12(Toolkit& owner) : FieldsPage(owner, "Create12", 6, 8) {
+    NextBtn.action = [this] { goForward(toolkit.create13, &Create13::initThis); };
+    BackBtn.action = [this] { goTo(toolkit.create11); };
 }
 
-void Create12::backThis() { goTo(toolkit.create11); }
+Create13::Create13(Toolkit& owner) : FieldsPage(owner, "Create13", 9, 10) {
+    NextBtn.action = [this] { nextThis13(); };
+    BackBtn.action = [this] { goTo(toolkit.create12); };
+}
 
-void Create13::nextThis() {
+void Create13::nextThis13() {
     if (anyFieldHasPath(toolkit)) {
-        goTo(toolkit.create14);
-        toolkit.create14.initThis();
+        goForward(toolkit.create14, &Create14::initThis);
     } else {
-        goTo(toolkit.create19);
-        toolkit.create19.initThis19();
+        goForward(toolkit.create19, &Create19::initThis19);
     }
 }
 
-void Create13::backThis() { goTo(toolkit.create12); }
-
-UserField& userField(const Toolkit& toolkit, int number) {
-    if (number <= 3) return toolkit.create10.field(number);
-    if (number <= 5) return toolkit.create11.field(number);
-    return number <= 8 ? toolkit.create12.field(number) : toolkit.create13.field(number);
+FieldsPage& fieldsPage(const Toolkit& toolkit, int number) {
+    if (number <= 3) return toolkit.create10;
+    if (number <= 5) return toolkit.create11;
+    if (number <= 8) return toolkit.create12;
+    return toolkit.create13;
 }
+
+UserField& userField(const Toolkit& toolkit, int number) { return fieldsPage(toolkit, number).field(number); }
 
 bool anyFieldHasPath(const Toolkit& toolkit) {
     for (int number = 1; number <= userFieldCount; ++number) {

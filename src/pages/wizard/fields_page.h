@@ -25,15 +25,14 @@ struct UserField {
 class FieldsPage : public Page {
 public:
     Label Label3{Frame2, "Label3", {0, 0, 0, 18}, "These User Defined Fields will appear on the Vrix Options screen."};
-    CommonDialog CommonDialog1;  // one for all fields
+    // One for all fields.
+    CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For User Defined Documents", wordDocuments, ".doc"};
 
     void initThis();
     UserField& field(int number) { return *fields_[static_cast<std::size_t>(number - first_)]; }
 
 protected:
     FieldsPage(Toolkit& owner, std::string_view name, int first, int last);
-    virtual void nextThis() = 0;
-    virtual void backThis() = 0;
 
 private:
     void load() override { initThis(); }
@@ -44,46 +43,37 @@ private:
 class Create10 final : public FieldsPage {
 public:
     bool Edit = false;  // of the whole group
-    explicit Create10(Toolkit& owner) : FieldsPage(owner, "Create10", 1, 3) {}
+    explicit Create10(Toolkit& owner);
 
 private:
-    void nextThis() override;
-    void backThis() override;
+    Form& pageBefore() const;
 };
 
 class Create11 final : public FieldsPage {
 public:
-    explicit Create11(Toolkit& owner) : FieldsPage(owner, "Create11", 4, 5) {}
-
-private:
-    void nextThis() override;
-    void backThis() override;
+    explicit Create11(Toolkit& owner);
 };
 
 class Create12 final : public FieldsPage {
 public:
-    explicit Create12(Toolkit& owner) : FieldsPage(owner, "Create12", 6, 8) {}
-
-private:
-    void nextThis() override;
-    void backThis() override;
+    explicit Create12(Toolkit& owner);
 };
 
 class Create13 final : public FieldsPage {
 public:
-    explicit Create13(Toolkit& owner) : FieldsPage(owner, "Create13", 9, 10) {}
+    explicit Create13(Toolkit& owner);
 
 private:
-    void nextThis() override;
-    void backThis() override;
+    void nextThis13();
 };
 
 inline constexpr int userFieldCount = 10;
 
-// The field of that number, from 1, on whichever page it lies.
+// The field of that number, from 1, and the page on which it lies.
+FieldsPage& fieldsPage(const Toolkit& toolkit, int number);
 UserField& userField(const Toolkit& toolkit, int number);
 
-// Whether any field has a path. Names do not count.
+// Whether any field has a path. A name alone does not count.
 bool anyFieldHasPath(const Toolkit& toolkit);
 
 }  // namespace vrix

@@ -6,69 +6,20 @@
 
 namespace vrix {
 
-namespace {
-
-constexpr SectionNames contentSummary{
-    .page = "Create5",
-    .heading = "Content Summary Options",
-    .fileCaption = "Content Summary File:",
-    .pathName = "CourseBriefPath",
-    .mayDisableName = "AllowNoCourseBriefing",
-    .mayDisableCaption = "Allow User To Disable The Content Summary",
-    .displayName = "ShowCourseBriefing",
-    .displayCaption = "Display Content Summary Option",
-    .byDefaultName = "DefaultCourseBrief",
-    .byDefaultCaption = "Content Summary Selected By Default",
-};
-
-constexpr SectionNames tableOfContents{
-    .page = "Create6",
-    .heading = "Table of Contents Options",
-    .fileCaption = "Table of Contents File:",
-    .pathName = "TOCPath",
-    .mayDisableName = "AllowNoTOC",
-    .mayDisableCaption = "Allow User To Disable The Table of Contents",
-    .displayName = "ShowTOC",
-    .displayCaption = "Display Table of Contents Option",
-    .byDefaultName = "DefaultTOC",
-    .byDefaultCaption = "Table of Contents Selected By Default",
-};
-
-constexpr SectionNames conclusion{
-    .page = "Create7",
-    .heading = "Conclusion Options",
-    .fileCaption = "Conclusion File:",
-    .pathName = "ConclusionPath",
-    .mayDisableName = "AllowNoConclusion",
-    .mayDisableCaption = "Allow User To Disable The Conclusion",
-    .displayName = "ShowConclusion",
-    .displayCaption = "Display Conclusion Option",
-    .byDefaultName = "DefaultConclusion",
-    .byDefaultCaption = "Conclusion Selected By Default",
-};
-
-}  // namespace
-
 OptionalSection::OptionalSection(Toolkit& owner, const SectionNames& names)
-    : Page(owner, names.page, "Create A Product Wizard", names.heading),
-      Label3(Frame2, "Label3", {0, 0, 0, 18}, names.fileCaption),
-      path(Frame2, names.pathName, {0, 22, -102, 24}),
-      mayDisable(Frame2, names.mayDisableName, {0, 72, 0, 22}, names.mayDisableCaption),
-      display(Frame2, names.displayName, {0, 104, 0, 22}, names.displayCaption),
-      byDefault(Frame2, names.byDefaultName, {0, 136, 0, 22}, names.byDefaultCaption),
-      CommonDialog1(owner.platform.fileDialog) {
-    CommonDialog1.DialogTitle = "Browse For Course Briefing";
-    CommonDialog1.Filter = "Word Documents (*.doc)|*.doc";
-    CommonDialog1.DefaultExt = ".doc";
+    : Page(owner, names.page, names.title + " Options"),
+      Label3(Frame2, "Label3", {0, 0, 0, 18}, names.title + " File:"),
+      path(Frame2, names.path, {0, 22, -102, 24}),
+      mayDisable(Frame2, names.mayDisable, {0, 72, 0, 22}, "Allow User To Disable The " + names.title),
+      display(Frame2, names.display, {0, 104, 0, 22}, "Display " + names.title + " Option"),
+      byDefault(Frame2, names.byDefault, {0, 136, 0, 22}, names.title + " Selected By Default") {
     path.onChange = [this] { pathChanged(); };
     Browse1Btn.action = [this] { browse(CommonDialog1, path); };
-    NextBtn.action = [this] { nextThis(); };
-    BackBtn.action = [this] { backThis(); };
     ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
-// When editing, the hub's call is the only one: a second load would find the path unchanged and show the stored
-// switches.
+// When editing, only the hub's call starts the page. The first load of a path sets all switches; a second one would
+// find the path unchanged and show the stored switches.
 void OptionalSection::load() {
     if (!Edit) initThis();
 }
@@ -88,48 +39,50 @@ void OptionalSection::pathChanged() {
     for (CheckBox* box : {&mayDisable, &display, &byDefault}) box->setValue(1);
 }
 
-void OptionalSection::nextThis() {
-    if (Edit) {
-        toolkit.options.rewriteEach({&mayDisable, &display, &byDefault, &path});
-        endEdit(Edit);
-    } else {
-        goToNext();
-    }
+bool OptionalSection::finishEdit() {
+    if (!Edit) return false;
+    toolkit.options.rewriteEach({&mayDisable, &display, &byDefault, &path});
+    endEdit(Edit);
+    return true;
 }
 
-void OptionalSection::backThis() {
-    if (Edit) {
-        endEdit(Edit);
-    } else {
-        goToPrevious();
-    }
+Create5::Create5(Toolkit& owner)
+    : OptionalSection(owner, {.page = "Create5",
+                              .title = "Content Summary",
+                              .path = "CourseBriefPath",
+                              .mayDisable = "AllowNoCourseBriefing",
+                              .display = "ShowCourseBriefing",
+                              .byDefault = "DefaultCourseBrief"}) {
+    NextBtn.action = [this] {
+        if (!finishEdit()) goForward(toolkit.create6, &Create6::initThis);
+    };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create4); };
 }
 
-Create5::Create5(Toolkit& owner) : OptionalSection(owner, contentSummary) {}
-
-void Create5::goToNext() {
-    goTo(toolkit.create6);
-    toolkit.create6.initThis();
+Create6::Create6(Toolkit& owner)
+    : OptionalSection(owner, {.page = "Create6",
+                              .title = "Table of Contents",
+                              .path = "TOCPath",
+                              .mayDisable = "AllowNoTOC",
+                              .display = "ShowTOC",
+                              .byDefault = "DefaultTOC"}) {
+    NextBtn.action = [this] {
+        if (!finishEdit()) goForward(toolkit.create7, &Create7::initThis);
+    };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create5); };
 }
 
-void Create5::goToPrevious() { goTo(toolkit.create4); }
-
-Create6::Create6(Toolkit& owner) : OptionalSection(owner, tableOfContents) {}
-
-void Create6::goToNext() {
-    goTo(toolkit.create7);
-    toolkit.create7.initThis();
+Create7::Create7(Toolkit& owner)
+    : OptionalSection(owner, {.page = "Create7",
+                              .title = "Conclusion",
+                              .path = "ConclusionPath",
+                              .mayDisable = "AllowNoConclusion",
+                              .display = "ShowConclusion",
+                              .byDefault = "DefaultConclusion"}) {
+    NextBtn.action = [this] {
+        if (!finishEdit()) goForward(toolkit.create8, &Create8::initThis8);
+    };
+    BackBtn.action = [this] { backInGroup(Edit, toolkit.create6); };
 }
-
-void Create6::goToPrevious() { goTo(toolkit.create5); }
-
-Create7::Create7(Toolkit& owner) : OptionalSection(owner, conclusion) {}
-
-void Create7::goToNext() {
-    goTo(toolkit.create8);
-    toolkit.create8.initThis8();
-}
-
-void Create7::goToPrevious() { goTo(toolkit.create6); }
 
 }  // namespace vrix

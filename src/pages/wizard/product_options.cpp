@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <array>
 
-#include "forms/control.h"
-#include "pages/edit/edit1.h"
+#include "pages/wizard/fields_page.h"
 #include "store/cregistry_functions.h"
 #include "store/option_table.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
 namespace {
 
-// Options of one kind, and the page and control that they are written from. The page of a user defined field goes by
+// Options of one kind, and the page and control that they are written from. The page of a user defined field depends on
 // its number.
 struct Row {
     std::string_view value;
@@ -58,12 +58,6 @@ constexpr std::array rows{
 constexpr bool isValueOf(const Row& row, const OptionFamily& family) { return row.value == family.pattern; }
 static_assert(std::equal(rows.begin(), rows.end(), optionFamilies.begin(), optionFamilies.end(), isValueOf));
 
-std::string_view pageOfField(int number) {
-    if (number <= 3) return "Create10";
-    if (number <= 5) return "Create11";
-    return number <= 8 ? "Create12" : "Create13";
-}
-
 }  // namespace
 
 ProductOptions::ProductOptions(const Toolkit& toolkit) : toolkit_(toolkit) {
@@ -74,7 +68,7 @@ ProductOptions::ProductOptions(const Toolkit& toolkit) : toolkit_(toolkit) {
             options_.push_back({std::string(pattern), &control(toolkit, rows[i].page, rows[i].control), isPath});
         }
         for (int n = 1; n <= count; ++n) {
-            const std::string_view page = rows[i].page == fieldPage ? pageOfField(n) : rows[i].page;
+            const std::string_view page = rows[i].page == fieldPage ? fieldsPage(toolkit, n).name() : rows[i].page;
             Control& member = control(toolkit, page, numbered(rows[i].control, n));
             options_.push_back({numbered(pattern, n), &member, isPath});
         }
@@ -85,7 +79,7 @@ const Option& ProductOptions::of(const Control& control) const {
     return *std::find_if(options_.begin(), options_.end(), [&](const Option& o) { return o.control == &control; });
 }
 
-std::string ProductOptions::section() const { return toolkit_.edit1.ProductRegKey + "\\Options"; }
+std::string ProductOptions::section() const { return toolkit_.selectedProduct.ProductRegKey + "\\Options"; }
 
 void ProductOptions::load(const std::vector<Control*>& controls) const {
     for (Control* control : controls) {

@@ -14,8 +14,8 @@ struct Option {
     bool isPath;
 };
 
-// All options of a Product, in the order in which a new Product is stored, with the controls of the pages. Sections are
-// those of the Product selected for editing.
+// All options of a Product, in the order in which a new Product is stored, with the controls of the pages. Loads and
+// saves work on the Product that is selected for editing.
 class ProductOptions {
 public:
     // All pages must have been made.

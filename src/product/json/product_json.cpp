@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "common/letters.h"
+#include "common/code_page.h"
 #include "product/json/json_parts.h"
 #include "product/json/json_texts.h"
 

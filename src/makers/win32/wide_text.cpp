@@ -1,0 +1,30 @@
+#include "makers/win32/wide_text.h"
+
+#include <windows.h>
+
+namespace vrix {
+
+std::wstring wide(std::string_view text, unsigned codePage) {
+    const int size = static_cast<int>(text.size());
+    if (size == 0) return {};
+    std::wstring result(text.size(), L'\0');  // no character has more units than bytes
+    result.resize(static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), size, result.data(), size)));
+    return result;
+}
+
+std::string narrow(std::wstring_view text, unsigned codePage) {
+    const int length = static_cast<int>(text.size());
+    if (length == 0) return {};
+    std::string result(4 * text.size(), '\0');
+    const int room = static_cast<int>(result.size());
+    result.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(codePage, 0, text.data(), length, result.data(), room, nullptr, nullptr)));
+    return result;
+}
+
+bool narrowExactly(std::wstring_view text, std::string& narrowed) {
+    narrowed = narrow(text);
+    return wide(narrowed) == text;
+}
+
+}  // namespace vrix

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vrix {
+
+// Text for the platform's wide calls, and back. Code page 0 is the system's own, in which the program keeps its texts.
+
+std::wstring wide(std::string_view text, unsigned codePage = 0);
+
+// What the code page lacks comes as the platform's likeness of it, or as "?".
+std::string narrow(std::wstring_view text, unsigned codePage = 0);
+
+// Gives the text in the system's code page. False if that has not every character.
+bool narrowExactly(std::wstring_view text, std::string& narrowed);
+
+}  // namespace vrix

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+
+namespace vrix {
+
+// A folder of its own for one test, gone behind it.
+struct TemporaryFolder {
+    TemporaryFolder() { std::filesystem::create_directories(folder); }
+    ~TemporaryFolder() { std::filesystem::remove_all(folder); }
+    std::string path(const std::string& name) const { return (folder / name).string(); }
+    std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("vrix_test_" + std::to_string(std::random_device{}()));
+};
+
+inline void writeBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream(path.c_str(), std::ios::binary) << bytes;
+}
+
+inline std::string bytesOf(const std::string& path) {
+    std::ifstream stream(path.c_str(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+}  // namespace vrix
