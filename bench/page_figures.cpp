@@ -16,7 +16,15 @@ struct Action {
     Work before = [] {};
     Work after = [] {};
     bool touchesStore = false;
+    double limit = 16;  // milliseconds
 };
+
+// From the release of the button until the other page is painted.
+std::vector<Action> onWizard(Toolkit& pages) {
+    const Work press = [&pages] { pages.create5.NextBtn.mouseDown(); };
+    const Work release = [&pages] { pages.create5.NextBtn.mouseUp(); };
+    return {{"page change", release, press, [&pages] { pages.create6.BackBtn.action(); }, false, 8}};
+}
 
 std::vector<Action> onTopics(Toolkit& pages) {
     Create8& page = pages.create8;
@@ -132,6 +140,11 @@ const std::vector<Stage>& stages() {
         fillTopics(pages, rows);
     };
     static const std::vector<Stage> all{
+        {[](Toolkit& pages, int rows) {
+             fillTopics(pages, rows);
+             pages.create5.show();
+         },
+         onWizard},
         {showTopics, onTopics},
         {[](Toolkit& pages, int rows) {
              showTopics(pages, rows);
@@ -201,7 +214,7 @@ void measurePages(const Scale& scale) {
                 std::string detail;
                 for (const double time : times[a]) detail += text(time) + ' ';
                 report(figure + ", growth", growth(sizes, times[a]), 1.1, detail + "ms");
-                if (!known[a].touchesStore) report(figure + ", ms", times[a][1], 16);
+                if (!known[a].touchesStore) report(figure + ", ms", times[a][1], known[a].limit);
             }
         }
     }

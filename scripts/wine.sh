@@ -11,6 +11,14 @@ windows_path() {
     printf 'Z:%s' "${path//\//\\}"
 }
 
+# use_locale NAME: Wine takes the code page from the locale's name. The locale itself need not be on the machine.
+use_locale() {
+    mkdir -p build/locale
+    ln -sfn /usr/lib/locale/C.utf8 "build/locale/$1"
+    export LOCPATH=$PWD/build/locale
+    export LC_ALL=$1
+}
+
 # use_wine FOLDER: makes Wine's settings in the folder, anew if they are broken.
 use_wine() {
     WINEPREFIX=$(realpath -m "$1")

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <sstream>
 
 #include "common/code_page.h"
@@ -13,40 +14,37 @@ std::string report(int number) {
            failureText(static_cast<FailureNumber>(number));
 }
 
-// A Product with the key K whose Topics stand as a line tells: "T" its Topics, "A" the added ones, "I" the index table,
-// "M" the matrix, each with name=text pairs in which "_" is a blank.
-class StoredTopics {
+// A walk to the hub of a Product with the key K whose Topics stand as a line tells: "T" its Topics, "A" the added ones,
+// "I" the index table, "M" the matrix, each with name=text pairs in which "_" is a blank.
+class StoredTopics : public Walk {
 public:
     StoredTopics(const std::string& line, bool develop) : root_(develop ? "Toolkit\\K" : "K") {
-        walk.put(develop ? "Toolkit\\Products" : "Products", "P", "K");
+        put(develop ? "Toolkit\\Products" : "Products", "P", "K");
         std::istringstream parts(line);
         std::string section;
         for (std::string word; parts >> word;) {
             const auto equals = word.find('=');
             if (equals == std::string::npos) {
-                section = section_(word[0]);
+                section = sections_.at(word[0]);
             } else {
-                std::string text = word.substr(equals + 1);
-                for (char& c : text) c = c == '_' ? ' ' : c;
-                if (text.ends_with(';')) text.pop_back();
-                walk.put(section, word.substr(0, equals), text);
+                std::string data = word.substr(equals + 1);
+                std::replace(data.begin(), data.end(), '_', ' ');
+                if (data.ends_with(';')) data.pop_back();
+                put(root_ + section, word.substr(0, equals), data);
             }
         }
-        walk.start().editProduct();
+        start().editProduct();
     }
-
-    Walk walk;
 
     std::string state() {
         std::string line;
         for (const char part : std::string("TAIM")) {
-            line += line.empty() ? "" : "; ";
-            line += part;
-            std::istringstream lines(walk.tree(section_(part)));
+            line += (line.empty() ? "" : "; ") + std::string(1, part);
+            std::istringstream lines(tree(root_ + sections_.at(part)));
             std::string entry;
             std::getline(lines, entry);  // the header
             while (std::getline(lines, entry) && !entry.starts_with('[')) {
-                for (char& c : entry) c = c == ' ' ? '_' : c;
+                std::replace(entry.begin(), entry.end(), ' ', '_');
                 line += ' ' + entry;
             }
         }
@@ -54,13 +52,10 @@ public:
     }
 
 private:
-    std::string section_(char part) const {
-        const char* below = part == 'T'   ? "\\Topics"
-                            : part == 'A' ? "\\Toolkit\\Topics"
-                            : part == 'I' ? "\\Dependencies\\IndexTable"
-                                          : "\\Dependencies\\Matrix";
-        return root_ + below;
-    }
+    std::map<char, std::string> sections_{{'T', "\\Topics"},
+                                          {'A', "\\Toolkit\\Topics"},
+                                          {'I', "\\Dependencies\\IndexTable"},
+                                          {'M', "\\Dependencies\\Matrix"}};
     std::string root_;
 };
 
@@ -102,20 +97,16 @@ TEST(TopicRewrite, CarriesIndexesAndRowsOver) {
         {pair, false, {"-1"}, "T A=a; A; I A=0 X=1; M 0= 1=0"},
     };
     for (const Case& c : cases) {
-        StoredTopics stored(c.before, c.develop);
-        HeadlessUser& user = stored.walk.user;
-        user.press("TopicsBtn");
+        StoredTopics walk(c.before, c.develop);
+        walk.act("TopicsBtn");
         for (const std::string& step : c.steps) {
-            if (step[0] != '+') user.choose("Topics", step[1] - '0');
-            if (step[0] == '-') user.press("DeleteBtn");
-            if (step[0] == '-') continue;
             const std::string name = step.substr(step[0] == '+' ? 1 : 2);
-            user.type("TopicName", name).type("TopicPath", lowerCase(name) + "!");
-            user.press(step[0] == '+' ? "CreateBtn" : "UpdateBtn");
+            const std::string typed = "TopicName=" + name + " TopicPath=" + lowerCase(name) + "! ";
+            if (step[0] != '+') walk.act(std::string("Topics=") + step[1]);
+            walk.act(step[0] == '-' ? "DeleteBtn" : typed + (step[0] == '+' ? "CreateBtn" : "UpdateBtn"));
         }
-        user.press("NextBtn");
-        EXPECT_EQ(stored.walk.front(), "Edit2");
-        EXPECT_EQ(stored.state(), c.after) << c.before;
+        EXPECT_EQ(walk.act("NextBtn").front(), "Edit2");
+        EXPECT_EQ(walk.state(), c.after) << c.before;
     }
 }
 
@@ -139,64 +130,100 @@ TEST(TopicRewrite, AfterAReorderNoFailureIsIgnored) {
         {"I A=0", true, -2, "T; A; I A=0; M", 9},  // no Topics: the page cannot even open
     };
     for (const Case& c : cases) {
-        StoredTopics stored(c.before, c.develop);
-        HeadlessUser& user = stored.walk.user;
-        user.press("TopicOrderBtn");
-        if (c.raised > 0) user.choose("OrderOption(" + std::to_string(c.raised) + ")");
-        if (c.raised >= 0) user.press("MoveUpBtn");
-        if (c.raised >= -1) user.press("NextBtn");
-        EXPECT_EQ(stored.walk.message(), c.failure == 0 ? "" : report(c.failure)) << c.before;
-        EXPECT_EQ(stored.state(), c.after) << c.before;
+        StoredTopics walk(c.before, c.develop);
+        walk.act("TopicOrderBtn");
+        if (c.raised >= 0) walk.act("OrderOption(" + std::to_string(c.raised) + ") MoveUpBtn");
+        if (c.raised >= -1) walk.act("NextBtn");
+        EXPECT_EQ(walk.message(), c.failure == 0 ? "" : report(c.failure)) << c.before;
+        EXPECT_EQ(walk.state(), c.after) << c.before;
     }
 }
 
 TEST(Dependencies, OfAStoredProductGoByIndexAndAreSavedByRow) {
-    StoredTopics stored("T A=a B=b C=c; I C=0 A=2 B=1; M 2=0 0=1_2 1=", true);
-    stored.walk.user.press("DependenciesBtn").mark("DependsList", 1).press("NextBtn");
-    EXPECT_EQ(stored.state(), "T A=a B=b C=c; A; I C=2 A=0 B=1; M 2=0 0=1_2 1=");
-    EXPECT_TRUE(stored.walk.pages.create9.Edit);
+    StoredTopics walk("T A=a B=b C=c; I C=0 A=2 B=1; M 2=0 0=1_2 1=", true);
+    walk.act("DependenciesBtn DependsList=1 NextBtn");
+    EXPECT_EQ(walk.state(), "T A=a B=b C=c; A; I C=2 A=0 B=1; M 2=0 0=1_2 1=");
+    EXPECT_TRUE(walk.pages.create9.Edit);
 
     const std::vector<std::pair<std::string, int>> fatal{
         {"T A=a; I A=0", 13}, {"T A=a; M x=0", 13}, {"T A=a; M 2=0", 9}, {"T A=a; M 40000=0", 6}, {"M 0=", 9}};
     for (const auto& [before, failure] : fatal) {
-        StoredTopics broken(before, true);
-        broken.walk.user.press("DependenciesBtn");
-        EXPECT_EQ(broken.walk.message(), report(failure)) << before;
+        EXPECT_EQ(StoredTopics(before, true).act("DependenciesBtn").message(), report(failure)) << before;
     }
+    StoredTopics one("T A=a; I A=4; M 0=0", true);
+    one.act("DependenciesBtn NextBtn");
+    EXPECT_EQ(one.state(), "T A=a; A; I A=0; M 0=");  // a single Topic depends on none
 }
 
 TEST(EditMode, OnlyAnInstalledProductAloneHasAddedTopics) {
     StoredTopics installed(mixed, false);
-    installed.walk.user.press("TopicsBtn").choose("Topics", 1).press("DeleteBtn");
     const std::string standard =
         "Confirm Deletion: This topic is part of the standard installation set for this product. If you delete it, you "
         "will not be able to recreate this topic, except with a reinstallation of the product. Are you sure you would "
         "like to continue?";
-    EXPECT_EQ(installed.walk.message(), standard);
-    installed.walk.user.choose("Topics", 2).press("DeleteBtn");
-    EXPECT_EQ(installed.walk.message(), "Confirm Deletion: Are you sure you want to delete this topic?");
-    installed.walk.user.choose("Topics", 2).press("DeleteBtn");  // the one behind now counts as standard
-    EXPECT_EQ(installed.walk.message(), standard);
+    installed.act("TopicsBtn");
+    EXPECT_EQ(installed.pages.create8.Topics.text() + installed.pages.create8.TopicName.text(), "Y");
+    EXPECT_EQ(installed.act("Topics=1 DeleteBtn").message(), standard);
+    EXPECT_EQ(installed.act("Topics=2 DeleteBtn").message(),
+              "Confirm Deletion: Are you sure you want to delete this topic?");
+    EXPECT_EQ(installed.act("Topics=2 DeleteBtn").message(), standard);  // the one behind now counts as standard
 
     StoredTopics beside(mixed, false);
-    beside.walk.put("Toolkit\\Products", "D", "d");
-    beside.walk.pages.productReg.GetProducts();
-    beside.walk.user.press("TopicsBtn");
-    EXPECT_EQ(beside.walk.pages.create8.i, 3);  // with any develop Product known, the added ones stay unread
+    beside.put("Toolkit\\Products", "D", "d");
+    beside.pages.productReg.GetProducts();
+    EXPECT_EQ(beside.act("TopicsBtn").pages.create8.i,
+              3);  // with any develop Product known, the added ones stay unread
 }
 
-TEST(EditMode, StoredSwitchesGiveWayToALoadedPathOnce) {
+// Each group is opened twice: the first loading of a path turns on the switches of its section.
+TEST(EditMode, EveryOptionIsLoadedAndSavedByItsGroupAlone) {
+    const std::vector<ToldOption>& options = toldOptions();
+    for (unsigned run = 0; run < 7; ++run) {
+        Walk walk;
+        walk.start().createProduct("K");
+        for (const ToldOption& option : options) walk.put("Toolkit\\K\\Options", option.name, option.content(run));
+        walk.editProduct();
+        std::map<std::string, unsigned> saved;  // by page: how often
+        for (const char* button :
+             {"ProductSettingsBtn", "CoverPagesBtn", "ContentSummaryBtn", "TableOfContentsBtn", "ConclusionBtn",
+              "UserDefinedFieldsBtn", "SmartFieldsBtn", "MiscellaneousSettingsBtn"}) {
+            for (unsigned visit = 0; visit < 2; ++visit) {
+                for (walk.act(button); walk.front() != "Edit2"; walk.act("NextBtn")) {
+                    const std::string page = walk.front();
+                    const bool isSection = page == "Create5" || page == "Create6" || page == "Create7";
+                    for (const ToldOption& o : options) {
+                        if (o.page != page || page == "Create19") continue;  // SmartFields do not read theirs
+                        const bool turnedOn = isSection && visit == 0 && o.kind == "flag";
+                        const bool unread = o.name == "DefaultCoverPage";
+                        EXPECT_EQ(walk.text(page, o.control), turnedOn ? "1"
+                                                              : unread ? "0"
+                                                                       : o.content(run + visit))
+                            << o.name << ' ' << visit;
+                    }
+                    walk.setOptions(run + visit + 1, page);
+                    ++saved[page];
+                }
+                for (const ToldOption& o : options) {
+                    EXPECT_EQ(walk.pages.settings.GetSetting(application, "Toolkit\\K\\Options", o.name, ""),
+                              o.content(run + saved[o.page]))
+                        << o.name;
+                }
+            }
+        }
+    }
+}
+
+TEST(EditMode, SmartFieldsAreNumberedAnewAndTheirDefaultIsNotRead) {
     Walk walk;
-    walk.start().createProduct("Manual");
-    for (const char* name : {"AllowNoTOC", "ShowTOC", "DefaultTOC"}) walk.put("Toolkit\\Manual\\Options", name, "0");
-    walk.put("Toolkit\\Manual\\Options", "TOCPath", "t.doc");
-    const Create6& page = walk.pages.create6;
-    walk.editProduct().user.press("TableOfContentsBtn");
-    EXPECT_EQ(page.display.stored() + page.path.text(), "1t.doc");
-    walk.user.press("BackBtn").press("TableOfContentsBtn");
-    EXPECT_EQ(page.display.stored(), "0");
-    walk.user.press("NextBtn");
-    EXPECT_NE(walk.tree("Toolkit\\Manual\\Options").find("ShowTOC=0"), std::string::npos);
+    walk.start().createProduct("K");
+    for (const char* n : {"1", "2", "3"})
+        walk.put("Toolkit\\K\\SmartFields", std::string("SmartField") + n, std::string("<!") + n + "!>");
+    walk.editProduct().act("SmartFieldsBtn");
+    EXPECT_EQ(walk.text("Create19", "SmartFieldsDefault") + walk.text("Create19", "SmartFieldText"), "1");
+    walk.act("SmartFields=1 DeleteBtn SmartFieldText=4 CreateBtn NextBtn");
+    EXPECT_EQ(walk.tree("Toolkit\\K\\SmartFields"),
+              "[Toolkit\\K\\SmartFields]\nSmartField1=<!1!>\nSmartField2=<!3!>\nSmartField3=<!4!>\n");
+    EXPECT_TRUE(walk.tree("Toolkit\\K\\Options").ends_with("DefaultSmartFields=1\n"));
 }
 
 TEST(EditMode, TextThatNoControlTakesEndsTheProgram) {
@@ -218,24 +245,24 @@ TEST(EditMode, TextThatNoControlTakesEndsTheProgram) {
         Walk walk;
         walk.start().createProduct("Manual").message();
         walk.put("Toolkit\\Manual\\Options", c.value, c.text);
-        walk.editProduct().user.press(c.button);
-        EXPECT_EQ(walk.message(), c.failure == 0 ? "" : report(c.failure)) << c.value << '=' << c.text;
+        EXPECT_EQ(walk.editProduct().act(c.button).message(), c.failure == 0 ? "" : report(c.failure))
+            << c.value << '=' << c.text;
     }
 }
 
 TEST(EditMode, ARenameLeavesTheSelectionBehind) {
     Walk walk;
-    walk.start().createProduct("Manual").editProduct().user.press("ProductSettingsBtn");
+    walk.start().createProduct("Manual").editProduct().act("ProductSettingsBtn");
     EXPECT_FALSE(walk.pages.create2.ProductKey.enabled());
-    walk.user.type("ProductName", "Guide").type("DefaultCourseName", "Title").press("NextBtn");
+    walk.act("ProductName=Guide DefaultCourseName=Title NextBtn").message();
     EXPECT_EQ(walk.tree("Toolkit\\Products"), "[Toolkit\\Products]\nGuide=Manual\n");
     EXPECT_TRUE(walk.tree("Toolkit\\Manual\\Options").ends_with("DefaultCourseName=Title\n"));
-    walk.message();
-    walk.user.press("ProductSettingsBtn").press("NextBtn");
-    EXPECT_EQ(walk.message(),
+    EXPECT_EQ(walk.act("ProductSettingsBtn NextBtn").message(),
               "Invalid Product Key: Please enter a Product key for the Product settings to be stored under.");
-    walk.user.close().press("NextBtn").pressTask("CreateImg").press("NextBtn");
+    walk.user.close().press("NextBtn");
+    walk.act("CreateImg NextBtn");
     EXPECT_EQ(walk.text("Create2", "Label1"), "Create A Product Wizard");
+    EXPECT_TRUE(walk.pages.create2.ProductKey.enabled());
 }
 
 TEST(Export, IsWrittenFromTheStoreInItsOrder) {
@@ -246,9 +273,8 @@ TEST(Export, IsWrittenFromTheStoreInItsOrder) {
     walk.put("K\\Dependencies\\Matrix", "0", "");
     walk.put("K\\Toolkit\\Topics", "X", "\\\\S\\x");
     for (const char* name : {"ShowTOC", "tocpath", "TOCPath", "Other"}) walk.put("K\\Options", name, "a\\b");
-    walk.start().editProduct().user.press("ExportSettingsBtn").type("SettingsPath", walk.path("old.kls"));
-    walk.user.press("NextBtn");
-    EXPECT_EQ(walk.front(), "Edit2");
+    walk.start().editProduct().act("ExportSettingsBtn").user.type("SettingsPath", walk.path("old.kls"));
+    EXPECT_EQ(walk.act("NextBtn").front(), "Edit2");
     EXPECT_FALSE(walk.pages.create18.Edit);
     EXPECT_EQ(walk.file("old.kls"), expected("old.kls"));
 }
@@ -259,20 +285,17 @@ TEST(Deletion, LeavesWhatItDoesNotName) {
     walk.put("K\\Toolkit\\Topics", "X", "x");
     walk.put("K\\Options", "ShowTOC", "1");
     walk.start().createProduct("Manual");
-    walk.user.pressTask("DeleteImg").choose("ProductList", 1).press("NextBtn");
+    walk.act("DeleteImg ProductList=1 NextBtn");
     EXPECT_EQ(walk.text("Delete2", "DeleteProductTxt"), "Manual");
-    walk.user.press("BackBtn").press("NextBtn").press("NextBtn");
+    walk.act("BackBtn NextBtn NextBtn");
     EXPECT_EQ(walk.tree("Toolkit"), "[Toolkit]\n[Toolkit\\Products]\n");
-    walk.user.pressTask("DeleteImg").press("NextBtn").press("NextBtn");
+    walk.act("DeleteImg NextBtn NextBtn").message();
     EXPECT_EQ(walk.tree("K"), "[K]\n[K\\Toolkit]\n[K\\Toolkit\\Topics]\nX=x\n");
-    walk.message();
-    walk.user.pressTask("DeleteImg");
-    EXPECT_NE(walk.message().find("before you use the Delete option."), std::string::npos);
+    EXPECT_NE(walk.act("DeleteImg").message().find("before you use the Delete option."), std::string::npos);
 }
 
 TEST(ImportFile, TakesTopicsUntilALineHasNoColon) {
-    Walk walk;
-    walk.createTo("Create8");
+    Walk walk("Create8");
     walk.files.createText(walk.path("list.txt"))->writeLine("Safety rules:CH02:more\r\na:B\r\nbroken\r\nlast:x");
     EXPECT_EQ(ignoring([&] { walk.pages.create8.ImportFile(walk.path("list.txt")); }), FailureNumber::subscript);
     const Create8& page = walk.pages.create8;

@@ -6,7 +6,6 @@
 #include <sstream>
 
 #include "forms/event.h"
-#include "registry_suite.h"
 #include "stubs.h"
 #include "walk.h"
 
@@ -82,19 +81,15 @@ protected:
     void act(Walk& walk, const std::string& words) {
         std::istringstream stream(words);
         for (std::string word; stream >> word;) {
-            const std::string name = word.substr(0, word.find_first_of("=:"));
-            const std::string rest = word.substr(std::min(word.size(), name.size() + 1));
             if (word == "Create18") {
                 walk.createTo(word);
             } else if (word == "import") {
                 writeBytes(folder_.path("list"), "D:1\r\nE:2\r\n");
                 runEvent(walk.windows, [&] { walk.pages.create8.ImportFile(folder_.path("list")); });
-            } else if (word == name) {
-                word.ends_with("Img") ? walk.user.pressTask(word) : walk.user.press(word);
-            } else if (word[name.size()] == ':') {
-                walk.user.choose(name, std::stoi(rest));
+            } else if (word.ends_with("=@")) {
+                walk.user.type(word.substr(0, word.size() - 2), walk.path("out"));
             } else {
-                walk.user.type(name, rest == "@" ? walk.path("out") : rest);
+                walk.act(word);
             }
         }
     }
@@ -195,37 +190,6 @@ TEST_F(Faults, AreIgnoredReportedOrReadAsDefaults) {
     for (const Cells& row : table_) {
         if (row[0] == "walk") refuseEach(row);
     }
-}
-
-// A new Product, its rename and its deletion.
-TEST_F(Faults, AJournalCutAnywhereHoldsEveryWholeRecordAndGoesOn) {
-    const std::string path = folder_.path("store");
-    const std::string nothing = listing(*openedJournal(path), hive::localMachine);
-    const std::size_t signature = bytesOf(path).size();
-    std::map<std::size_t, std::string> trees{{0, nothing}, {signature, nothing}};
-    {
-        Walk walk(openedJournal(path));
-        walk.machine.before = [&] { trees[bytesOf(path).size()] = listing(*walk.stored, hive::localMachine); };
-        walk.machine.counts = true;
-        walk.start().createProduct("K").editProduct();
-        act(walk, "ProductSettingsBtn ProductName=Guide NextBtn ExitBtn DeleteImg NextBtn NextBtn DeleteImg");
-    }
-    const std::string whole = bytesOf(path);
-    std::size_t defects = 0;
-    for (std::size_t length = 1; length <= whole.size(); ++length) {
-        const auto& [end, tree] = *std::prev(trees.upper_bound(length));
-        writeBytes(path, whole.substr(0, length));
-        const auto opened = openedJournal(path);
-        bool good = listing(*opened, hive::localMachine) == tree;
-        good = good && bytesOf(path) == whole.substr(0, std::max(end, signature));
-        if (length % 16 == 0) good = good && Caller(*opened).answer({Do::set, "more"}) == "0";
-        if (length % 16 == 0) good = good && bytesOf(path).find("more", end) != std::string::npos;
-        EXPECT_TRUE(good) << length;
-        if (!good) ++defects;
-    }
-    EXPECT_EQ(trees.rbegin()->first, whole.size());
-    report_ << "| Start on a cut journal | " << trees.size() - 2 << " | " << whole.size() << " | "
-            << whole.size() - defects << " | 0 | | " << defects << " |\n";
 }
 
 }  // namespace

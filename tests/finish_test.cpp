@@ -1,4 +1,3 @@
-#include "store/cregistry.h"
 #include "walk.h"
 
 namespace vrix {
@@ -9,98 +8,86 @@ const std::string noFile =
     "output file, you will not be able to export this Product to another system.\r\nDo you wish to continue?";
 
 TEST(Finish, ALargeProductReachesStoreAndFile) {
-    Walk walk;
-    walk.createTo("Create2");
-    walk.user.type("ProductName", "Big \"Manual\" & more").type("ProductKey", "Big\\Key").press("NextBtn");
+    Walk walk("Create2");
+    walk.act("ProductName=Big_\"Manual\"_&_more ProductKey=Big\\Key NextBtn");
     for (const std::string n : {"1", "2", "3"}) {
-        walk.user.type("CoverPage" + n, "\\\\Server\\c" + n + ".doc").type("CoverPage" + n + "Name", "Cover " + n);
+        walk.act("CoverPage" + n + "=\\\\Server\\c" + n + ".doc CoverPage" + n + "Name=Cover_" + n);
     }
-    walk.user.press("NextBtn").choose("DefaultCoverPage", 2);
-    for (int n = 0; n < 4; ++n) walk.user.press("NextBtn");
+    walk.act("NextBtn DefaultCoverPage=2 NextBtn*4");
     for (int n = 1; n <= 13; ++n) {
-        walk.addTopic("Topic " + std::to_string(n), "%DOCS%\\t" + std::to_string(n) + ".doc");
+        const std::string number = std::to_string(n);
+        walk.act("TopicName=Topic_" + number + " TopicPath=%DOCS%\\t" + number + ".doc CreateBtn");
     }
-    walk.user.press("NextBtn").choose("OrderOption(5)").press("MoveUpBtn").press("MoveUpBtn");
-    walk.user.press("PageUpBtn").press("MoveDownBtn").press("NextBtn");
-    walk.user.mark("DependsList", 11).choose("Topics", 12).mark("DependsList", 0).mark("DependsList", 11);
-    walk.user.press("NextBtn");
+    walk.act("NextBtn OrderOption(5) MoveUpBtn MoveUpBtn PageUpBtn MoveDownBtn NextBtn");
+    walk.act("DependsList=11 Topics=12 DependsList=0 DependsList=11 NextBtn");
     for (int n = 1; n <= 10; ++n) {
-        const std::string field = "UserDef" + std::to_string(n);
-        walk.user.type(field, "Field " + std::to_string(n)).type(field + "Path", "f" + std::to_string(n));
-        walk.user.choose(field + "Pos", n % 5);
-        if (n == 3 || n == 5 || n == 8 || n == 10) walk.user.press("NextBtn");
+        const std::string number = std::to_string(n);
+        const std::string field = "UserDef" + number;
+        walk.act(field + "=Field_" + number + " " + field + "Path=f" + number);
+        walk.act(field + "Pos=" + std::to_string(n % 5) + (n == 3 || n == 5 || n == 8 || n == 10 ? " NextBtn" : ""));
     }
     for (const auto& [box, odd] : std::vector<std::pair<std::string, int>>{
              {"AllowNoUserDefined", 0}, {"DefaultUserDef", 1}, {"ShowUserDefined", 0}}) {
-        for (int n = 1 + odd; n <= 10; n += 2) walk.user.check(box + std::to_string(n));
-        walk.user.press("NextBtn");
+        for (int n = 1 + odd; n <= 10; n += 2) walk.act(box + std::to_string(n) + "=1");
+        walk.act("NextBtn");
     }
-    for (const char* text : {"Price", "Date", "Place", "Name"}) {
-        walk.user.type("SmartFieldText", text).press("CreateBtn");
-    }
-    walk.user.press("NextBtn").press("NextBtn").type("SettingsPath", walk.path("big.kls")).press("NextBtn");
-    ASSERT_EQ(walk.front(), "ToolkitMain");
+    for (const std::string text : {"Price", "Date", "Place", "Name"}) walk.act("SmartFieldText=" + text + " CreateBtn");
+    walk.act("NextBtn NextBtn").user.type("SettingsPath", walk.path("big.kls"));
+    ASSERT_EQ(walk.act("NextBtn").front(), "ToolkitMain");
     EXPECT_EQ(walk.file("big.kls"), expected("big.kls"));
     EXPECT_EQ(walk.tree(), expected("big.tree"));
 }
 
 TEST(Finish, AsksBeforeItGoesOnWithoutAFile) {
-    Walk walk;
-    walk.createTo("Create18");
+    Walk walk("Create18");
     walk.windows.answers = {Answer::cancel};
-    walk.user.press("NextBtn");
-    EXPECT_EQ(walk.message(), noFile);
-    EXPECT_EQ(walk.front(), "Create18");
-    EXPECT_EQ(walk.tree(), "");
-    walk.user.press("NextBtn");
-    EXPECT_EQ(walk.front(), "ToolkitMain");
+    EXPECT_EQ(walk.act("NextBtn").message(), noFile);
+    EXPECT_EQ(walk.front() + walk.tree(), "Create18");
+    EXPECT_EQ(walk.act("NextBtn").front(), "ToolkitMain");
     EXPECT_NE(walk.tree("Toolkit\\Manual"), "");
 
     Walk exported;
-    exported.start().createProduct("Manual").editProduct().user.press("ExportSettingsBtn");
-    exported.message();
-    exported.user.press("NextBtn");  // OK leads nowhere
-    EXPECT_EQ(exported.message(), noFile);
+    exported.start().createProduct("Manual").editProduct().act("ExportSettingsBtn").message();
+    EXPECT_EQ(exported.act("NextBtn").message(), noFile);  // OK leads nowhere
     EXPECT_EQ(exported.front(), "Create18");
 }
 
 TEST(Finish, TopicsTakeTheirRowsAsTheyStand) {
-    Walk one;
-    one.createTo("Create8");
-    one.addTopic("Only", "o.doc").user.press("NextBtn");
+    Walk one("Create8");
+    one.act("TopicName=Only TopicPath=o.doc CreateBtn NextBtn");
     one.pages.create18.show();
-    one.user.at("Create18").press("NextBtn");
+    one.user.at("Create18").type("SettingsPath", one.path("one.kls")).at("Create18").press("NextBtn");
+    EXPECT_NE(one.file("one.kls").find("Matrix]\r\n\"0\"=\"\"\r\n\r\n"), std::string::npos);
     EXPECT_EQ(one.tree("Toolkit\\Manual\\Dependencies\\Matrix"), "[Toolkit\\Manual\\Dependencies\\Matrix]\n0=\n");
     EXPECT_EQ(one.tree("Toolkit\\Manual\\Topics"), "[Toolkit\\Manual\\Topics]\nOnly=o.doc\n");
 
     // More Topics than dependency rows: what was saved before the first missing one stands.
-    Walk more;
-    more.createTo("Create18");
+    Walk more("Create18");
     more.pages.create9.Depends.sizeTo(0);
-    more.user.press("NextBtn");
-    EXPECT_EQ(more.message(), "Vrix 3.0 Administrative Toolkit: Run-time error '9':\r\n\r\nSubscript out of range");
+    EXPECT_EQ(more.act("NextBtn").message(),
+              "Vrix 3.0 Administrative Toolkit: Run-time error '9':\r\n\r\nSubscript out of range");
     EXPECT_EQ(more.tree("Toolkit\\Manual"),
               "[Toolkit\\Manual]\nCreation Date=15/11/2026 19:30:05\n[Toolkit\\Manual\\Topics]\nIntro=intro.doc\n"
               "Tools=tools.doc\n[Toolkit\\Manual\\Dependencies]\n[Toolkit\\Manual\\Dependencies\\IndexTable]\nIntro=0\n"
               "Tools=1\n[Toolkit\\Manual\\Dependencies\\Matrix]\n0=\n");
 }
 
-// Every option stands in the store under its own name with the content of its own control.
-TEST(Finish, EveryOptionIsStoredFromItsControl) {
-    Walk walk;
-    walk.createTo("Create18");
-    std::string stored = "[Toolkit\\Manual\\Options]\n";
-    int number = 0;
-    for (const Option& option : walk.pages.options.all()) {
-        if (is<TextBox>(*option.control)) option.control->restore("t" + std::to_string(++number));
-        if (is<CheckBox>(*option.control)) option.control->restore(++number % 3 == 0 ? "1" : "0");
-        if (is<ComboBox>(*option.control) && option.name != "DefaultCoverPage") {
-            option.control->restore(std::to_string(++number % 5));
+TEST(Finish, EveryOptionReachesStoreAndFileUnderItsOwnName) {
+    for (unsigned run = 0; run < 7; ++run) {
+        Walk walk("Create18");
+        walk.pages.create4.DefaultCoverPage.addItem("second");
+        walk.setOptions(run);
+        walk.user.type("SettingsPath", walk.path("x.kls")).press("NextBtn");
+        const std::string file = walk.file("x.kls");
+        std::string stored = "[Toolkit\\Manual\\Options]\n";
+        for (const ToldOption& option : toldOptions()) {
+            std::string data = option.content(run);
+            stored += option.name + '=' + data + '\n';
+            if (option.kind == "path") data.insert(2, 1, '\\');
+            EXPECT_NE(file.find("\r\n\"" + option.name + "\"=\"" + data + "\"\r\n"), std::string::npos) << option.name;
         }
+        EXPECT_EQ(walk.tree("Toolkit\\Manual\\Options"), stored);
     }
-    for (const Option& option : walk.pages.options.all()) stored += option.name + '=' + option.control->stored() + '\n';
-    walk.user.press("NextBtn");
-    EXPECT_EQ(walk.tree("Toolkit\\Manual\\Options"), stored);
 }
 
 }  // namespace

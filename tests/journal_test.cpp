@@ -59,6 +59,29 @@ TEST_F(JournalTest, ConformsAndHoldsTheSameAsMemoryWheneverItIsOpened) {
     for (unsigned seed = 0; seed < 20; ++seed) expectSameAnswers(seed, 400, memory, *openedJournal(path + "-same"));
 }
 
+// A journal must still be read by later versions.
+TEST_F(JournalTest, BeginsWithItsSignatureAndARecordOfKnownBytes) {
+    EXPECT_EQ(whole.substr(0, 64),
+              "Vrix registry journal 1\n\x1C\0\0\0\x3B\x37\x8B\x3B\x74\xF0\x2D\x52"
+              "\1\0\0\0\0\xF\0\0\0\0\0\0\0Software\\Vrix.T"s);
+}
+
+// What fits no tree, or what no call could have made: the number of the kind, the path, and the name behind "=".
+TEST(EmbeddedRegistry, ReplaysOnlyChangesThatItCouldHaveMade) {
+    StubRegistry store;
+    ASSERT_TRUE(store.replay(Change(Change::Kind::makeKey, "Software\\a\\b")));
+    const std::string n256(256, 'n'), v16k(16'384, 'v');
+    for (const std::string& told :
+         {"1\\Software\\x"s, "1x"s, "1Software\\A"s, "1Software\\a\\" + n256, "1Software\\c\\" + n256,
+          "1Software\\x\0y"s, "2Software\\a"s, "2Software"s, "2Software\\x"s, "3Software\\x=v"s, "3Software\\a=" + v16k,
+          "3Software\\a=v\0"s, "4Software\\a=v"s, "5Software\\a=v"s}) {
+        const std::string path = told.substr(1, told.find('=') - 1);
+        const Change change(Change::Kind(told[0] - '0'), path, told.substr(std::min(path.size() + 2, told.size())));
+        EXPECT_FALSE(store.replay(change)) << told.substr(0, 20);
+    }
+    EXPECT_EQ(listing(store, hive::localMachine), "Software{Classes{};a{b{};};};");
+}
+
 TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     const auto& [last, before] = *std::prev(trees.end(), 2);
     for (std::size_t at = 0; at < whole.size(); ++at) {
@@ -86,6 +109,18 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     }
 }
 
+TEST_F(JournalTest, CutAnywhereHoldsEveryWholeRecordAndGoesOn) {
+    for (std::size_t length = 1; length <= whole.size(); ++length) {
+        const auto& [end, tree] = *std::prev(trees.upper_bound(length));
+        writeBytes(path, whole.substr(0, length));
+        const auto opened = openedJournal(path);
+        ASSERT_EQ(listing(*opened, hive::localMachine), tree) << length;
+        ASSERT_EQ(bytesOf(path), whole.substr(0, std::max(end, signature))) << length;
+        ASSERT_EQ(Caller(*opened).answer({Do::set, "more"}), "0") << length;
+        ASSERT_NE(outcome(path).find("more:"), std::string::npos) << length;
+    }
+}
+
 TEST_F(JournalTest, RefusesWhatItCannotUse) {
     for (const std::string other : {"x", "Vrix registry journal 2\n", "Vrix registry\n", "\n", "MZ\x90"}) {
         EXPECT_EQ(outcomeOf(other), foreign) << other;
@@ -107,6 +142,38 @@ TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
     EXPECT_EQ(outcome(path), before);
     EXPECT_LT(bytesOf(path).size(), 600u);
     EXPECT_EQ(outcome(path), before);
+}
+
+TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfTheOldOne) {
+    auto own = std::make_unique<StubDisk>();
+    StubDisk& disk = *own;
+    JournalRegistry registry(path, {}, std::move(own));
+    const auto write = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            EXPECT_EQ(registry.setValue(hive::classesRoot, "v", 4, &i, 4), RegistryStatus::success);
+        }
+    };
+    write(3);
+    EXPECT_EQ(disk.log, "");
+    registry.sync();
+    registry.sync();
+    EXPECT_EQ(disk.log, "sync ");
+    disk.syncs = false;
+    write(1);
+    registry.sync();
+    registry.sync();  // tried again
+    EXPECT_EQ(disk.log, "sync sync sync ");
+    write(999);
+
+    for (const bool syncs : {false, true}) {
+        StubDisk other;
+        other.syncs = syncs;
+        JournalFile file(path, other);
+        file.start([](const std::string&) { return true; });
+        file.rewrite([](const JournalFile::Writer&) {});
+        EXPECT_EQ(other.log, syncs ? "sync replace " : "sync ");
+        EXPECT_EQ(bytesOf(path).size() == signature, syncs);
+    }
 }
 
 }  // namespace vrix

@@ -13,7 +13,7 @@ TEST(Shell, TheSplashGivesWayOnce) {
     runEvent(walk.windows, [&] { walk.program.start(); });
     EXPECT_EQ(walk.front(), "SplashScreen");
     EXPECT_FALSE(walk.pages.toolkitMain.visible());
-    EXPECT_EQ(walk.pages.splashScreen.left(), 1024 / 2 - walk.pages.splashScreen.size().width / 2);
+    EXPECT_EQ(walk.pages.splashScreen.left() * 1'000 + walk.pages.splashScreen.top(), 272'202);  // in 1024 by 768
     EXPECT_EQ(walk.pages.splashScreen.ImportantLbl.bounds().left, walk.pages.splashScreen.AcceptLbl.bounds().left);
     walk.windows.formLog.clear();
     walk.windows.passTime();
@@ -28,8 +28,7 @@ TEST(Shell, EditAndDeleteNeedAProduct) {
     // Let go outside at the start of a run: no Product is known yet.
     walk.user.pressTask("EditImg", false);
     EXPECT_EQ(walk.message(), std::string(noProducts) + "Edit option.");
-    walk.user.pressTask("DeleteImg");
-    EXPECT_EQ(walk.message(), std::string(noProducts) + "Delete option.");
+    EXPECT_EQ(walk.act("DeleteImg").message(), std::string(noProducts) + "Delete option.");
     EXPECT_EQ(walk.front(), "ToolkitMain");
     EXPECT_FALSE(walk.pages.delete1.visible());
     EXPECT_FALSE(walk.pages.toolkitMain.DeleteImg.pressed());
@@ -37,11 +36,17 @@ TEST(Shell, EditAndDeleteNeedAProduct) {
     walk.put("Toolkit\\Products", "Manual", "K");
     walk.user.pressTask("EditImg", false);
     EXPECT_EQ(walk.message(), std::string(noProducts) + "Edit option.");
-    walk.user.pressTask("EditImg");
-    EXPECT_EQ(walk.front(), "Edit1");
-    walk.user.press("ExitBtn").pressTask("DeleteImg", false);
+    EXPECT_EQ(walk.act("EditImg").front(), "Edit1");
+    walk.act("ExitBtn").user.pressTask("DeleteImg", false);
     EXPECT_EQ(walk.message(), "");
     EXPECT_EQ(walk.front(), "ToolkitMain");
+    for (const char* exit : {"BackBtn", "ExitBtn"}) {
+        EXPECT_EQ(walk.act("EditImg").act(exit).front(), "ToolkitMain");
+        EXPECT_EQ(walk.act("DeleteImg").act(exit).front(), "ToolkitMain");
+        EXPECT_EQ(walk.act("EditImg NextBtn").act(exit).front(), exit[0] == 'B' ? "Edit1" : "ToolkitMain");
+        if (exit[0] == 'B') walk.act("ExitBtn");
+    }
+    EXPECT_EQ(walk.act("DeleteImg NextBtn ExitBtn").front(), "ToolkitMain");
 }
 
 TEST(Shell, OnlyAReleaseInsideTheTaskPictureStarts) {
@@ -59,14 +64,12 @@ TEST(Shell, OnlyAReleaseInsideTheTaskPictureStarts) {
     }
     walk.user.click("Image2");
     EXPECT_TRUE(walk.pages.toolkitMain.DeleteImg.pressed());
-    walk.user.pressTask("CreateImg");
-    EXPECT_EQ(walk.front(), "Create1");
+    EXPECT_EQ(walk.act("CreateImg").front(), "Create1");
 }
 
 TEST(Shell, OnlyTheMainScreenEndsTheProgram) {
     for (const bool byFrame : {false, true}) {
-        Walk walk;
-        walk.createTo("Create3");
+        Walk walk("Create3");
         walk.user.close();
         EXPECT_EQ(walk.front(), "ToolkitMain");
         EXPECT_FALSE(walk.windows.ended);
@@ -77,22 +80,22 @@ TEST(Shell, OnlyTheMainScreenEndsTheProgram) {
 }
 
 TEST(Shell, InitEverythingClearsTheInputsOfAllPages) {
-    Walk walk;
-    walk.createTo("Create18");
-    for (const Option& option : walk.pages.options.all()) {
-        if (is<TextBox>(*option.control)) option.control->restore("text");
-        if (is<CheckBox>(*option.control)) option.control->restore("1");
-    }
+    Walk walk("Create18");
+    walk.setOptions(0);
+    walk.act("SettingsPath=x").pages.create19.SmartFieldsDefault.setValue(1);  // the one input that it does not clear
     walk.pages.toolkitMain.InitEverything();
-    for (const Option& option : walk.pages.options.all()) {
-        const bool kept = option.name == "DefaultSmartFields";  // the one input that it does not clear
-        const char* cleared = is<ComboBox>(*option.control) ? "-1" : "0";
-        const char* empty = is<TextBox>(*option.control) ? "" : cleared;
-        EXPECT_EQ(option.control->stored(), kept ? "1" : empty) << option.name;
+    for (const Form* page : walk.pages.forms) {
+        for (const Control* control : page->controls()) {
+            const bool kept = control->name() == "SmartFieldsDefault";
+            const auto* box = dynamic_cast<const CheckBox*>(control);
+            const auto* list = dynamic_cast<const ComboBox*>(control);
+            const bool isCleared = box ? box->value() == kept : list ? list->count() == 0 : control->stored().empty();
+            EXPECT_TRUE(isCleared) << control->name();
+        }
     }
-    EXPECT_FALSE(walk.pages.create8.TopicNames.isTable());
-    walk.user.at("Create18").press("ExitBtn");
-    EXPECT_EQ(walk.front(), "ToolkitMain");
+    EXPECT_FALSE(walk.pages.create8.TopicNames.isTable() || walk.pages.create8.TopicPaths.isTable());
+    EXPECT_EQ(walk.pages.create9.Depends.at(0), "");
+    EXPECT_EQ(walk.user.at("Create18").press("ExitBtn").form().name(), "ToolkitMain");
 }
 
 }  // namespace

@@ -1,57 +1,40 @@
 #include "walk.h"
 
-#include <fstream>
+#include <algorithm>
 #include <sstream>
 
 #include "forms/event.h"
+#include "stubs.h"
 
 namespace vrix {
 
 namespace {
 
-std::string contents(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
-std::filesystem::path freshFolder() {
-    static int number = 0;
-    const auto folder = std::filesystem::temp_directory_path() / ("vrix_walk_" + std::to_string(++number));
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
-    return folder;
-}
-
-void dump(Registry& registry, cRegistryFunctions& settings, const std::string& section, std::string& out) {
-    RegistryKey key = 0;
-    if (registry.openKey(hive::localMachine, "Software\\Vrix\\" + section, 63, key) != RegistryStatus::success) return;
+void dump(cRegistry& cursor, const std::string& section, std::string& out) {
+    cursor.SectionKey = "Software\\Vrix\\" + section;
+    if (!cursor.KeyExists()) return;
     out += '[' + section + "]\n";
-    char name[512];
-    std::uint32_t length = sizeof name;
-    for (std::uint32_t i = 0; registry.enumValue(key, i, name, length) == RegistryStatus::success; ++i) {
-        out += std::string(name, length) + '=' + settings.GetSetting(application, section, {name, length}, "") + '\n';
-        length = sizeof name;
+    std::vector<std::string> names;
+    std::int32_t count = 0;
+    cursor.EnumerateValues(names, count);
+    for (const std::string& name : names) {
+        cursor.ValueKey = name;
+        out += name + '=' + textOf(cursor.Value()) + '\n';
     }
-    for (std::uint32_t i = 0; registry.enumKey(key, i, name, sizeof name) == RegistryStatus::success; ++i) {
-        dump(registry, settings, section.empty() ? name : section + '\\' + name, out);
-    }
-    registry.closeKey(key);
+    cursor.EnumerateSections(names, count);
+    for (const std::string& name : names) dump(cursor, section.empty() ? name : section + '\\' + name, out);
 }
 
 }  // namespace
 
-std::shared_ptr<EmbeddedRegistry> Walk::freshRegistry() {
-    return std::make_shared<MemoryRegistry>([](const std::string& name) -> std::optional<std::string> {
-        return name == "DOCS" ? std::optional<std::string>("C:\\Docs") : std::nullopt;
-    });
-}
+// The environment knows DOCS alone.
+Walk::Walk()
+    : Walk(std::make_shared<StubRegistry>([](const std::string& name) {
+          return name == "DOCS" ? std::optional<std::string>("C:\\Docs") : std::nullopt;
+      })) {}
 
 Walk::Walk(std::shared_ptr<EmbeddedRegistry> left)
-    : stored(std::move(left)), program({machine, windows, dialog, machine, clock}), folder_(freshFolder()) {}
-
-Walk::~Walk() { std::filesystem::remove_all(folder_); }
+    : stored(std::move(left)), program({machine, windows, dialog, machine, clock}) {}
 
 Walk& Walk::start() {
     runEvent(windows, [&] { program.start(); });
@@ -59,41 +42,66 @@ Walk& Walk::start() {
     return *this;
 }
 
-Walk& Walk::addTopic(const std::string& name, const std::string& topicPath) {
-    user.type("TopicName", name).type("TopicPath", topicPath).press("CreateBtn");
+Walk& Walk::act(const std::string& words) {
+    std::istringstream stream(words);
+    for (std::string word; stream >> word;) {
+        std::replace(word.begin(), word.end(), '_', ' ');
+        const std::string name = word.substr(0, word.find_first_of("=*"));
+        const std::string value = word.substr(std::min(name.size() + 1, word.size()));
+        const Control* target = user.form().find(name);
+        if (dynamic_cast<const TextBox*>(target)) {
+            user.type(name, value);
+        } else if (dynamic_cast<const CheckBox*>(target)) {
+            user.check(name, value == "1");
+        } else if (dynamic_cast<const ComboBox*>(target)) {
+            user.choose(name, std::stoi(value));
+        } else if (dynamic_cast<const MarkList*>(target)) {
+            user.mark(name, std::abs(std::stoi(value)), value[0] != '-');
+        } else if (dynamic_cast<const OptionButton*>(target)) {
+            user.choose(name);
+        } else if (dynamic_cast<const TaskPicture*>(target)) {
+            user.pressTask(name);
+        } else {
+            for (int times = value.empty() ? 1 : std::stoi(value); times > 0; --times) user.press(name);
+        }
+    }
     return *this;
 }
 
 Walk& Walk::createTo(const std::string& page) {
     if (windows.visibleForms().empty()) start();
-    user.pressTask("CreateImg");
-    while (front() != page) {
+    for (act("CreateImg"); front() != page;) {
         const std::string here = front();
         fillLeast(here);
-        user.press("NextBtn");
-        if (front() == here) throw std::logic_error("stuck on " + here + ": " + message());
+        if (act("NextBtn").front() == here) throw std::logic_error("stuck on " + here + ": " + message());
     }
     return *this;
 }
 
 void Walk::fillLeast(const std::string& page) {
-    if (page == "Create2") user.type("ProductName", "Manual");
-    if (page == "Create3") user.type("CoverPage1", "c.doc").type("CoverPage1Name", "Cover");
-    if (page == "Create8") addTopic("Intro", "intro.doc").addTopic("Tools", "tools.doc");
-    if (page == "Create10") user.type("UserDef1Path", "field.doc");
+    if (page == "Create2") act("ProductName=Manual");
+    if (page == "Create3") act("CoverPage1=c.doc CoverPage1Name=Cover");
+    if (page == "Create8")
+        act("TopicName=Intro TopicPath=intro.doc CreateBtn TopicName=Tools TopicPath=tools.doc CreateBtn");
+    if (page == "Create10") act("UserDef1Path=field.doc");
 }
 
 Walk& Walk::createProduct(const std::string& name) {
     createTo("Create18");
     pages.create2.ProductKey.setText(name);
     pages.create2.ProductName.setText(name);
-    user.press("NextBtn");
-    return *this;
+    return act("NextBtn");
 }
 
-Walk& Walk::editProduct(int row) {
-    user.pressTask("EditImg").choose("ProductList", row).press("NextBtn");
-    return *this;
+Walk& Walk::editProduct(int row) { return act("EditImg ProductList=" + std::to_string(row) + " NextBtn"); }
+
+void Walk::setOptions(unsigned run, const std::string& page) {
+    for (int round = 0; round < 2; ++round) {  // a path turns on flags that were set before it
+        for (const ToldOption& option : toldOptions()) {
+            if (page.empty() || page == option.page)
+                control(pages, option.page, option.control).restore(option.content(run));
+        }
+    }
 }
 
 std::string Walk::message() {
@@ -110,19 +118,33 @@ std::string Walk::text(const std::string& formName, const std::string& name) {
     return found.stored();
 }
 
-std::string Walk::file(const std::string& name) const { return contents(folder_ / name); }
-
 void Walk::put(const std::string& section, const std::string& name, const std::string& data) {
     pages.settings.SaveSetting(application, section, name, data);
 }
 
 std::string Walk::tree(const std::string& section) {
     std::string out;
-    cRegistryFunctions settings(registry);
-    dump(registry, settings, section, out);
+    cRegistry cursor(registry);
+    cursor.ClassKey = hive::localMachine;
+    dump(cursor, section, out);
     return out;
 }
 
-std::string expected(const std::string& name) { return contents(std::filesystem::path(VRIX_EXPECTED) / name); }
+std::string expected(const std::string& name) { return bytesOf(VRIX_EXPECTED "/" + name); }
+
+std::string ToldOption::content(unsigned run) const {
+    const bool isNumber = kind == "flag" || kind == "index";
+    return isNumber ? std::to_string(number >> run % 7 & 1) : "C:\\t" + std::to_string(100 * run + number);
+}
+
+const std::vector<ToldOption>& toldOptions() {
+    static const std::vector<ToldOption> told = [] {
+        std::istringstream lines(expected("options.table"));
+        std::vector<ToldOption> all;
+        for (ToldOption o; lines >> o.name >> o.page >> o.control >> o.kind; ++o.number) all.push_back(o);
+        return all;
+    }();
+    return told;
+}
 
 }  // namespace vrix

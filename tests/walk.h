@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "failing_machine.h"
-#include "makers/embedded/memory_registry.h"
+#include "files.h"
+#include "makers/embedded/embedded_registry.h"
 #include "makers/headless/headless_user.h"
 #include "makers/standard/standard_files.h"
 #include "program/program.h"
@@ -19,10 +19,11 @@ namespace vrix {
 // its own, with a user at its windows.
 class Walk {
 public:
-    Walk() : Walk(freshRegistry()) {}
+    Walk();
     // On a store that another run of the program left behind.
     explicit Walk(std::shared_ptr<EmbeddedRegistry> left);
-    ~Walk();
+    // At a page of the create chain.
+    explicit Walk(const std::string& page) : Walk() { createTo(page); }
 
     std::shared_ptr<EmbeddedRegistry> stored;
     EmbeddedRegistry& registry = *stored;
@@ -46,25 +47,40 @@ public:
     Walk& createProduct(const std::string& name);
     // From the main screen through the selection of a Product to the hub.
     Walk& editProduct(int row = 0);
-    Walk& addTopic(const std::string& name, const std::string& path);
+    // What a user does at the window in front, word by word: "NextBtn" presses, "OrderOption(2)" chooses;
+    // "TopicName=R&D" types, "ShowTOC=0" checks, "Topics=1" chooses a row, "DependsList=1" marks it, "DependsList=-1"
+    // takes the mark away. "_" stands for a blank. "NextBtn*3" presses three times.
+    Walk& act(const std::string& words);
+    // Puts into the controls of the options, or of those on one page, their contents for that run.
+    void setOptions(unsigned run, const std::string& page = {});
 
     std::string front() { return user.form().name(); }
     // The last message as "title: text", or nothing; it is forgotten then.
     std::string message();
     std::string text(const std::string& form, const std::string& name);  // a control's content or caption
-    std::string path(const std::string& name) const { return (folder_ / name).string(); }
-    std::string file(const std::string& name) const;
+    std::string path(const std::string& name) const { return folder_.path(name); }
+    std::string file(const std::string& name) const { return bytesOf(path(name)); }
 
     void put(const std::string& section, const std::string& name, const std::string& data);
     // All keys and values below a section of the family key, in the registry's order: "[key]" and "name=text" lines.
     std::string tree(const std::string& section = "");
 
 private:
-    static std::shared_ptr<EmbeddedRegistry> freshRegistry();
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };
 
 // A file that lies beside the tests.
 std::string expected(const std::string& name);
+
+// An option of a Product as expected/options.table tells it: the name of its value, the control that it is typed into,
+// and whether it is a "flag", an "index", a "text" or a "path".
+struct ToldOption {
+    std::string name, page, control, kind;
+    unsigned number = 0;
+
+    // A content for one of several runs: no two texts are alike, and no two flags are alike in seven runs on end.
+    std::string content(unsigned run) const;
+};
+const std::vector<ToldOption>& toldOptions();
 
 }  // namespace vrix

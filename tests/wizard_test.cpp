@@ -7,20 +7,15 @@ TEST(Identity, TheKeyFollowsTheNameAndIsTestedFirst) {
     Walk walk;
     walk.put("Taken", "CreationDate", "1/1/2026");
     walk.put("Toolkit\\Develop", "Creation Date", "1/1/2026");
-    walk.createTo("Create2");
-    walk.user.press("NextBtn");
-    EXPECT_EQ(walk.message(),
+    EXPECT_EQ(walk.createTo("Create2").act("NextBtn").message(),
               "Invalid Product Key: Please enter a Product key for the Product settings to be stored under.");
-    walk.user.type("ProductKey", "Develop").press("NextBtn");
-    EXPECT_EQ(walk.message(), "Invalid Product Name: Please enter a Product name.");
-    walk.user.type("ProductName", "A").type("ProductKey", "Mine").type("ProductName", "AB");
+    EXPECT_EQ(walk.act("ProductKey=Develop NextBtn").message(), "Invalid Product Name: Please enter a Product name.");
+    walk.act("ProductName=A ProductKey=Mine ProductName=AB");
     EXPECT_EQ(walk.text("Create2", "ProductKey"), "AB");
-    walk.user.type("ProductKey", "Taken").press("NextBtn");
-    EXPECT_EQ(walk.message(),
+    EXPECT_EQ(walk.act("ProductKey=Taken NextBtn").message(),
               "Invalid Product Key: Sorry - this Product key already exists. Please enter another, unique, key.");
     EXPECT_EQ(walk.text("Create2", "ProductKey") + walk.text("Create2", "ProductName"), "AB");
-    walk.user.type("ProductKey", "Develop").press("NextBtn");  // the develop tree does not count
-    EXPECT_EQ(walk.front(), "Create3");
+    EXPECT_EQ(walk.act("ProductKey=Develop NextBtn").front(), "Create3");  // the develop tree does not count
 }
 
 TEST(CoverPages, AreCheckedInTheirOrder) {
@@ -41,119 +36,121 @@ TEST(CoverPages, AreCheckedInTheirOrder) {
         {{"p", "", ""}, {"a", "b", "c"}, ""},   {{" ", "", ""}, {" ", "", ""}, ""},
     };
     for (const Case& c : cases) {
-        Walk walk;
-        walk.createTo("Create3");
+        Walk walk("Create3");
         for (std::size_t n = 0; n < 3; ++n) {
             const std::string box = "CoverPage" + std::to_string(n + 1);
             walk.user.type(box, c.paths[n]).type(box + "Name", c.names[n]);
         }
-        walk.user.press("NextBtn");
-        EXPECT_EQ(walk.message(), c.message);
+        EXPECT_EQ(walk.act("NextBtn").message(), c.message);
         EXPECT_EQ(walk.front(), c.message.empty() ? "Create4" : "Create3");
     }
 }
 
 TEST(CoverPages, OptionsStartAnewEachTime) {
-    Walk walk;
-    walk.createTo("Create3");
-    walk.user.type("CoverPage1", "p").type("CoverPage1Name", "One").type("CoverPage3Name", "Three").press("NextBtn");
+    Walk walk("Create3");
+    walk.act("CoverPage1=p CoverPage1Name=One CoverPage3Name=Three NextBtn");
     const Create4& page = walk.pages.create4;
     EXPECT_EQ(page.DefaultCoverPage.rows(), (std::vector<std::string>{"One", "Three"}));
     EXPECT_EQ(page.AllowUseAlternateCoverPage.value(), 0);  // slot 2 decides
-    walk.user.choose("DefaultCoverPage", 1).check("AllowNoCoverPage", false).press("BackBtn");
-    walk.user.type("CoverPage2Name", "Two").press("NextBtn");
+    walk.act("DefaultCoverPage=1 AllowNoCoverPage=0 DefaultCover=0 BackBtn CoverPage2Name=Two NextBtn");
     EXPECT_EQ(page.DefaultCoverPage.text(), "One");
-    EXPECT_EQ(page.AllowUseAlternateCoverPage.value() + page.AllowNoCoverPage.value(), 2);
+    EXPECT_EQ(page.AllowUseAlternateCoverPage.value() + page.AllowNoCoverPage.value() + page.DefaultCover.value(), 3);
 }
 
-TEST(Browse, TakesTheDialogsFileNameAlsoAfterACancel) {
-    Walk walk;
-    walk.createTo("Create3");
-    walk.user.type("CoverPage2", "typed").press("Browse2Btn");  // a cancel as the first use
+TEST(Browse, AsksWithThePagesWordsAndTakesTheDialogsFileNameAlsoAfterACancel) {
+    struct Case {
+        std::string page, words, box, question;
+    };
+    const std::string word = "|Word Documents (*.doc)|*.doc|.doc|";
+    const std::string field = "Browse For User Defined Documents" + word + "|",
+                      brief = "Browse For Course Briefing" + word + "|";
+    const std::vector<Case> cases{
+        {"Create3", "Browse1Btn", "CoverPage1", "Browse For Cover Page" + word + "C:\\|"},
+        {"Create3", "Browse1Btn Browse2Btn", "CoverPage2", "Browse For Cover Page" + word + "C:\\|C:\\a"},
+        {"Create3", "Browse3Btn", "CoverPage3", "Browse For Cover Page" + word + "C:\\|"},
+        {"Create5", "Browse1Btn", "CourseBriefPath", brief},
+        {"Create6", "Browse1Btn", "TOCPath", brief},
+        {"Create7", "Browse1Btn", "ConclusionPath", brief},
+        {"Create8", "Browse1Btn", "TopicPath", brief},
+        {"Create10", "Browse1Btn", "UserDef1Path", field},
+        {"Create11", "Browse2Btn", "UserDef5Path", field},
+        {"Create12", "Browse3Btn", "UserDef8Path", field},
+        {"Create13", "Browse2Btn", "UserDef10Path", field},
+        {"Create17", "Browse1Btn", "TemplatePath", "Browse For Product Template|Word Templates (*.dot)|*.dot|.doc||"},
+        {"Create17", "Browse1Btn Browse2Btn", "DefaultOutputFile", "Select Default Output Document" + word + "|C:\\a"},
+        {"Create18", "Browse1Btn", "SettingsPath", "Browse For Export File|Kelmarsh Settings (*.kls)|*.kls|.kls||"},
+    };
+    for (const Case& c : cases) {
+        Walk walk(c.page);
+        walk.act(c.box + "=typed");
+        walk.dialog.answers = {"C:\\a"};  // and a cancel of what is asked next
+        walk.act(c.words);
+        const FileQuestion& q = walk.dialog.questions.back();
+        EXPECT_EQ(q.title + '|' + q.filter + '|' + q.defaultExtension + '|' + q.initialFolder + '|' + q.fileName,
+                  c.question);
+        EXPECT_EQ(walk.text(c.page, c.box), "C:\\a") << c.page << c.words;
+    }
+    Walk walk("Create3");
+    walk.act("CoverPage2=typed Browse2Btn");  // a cancel as the first use
     EXPECT_EQ(walk.text("Create3", "CoverPage2"), "");
-    walk.dialog.answers = {"C:\\a.doc", std::nullopt};
-    walk.user.press("Browse1Btn").type("CoverPage3", "typed").press("Browse3Btn");
-    EXPECT_EQ(walk.text("Create3", "CoverPage3"), "C:\\a.doc");
-    const FileQuestion& q = walk.dialog.questions.back();
-    EXPECT_EQ(q.title + '|' + q.filter + '|' + q.defaultExtension + '|' + q.initialFolder + '|' + q.fileName,
-              "Browse For Cover Page|Word Documents (*.doc)|*.doc|.doc|C:\\|C:\\a.doc");
-
-    Walk control;
-    control.createTo("Create17");
-    control.dialog.answers = {"C:\\t.dot", std::nullopt};
-    control.user.press("Browse1Btn").press("Browse2Btn");
-    EXPECT_EQ(control.text("Create17", "DefaultOutputFile"), "C:\\t.dot");
-    ASSERT_EQ(control.dialog.questions.size(), 2u);
-    EXPECT_EQ(control.dialog.questions[0].title + control.dialog.questions[0].filter,
-              "Browse For Product TemplateWord Templates (*.dot)|*.dot");
-    EXPECT_EQ(control.dialog.questions[1].title + control.dialog.questions[1].filter,
-              "Select Default Output DocumentWord Documents (*.doc)|*.doc");
-    EXPECT_EQ(control.dialog.questions[1].initialFolder, "");
 }
 
 TEST(OptionalSections, AFileTurnsTheSectionOn) {
-    Walk walk;
-    walk.createTo("Create5");
+    Walk walk("Create5");
     const Create5& page = walk.pages.create5;
     const auto switches = [&] { return page.mayDisable.stored() + page.display.stored() + page.byDefault.stored(); };
     EXPECT_EQ(switches(), "000");
-    walk.dialog.answers = {"C:\\s.doc"};
-    walk.user.press("Browse1Btn");
-    EXPECT_EQ(switches(), "111");
-    walk.user.check("ShowCourseBriefing", false).type("CourseBriefPath", "C:\\s.doc");
-    EXPECT_EQ(switches(), "101");  // no change, no event
-    walk.user.type("CourseBriefPath", "");
-    EXPECT_EQ(switches(), "101");
-    walk.user.type("CourseBriefPath", "s");
-    EXPECT_EQ(switches(), "111");
+    const std::vector<std::pair<std::string, std::string>> steps{
+        {"CourseBriefPath=s.doc", "111"},
+        {"ShowCourseBriefing=0 CourseBriefPath=s.doc", "101"},  // no change, no event
+        {"CourseBriefPath=", "101"},
+        {"CourseBriefPath=s", "111"},
+    };
+    for (const auto& [words, expected] : steps) {
+        walk.act(words);
+        EXPECT_EQ(switches(), expected) << words;
+    }
 }
 
 TEST(UserFields, BoxesGoByThePathAndStayEnabled) {
-    Walk walk;
-    walk.createTo("Create10");
+    Walk walk("Create10");
     EXPECT_EQ(walk.pages.create10.field(3).pos.rows(),
               (std::vector<std::string>{"After Cover", "After Content Summary", "Before Topics", "After Topics",
                                         "After Conclusion"}));
-    walk.user.type("UserDef2", "R&D").type("UserDef3Path", "p.doc").choose("UserDef3Pos", 4);
-    for (int n = 0; n < 4; ++n) walk.user.press("NextBtn");
+    walk.act("UserDef2=R&D UserDef3Path=p.doc UserDef3Pos=4 NextBtn*4");
     ASSERT_EQ(walk.front(), "Create14");
     const auto box = [&](int n) -> const CheckBox& {
         return static_cast<const CheckBox&>(control(walk.pages, "Create14", "AllowNoUserDefined" + std::to_string(n)));
     };
-    EXPECT_EQ(box(2).caption(), "R&D");
-    EXPECT_FALSE(box(2).enabled());
-    EXPECT_EQ(box(3).caption(), "");
-    EXPECT_TRUE(box(3).enabled());
-    walk.user.check("AllowNoUserDefined3");
-    for (int n = 0; n < 4; ++n) walk.user.press("BackBtn");
-    walk.user.type("UserDef3Path", "").type("UserDef1Path", "q.doc");
-    for (int n = 0; n < 4; ++n) walk.user.press("NextBtn");
+    EXPECT_EQ(box(2).caption() + box(3).caption(), "R&D");
+    EXPECT_TRUE(!box(2).enabled() && box(3).enabled());
+    walk.act("AllowNoUserDefined3=1 BackBtn*4 UserDef3Path= UserDef1Path=q.doc NextBtn*4");
     EXPECT_TRUE(box(1).enabled() && box(3).enabled());
     EXPECT_EQ(box(3).value(), 0);
 }
 
 TEST(SmartFields, AreListedWithTheirDelimiters) {
-    Walk walk;
-    walk.createTo("Create19");
+    Walk walk("Create19");
     const Create19& page = walk.pages.create19;
-    walk.user.press("CreateBtn");
-    EXPECT_EQ(walk.message(), "Empty SmartField: You have not entered a SmartField.");
+    EXPECT_EQ(walk.act("CreateBtn").message(), "Empty SmartField: You have not entered a SmartField.");
     EXPECT_EQ(page.SmartFieldsDefault.value(), 0);
-    walk.user.press("DeleteBtn");
-    EXPECT_EQ(walk.message(), "No SmartFields To Delete: No SmartFields to delete");
-    for (const char* text : {"Price", "Date", "<!!>"}) walk.user.type("SmartFieldText", text).press("CreateBtn");
+    EXPECT_EQ(walk.act("UpdateBtn DeleteBtn").message(), "No SmartFields To Delete: No SmartFields to delete");
+    for (const std::string text : {"Price", "Date", "<!!>"}) {
+        walk.act("SmartFieldText=" + text + " CreateBtn");
+        EXPECT_EQ(page.SmartFields.text() + page.SmartFieldText.text(), "<!" + text + "!>");
+    }
     EXPECT_EQ(page.SmartFields.rows(), (std::vector<std::string>{"<!Price!>", "<!Date!>", "<!<!!>!>"}));
     EXPECT_EQ(page.SmartFieldsDefault.value(), 1);
-    walk.user.choose("SmartFields", 1);
-    EXPECT_EQ(page.SmartFieldText.text(), "Date");
-    walk.user.type("SmartFieldText", "").press("UpdateBtn");  // an empty box is taken
-    EXPECT_EQ(page.SmartFields.rows()[1], "<!!>");
+    walk.act("SmartFieldsDefault=0 CreateBtn SmartFields=1");  // the refusal ticks the box as well
+    EXPECT_EQ(page.SmartFieldText.text() + page.SmartFieldsDefault.stored(), "Date1");
+    walk.act("SmartFieldText= UpdateBtn");  // an empty box is taken
+    EXPECT_EQ(page.SmartFields.rows()[1] + walk.pages.smartFieldModule.SmartFieldList.at(1), "<!!><!!>");
     EXPECT_EQ(page.SmartFieldText.text(), "Price");  // the first row is shown again
-    walk.user.press("DeleteBtn");
+    walk.act("DeleteBtn");
     EXPECT_EQ(walk.pages.smartFieldModule.SmartFieldList.at(1), "<!<!!>!>");
-    walk.user.press("DeleteBtn").press("DeleteBtn");
-    EXPECT_EQ(page.SmartFieldCount, 0);
-    EXPECT_EQ(page.SmartFieldsDefault.value(), 0);
+    EXPECT_EQ(page.SmartFields.text() + page.SmartFieldText.text(), "<!!>");
+    walk.act("DeleteBtn DeleteBtn");
+    EXPECT_EQ(page.SmartFieldCount + page.SmartFieldsDefault.value(), 0);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ void end(Screen& screen, const std::string& report) noexcept {
     } catch (const std::exception&) {
         // The report failed too, as it may without memory. The program ends all the same.
     }
-    screen.quit();
+    screen.quitByFailure();
 }
 
 }  // namespace

@@ -89,11 +89,11 @@ public:
                                                  std::uint32_t capacity) = 0;
     // Gives the name of the value at `index` with its terminator. `length` holds the room in bytes on the way in and
     // the name's length, without terminator, on the way out; too little room is moreData. If `data` is asked for, it
-    // gets what queryValue would read by that name, or nothing where only queryValue can tell: the value is large, or
-    // the code page lacks a character of its name or its text.
+    // gets what queryValue would read by that name. It gets nothing if the value has to be read by queryValue, because
+    // it is large or because the code page lacks a character of its name or text.
     [[nodiscard]] virtual RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name,
                                                    std::uint32_t& length, std::optional<ValueData>* data = nullptr) = 0;
-    // Gives the length of the key's longest value name without terminator, in characters: in bytes it may be longer.
+    // Gives the length of the key's longest value name, without terminator, in characters; in bytes it may be longer.
     [[nodiscard]] virtual RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) = 0;
 
     // Replaces every %NAME% that the environment knows by its text; the others stay as they are.

@@ -43,6 +43,8 @@ public:
 
     // Ends the program after the running event.
     virtual void quit() = 0;
+    // The same behind the report of a failure. A screen that gives an exit code makes it 1.
+    virtual void quitByFailure() { quit(); }
 };
 
 }  // namespace vrix

@@ -11,6 +11,7 @@ int main() {
     try {
         vrix::JournalRegistry registry(vrix::localDataFile("Vrix Toolkit Trial", "store.journal"),
                                        &vrix::environmentText, vrix::makeJournalDisk());
+        screen.onPause = [&] { registry.sync(); };
         return vrix::runOnWindows(registry, screen);
     } catch (const vrix::JournalError& error) {
         vrix::tell(error.what(), vrix::programTitle);

@@ -39,7 +39,7 @@ std::string escapedPath(const std::string& path) {
     const auto doubled = findDoubled(path);
     const bool network = doubled != std::string::npos;
     const std::string kept = network ? path.substr(doubled + 2) : path;
-    std::string escaped = network && !kept.empty() ? "\\\\" : "";
+    std::string escaped = network && !kept.empty() ? "\\\\\\\\" : "";
     for (std::size_t at = 0; at < kept.size(); at += characterSize(kept, at)) {
         if (kept[at] == '\\') escaped += kept[at];
         escaped.append(kept, at, characterSize(kept, at));

@@ -84,7 +84,8 @@ public:
     }
     void end(const std::string& backup) {
         if (run_.request.json) {
-            run_.printJson(Json{{"written", !run_.request.dryRun}, {"backup", backup}, {"changes", std::move(changes_)}});
+            run_.printJson(
+                Json{{"written", !run_.request.dryRun}, {"backup", backup}, {"changes", std::move(changes_)}});
         } else if (count_ > 0) {
             run_.print(counted(count_, "change") + (run_.request.dryRun ? " to make; nothing was written." : " made."));
             if (!backup.empty()) run_.print("The store as it was is the backup " + quoted(backup) + ".");

@@ -22,7 +22,9 @@ Store::Store(Run& run, const StoreChoice& choice, Use use)
     }
 }
 
-Store::~Store() = default;
+Store::~Store() {
+    if (journal_ != nullptr) journal_->sync();
+}
 
 Registry& Store::registry() { return backedUp_ ? *backedUp_ : *store_; }
 
@@ -39,7 +41,9 @@ void Store::openRegistry(RegistryView view) {
 
 void Store::openJournal(const std::string& path, const std::string& name, Use use) {
     if (use == Use::writing) {
-        store_ = std::make_unique<JournalRegistry>(path, Environment(), host_.journalDisk());
+        auto journal = std::make_unique<JournalRegistry>(path, Environment(), host_.journalDisk());
+        journal_ = journal.get();
+        store_ = std::move(journal);
     } else if (const auto disk = host_.journalDisk(); disk->isFile(path)) {
         store_ = std::make_unique<JournalSnapshot>(path, Environment(), *disk);
     } else if (use == Use::rehearsing) {

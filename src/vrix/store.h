@@ -12,6 +12,8 @@
 
 namespace vrix {
 
+class JournalRegistry;
+
 // The store that a run works on, open. A journal that is only read stays as it is. One that is written to must be free:
 // it is refused while another program has it.
 class Store {
@@ -45,6 +47,7 @@ private:
     bool isRegistry_;
     std::unique_ptr<JournalDisk> disk_;  // of the backups
     std::unique_ptr<Registry> store_;
+    JournalRegistry* journal_ = nullptr;  // the store, where it is one that is written to
     std::unique_ptr<BackupFolder> backups_;
     std::unique_ptr<Registry> backedUp_;
     std::string backup_;

@@ -7,7 +7,7 @@ set -euo pipefail
 . scripts/wine.sh
 . tests/driven/registry.sh
 trap - EXIT
-out=build/driven/registry
+out=build/driven/registry${words:+/$code_page}
 rm -rf "$out"
 mkdir -p "$out/program"
 cp build/win64/VrixToolkit.exe "$out/program"
@@ -15,16 +15,19 @@ for library in comdlg32 comctl32; do
     echo 'int planted;' | x86_64-w64-mingw32-gcc-posix -shared -x c - -o "$out/program/$library.dll"
 done
 empty_store
+in_words tests/walks/sample.walk >"$out/sample.walk"
 WINEDLLOVERRIDES="$WINEDLLOVERRIDES;comdlg32,comctl32=n,b" \
-    drive tests/walks/sample.walk "$out/program/VrixToolkit.exe" "$out"
+    drive "$out/sample.walk" "$out/program/VrixToolkit.exe" "$out/$(in_words <<<Docs)"
 
 store >"$out/store"
 time=$(sed -n 's/^.*|Creation Date=//p' "$out/store")
 awk '/^\[]/ { next } /^\[/ { gsub(/[][]/, ""); key = "\\" $0; print key "|"; next } { print key "|" $0 }' \
-    tests/expected/sample.tree | sed "s|Creation Date=.*|Creation Date=$time|" | sort | diff - "$out/store"
+    <(in_words tests/expected/sample.tree) | sed "s|Creation Date=.*|Creation Date=$time|" | sort | diff - "$out/store"
 
+sample=$out/$(in_words <<<Docs)/sample.kls
+diff <(in_words tests/expected/sample.kls | iconv -f UTF-8 -t "$code_page" | without_time) <(without_time <"$sample")
 empty_store
-merge "$out/sample.kls"
+merge "$sample"
 # The file has a section for SmartFields, and the merge makes its key, where the store has none.
-store | grep -vxF '\Toolkit\SampleKey\SmartFields|' >"$out/merged"
+store | grep -vxF "$(in_words <<<'\Toolkit\SampleKey\SmartFields|')" >"$out/merged"
 sed 's/|Creation Date=/|CreationDate=/' "$out/store" | sort | diff - "$out/merged"

@@ -2,22 +2,35 @@
 
 #include <cstdlib>
 #include <set>
+#include <utility>
 
+#include "common/code_page.h"
 #include "makers/embedded/memory_registry.h"
 #include "makers/kept/kept_keys.h"
+#include "makers/win32/startup.h"
+#include "makers/win32/wide_text.h"
+#include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
 #include "registry_suite.h"
 #include "store/cregistry.h"
+#include "store/cregistry_functions.h"
 
 namespace vrix {
+
+using namespace std::string_literals;
+
 namespace {
 
 class MachineRegistry : public testing::Test {
 protected:
     MachineRegistry() {
+        useSystemCodePage();
         for (const auto& [name, text] : testEnvironment) SetEnvironmentVariableA(name.c_str(), text.c_str());
     }
-    ~MachineRegistry() override { forget(); }
+    ~MachineRegistry() override {
+        forget();
+        useCodePage(1252);
+    }
     static void forget() {
         for (const char* key : {"Software\\Vrix.T", "Software\\Vrix.U"}) RegDeleteTreeA(HKEY_LOCAL_MACHINE, key);
     }
@@ -79,6 +92,43 @@ TEST_F(MachineRegistry, ListsValuesAsSingleReadsGiveThem) {
         }
     }
     EXPECT_EQ(alone, (std::set<std::string>{"outside", "za", "?", "long", std::string(2'000, '\xFC')}));
+}
+
+TEST_F(MachineRegistry, ListsNamesOfCharactersOfAnySize) {
+    CPINFO page{};
+    GetCPInfo(CP_ACP, &page);
+    const bool longer = page.MaxCharSize > 1;
+    std::set<std::string> expected, listed;
+    for (const wchar_t* name : {longer ? L"安全" : L"\u00fc", longer ? L"漢字漢字" : L"\u00fc\u00fc\u00fc\u00fc",
+                                longer ? L"表題" : L"a", longer ? L"道具" : L"ab"}) {
+        RegSetKeyValueW(HKEY_LOCAL_MACHINE, L"Software\\Vrix.T\\Topics", name, REG_SZ, L"", sizeof *name);
+        expected.insert(narrow(name));
+    }
+    KeptKeys kept(registry);
+    for (Registry* each : {static_cast<Registry*>(&registry), static_cast<Registry*>(&kept)}) {
+        const SettingsTable topics = cRegistryFunctions(*each).GetAllSettings("Vrix.T", "Topics");
+        for (int row = 0; row < topics.rowCount(); ++row) listed.insert(topics.name(row));
+        EXPECT_EQ(std::exchange(listed, {}), expected);
+    }
+}
+
+TEST(Win32Disk, KeepsAJournalInAFolderThatTheCodePageCannotName) {
+    const TemporaryFolder folder;
+    const std::wstring local = folder.folder.wstring() + L"\\\u03a9\u0101\u4e88\U0001f600";
+    CreateDirectoryW(local.c_str(), nullptr);
+    SetEnvironmentVariableW(L"LOCALAPPDATA", local.c_str());
+    const std::filesystem::path file = local + L"\\Store\\journal";
+    const auto open = [] {
+        return std::make_unique<JournalRegistry>(localDataFile("Store", "journal"), nullptr, makeJournalDisk());
+    };
+    for (auto [registry, i] = std::pair(open(), 0); i < 1'000; ++i)
+        registry->setValue(hive::classesRoot, "v", 4, &i, 4);
+    EXPECT_EQ(listing(*open(), hive::classesRoot), "v:4=\xE7\3\0\0;"s);
+    const auto rewritten = std::filesystem::file_size(file);
+    EXPECT_LT(rewritten, 100u);
+    std::ofstream(file, std::ios::app | std::ios::binary) << "torn";
+    open();
+    EXPECT_EQ(std::filesystem::file_size(file), rewritten);
 }
 
 }  // namespace

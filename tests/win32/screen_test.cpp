@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "common/runtime_failure.h"
 #include "makers/embedded/memory_registry.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/wide_text.h"
@@ -12,15 +13,37 @@ namespace {
 
 const std::string endless(300, 'W');
 
-// The window of the form that is on the screen.
-HWND shownForm() {
-    HWND form = nullptr;
+std::string className(HWND window) {
+    char name[20]{};
+    GetClassNameA(window, name, sizeof(name));
+    return name;
+}
+
+// The frames that are on the screen, the front one first.
+std::vector<HWND> shownFrames() {
+    std::vector<HWND> frames;
     const auto take = [](HWND window, LPARAM found) WINAPI -> BOOL {
-        if (IsWindowVisible(window) && GetWindow(window, GW_CHILD) != nullptr) *reinterpret_cast<HWND*>(found) = window;
+        const bool shown = IsWindowVisible(window) && className(window) == "VrixFrame";
+        if (shown) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
         return TRUE;
     };
-    EnumThreadWindows(GetCurrentThreadId(), take, reinterpret_cast<LPARAM>(&form));
+    EnumThreadWindows(GetCurrentThreadId(), take, reinterpret_cast<LPARAM>(&frames));
+    return frames;
+}
+
+// The window of the form in a frame.
+HWND formIn(HWND frame) {
+    HWND form = GetWindow(frame, GW_CHILD);
+    while (form != nullptr && !(GetWindowLongA(form, GWL_STYLE) & WS_VISIBLE)) form = GetWindow(form, GW_HWNDNEXT);
     return form;
+}
+
+HWND shownForm() { return shownFrames().empty() ? nullptr : formIn(shownFrames().front()); }
+
+RECT areaOf(HWND window) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
 }
 
 std::vector<ControlWindow*> shownControls() {
@@ -29,6 +52,33 @@ std::vector<ControlWindow*> shownControls() {
         if (ControlWindow::of(child)->shown()) found.push_back(ControlWindow::of(child));
     }
     return found;
+}
+
+HWND windowOf(const Control& control) {
+    for (const ControlWindow* window : shownControls()) {
+        if (&window->control() == &control) return window->handle();
+    }
+    return nullptr;
+}
+
+// Lets the windows work until something is so, or for two seconds.
+template <class Condition>
+bool comes(const Condition& condition) {
+    for (int looks = 0; looks < 200 && !condition(); ++looks, Sleep(10)) {
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+    }
+    return condition();
+}
+
+void setDpi(int dpi, const RECT& suggested) {
+    SendMessageA(shownFrames().front(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+}
+
+void setTextScale(DWORD percent) {
+    RegSetKeyValueA(HKEY_CURRENT_USER, "Software\\Microsoft\\Accessibility", "TextScaleFactor", REG_DWORD, &percent,
+                    sizeof(percent));
+    SendMessageA(shownFrames().front(), WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>("WindowMetrics"));
 }
 
 // The size that a control's text takes at its font.
@@ -49,6 +99,8 @@ protected:
     void TearDown() override {
         screen.quit();
         screen.run();  // which takes the windows away
+        MSG end;
+        PeekMessageA(&end, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     }
 
     // Shows one form after the other.
@@ -62,6 +114,10 @@ protected:
             look(*form);
             screen.event([&] { form->hide(); });
         }
+    }
+
+    void press(ImageButton& button) {
+        screen.event([&] { button.mouseUp(); });
     }
 
     MemoryRegistry registry{[](const std::string&) { return std::nullopt; }};
@@ -109,13 +165,17 @@ TEST_F(ScreenTest, FitsAtEveryScaleWithTextsOfAnyLength) {
             program.toolkit().edit2.Label2.setCaption(endless);
             program.toolkit().delete2.DeleteProductTxt.setCaption(endless);
         });
-        for (const int dpi : {96, 120, 144, 192, 288}) {
-            SCOPED_TRACE(dpi);
-            const RECT corner{};
-            SendMessageA(shownForm(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&corner));
-            RECT client{};
-            GetClientRect(shownForm(), &client);
-            const Style style(MulDiv(client.right, 96, form.size().width));
+        struct Scale {
+            int dpi;
+            int text;  // in per cent
+        };
+        for (const auto& [dpi, text] : {Scale{96, 100}, Scale{120, 100}, Scale{144, 100}, Scale{192, 100},
+                                        Scale{288, 100}, Scale{96, 130}, Scale{96, 225}}) {
+            SCOPED_TRACE(std::to_string(dpi) + ", " + std::to_string(text));
+            setTextScale(static_cast<DWORD>(text));
+            setDpi(dpi, {});
+            const Style style(MulDiv(dpi, text, 100));
+            EXPECT_EQ(areaOf(shownForm()).right - areaOf(shownForm()).left, style.px(form.size().width));
             std::vector<RECT> areas;
             for (const ControlWindow* window : shownControls()) {
                 SCOPED_TRACE(window->control().name());
@@ -131,6 +191,139 @@ TEST_F(ScreenTest, FitsAtEveryScaleWithTextsOfAnyLength) {
             }
         }
     });
+    setTextScale(100);
+}
+
+TEST_F(ScreenTest, ShowsAllPagesInOneFrameWhereTheUserLeftIt) {
+    Toolkit& pages = program.toolkit();
+    screen.event([&] { pages.toolkitMain.show(); });
+    const std::vector<HWND> frame = shownFrames();
+    SetWindowPos(frame.front(), nullptr, 0, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    const RECT left = areaOf(frame.front());
+    const auto go = [&](Form& from, Form& to) {
+        screen.event([&] { leaveFor(from, to); });
+        EXPECT_EQ(shownForm(), formIn(shownFrames().front()));
+        EXPECT_TRUE(to.visible());
+        return shownFrames();
+    };
+    EXPECT_EQ(go(pages.toolkitMain, pages.create5), frame);
+    EXPECT_EQ(areaOf(frame.front()).top, 200);
+    EXPECT_EQ(go(pages.create5, pages.create6), frame);
+    EXPECT_EQ(go(pages.create6, pages.toolkitMain), frame);
+    const RECT again = areaOf(frame.front());
+    EXPECT_TRUE(EqualRect(&again, &left));  // the page is wider, and was moved in from the edge
+    // Two pages have two frames, until one of them goes.
+    go(pages.toolkitMain, pages.create17);
+    press(pages.create17.ExitBtn);
+    EXPECT_EQ(shownFrames().size(), 2);
+    EXPECT_EQ(go(pages.toolkitMain, pages.create17), frame);
+}
+
+TEST_F(ScreenTest, KeepsTheFocusWhileAwayAndBeginsANewPageAtItsFirstInput) {
+    Toolkit& pages = program.toolkit();
+    screen.event([&] { pages.create5.show(); });
+    const HWND frame = shownFrames().front();
+    const HWND box = windowOf(*pages.create5.find("AllowNoCourseBriefing"));
+    SetFocus(box);
+    press(pages.create5.NextBtn);
+    const HWND path = windowOf(*pages.create6.find("TOCPath"));
+    EXPECT_EQ(GetFocus(), path);
+    press(pages.create6.BackBtn);
+    EXPECT_EQ(GetFocus(), box);
+    press(pages.create5.NextBtn);
+    // Minimised. A change of the scale waits.
+    screen.event([&] { pages.create6.find("TOCPath")->restore("a path"); });
+    SendMessageA(path, EM_SETSEL, 1, 3);
+    ShowWindow(frame, SW_MINIMIZE);
+    setDpi(144, areaOf(frame));
+    ShowWindow(frame, SW_RESTORE);
+    EXPECT_TRUE(comes([&] { return GetFocus() == path; }));
+    EXPECT_EQ(SendMessageA(path, EM_GETSEL, 0, 0), MAKELONG(1, 3));
+    EXPECT_EQ(areaOf(shownForm()).right - areaOf(shownForm()).left, 960);
+    // A page that is disabled takes no key.
+    screen.event([&] { pages.create6.setEnabled(false); });
+    EXPECT_EQ(GetFocus(), frame);
+    screen.event([&] { pages.create6.setEnabled(true); });
+    EXPECT_EQ(GetFocus(), path);
+}
+
+TEST_F(ScreenTest, FollowsThePlatformToAnotherMonitorAndIgnoresWhatConcernsOthers) {
+    Toolkit& pages = program.toolkit();
+    screen.event([&] { pages.create5.show(); });
+    const HWND box = windowOf(*pages.create5.find("CourseBriefPath"));
+    SIZE size{};
+    SendMessageA(shownFrames().front(), WM_GETDPISCALEDSIZE, 120, reinterpret_cast<LPARAM>(&size));
+    SendMessageA(shownFrames().front(), WM_ENTERSIZEMOVE, 0, 0);
+    const RECT suggested{-200, 100, size.cx - 200, 100 + size.cy};
+    setDpi(120, suggested);
+    const RECT area = areaOf(shownFrames().front());
+    EXPECT_TRUE(EqualRect(&area, &suggested));
+    const LRESULT font = SendMessageA(box, WM_GETFONT, 0, 0);
+    SendMessageA(shownFrames().front(), WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>("Environment"));
+    EXPECT_EQ(SendMessageA(box, WM_GETFONT, 0, 0), font);
+}
+
+TEST_F(ScreenTest, EndsAButtonsHoverAndItsPressWhenThePointerIsLost) {
+    ImageButton& button = program.toolkit().create5.NextBtn;
+    screen.event([&] { program.toolkit().create5.show(); });
+    const RECT area = areaOf(windowOf(button));
+    const auto has = [&](ImageButton::Face face) { return comes([&] { return button.face() == face; }); };
+    SetCursorPos(area.left + 2, area.top + 2);
+    EXPECT_TRUE(has(ImageButton::Face::hover));
+    SetCursorPos(0, 0);  // at once, and over nothing of the page on the way
+    EXPECT_TRUE(has(ImageButton::Face::normal));
+    SendMessageA(windowOf(button), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
+    EXPECT_TRUE(has(ImageButton::Face::pressed));
+    ReleaseCapture();
+    EXPECT_TRUE(has(ImageButton::Face::normal));
+    EXPECT_TRUE(program.toolkit().create5.visible());
+}
+
+TEST_F(ScreenTest, ReportsAFailureWholeAndTakesNothingMeanwhile) {
+    static HWND next = nullptr;
+    static RECT title{};
+    static SIZE caption{};
+    screen.event([&] { program.toolkit().create5.show(); });
+    next = windowOf(program.toolkit().create5.NextBtn);
+    const auto answer = [](HWND, UINT, UINT_PTR timer, DWORD) WINAPI {
+        const HWND box = FindWindowA("#32770", programTitle);
+        if (box == nullptr) return;
+        KillTimer(nullptr, timer);
+        SendMessageA(next, BM_CLICK, 0, 0);
+        SendMessageA(GetParent(next), WM_COMMAND, static_cast<WPARAM>(GetDlgCtrlID(next)),
+                     reinterpret_cast<LPARAM>(next));
+        TITLEBARINFO bar{};
+        bar.cbSize = sizeof(bar);
+        GetTitleBarInfo(box, &bar);
+        title = bar.rcTitleBar;
+        NONCLIENTMETRICSA metrics{};
+        metrics.cbSize = sizeof(metrics);
+        SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
+        const Owned<HFONT> font(CreateFontIndirectA(&metrics.lfCaptionFont));
+        const HDC dc = GetDC(box);
+        {
+            const Selected selected(dc, font.get());
+            caption = measured(dc, programTitle, 0, DT_SINGLELINE);
+        }
+        ReleaseDC(box, dc);
+        PostMessageA(box, WM_COMMAND, IDOK, 0);
+    };
+    SetTimer(nullptr, 0, 50, answer);
+    screen.event([] { throw RuntimeFailure(FailureNumber::typeMismatch); });
+    EXPECT_EQ(screen.run(), 1);
+    EXPECT_TRUE(program.toolkit().create5.visible());
+    EXPECT_GT(title.right - title.left - GetSystemMetrics(SM_CXSIZE), caption.cx);
+}
+
+TEST_F(ScreenTest, KeepsTheCurrentFolderWhateverADialogDoes) {
+    const auto folder = [] {
+        std::string name(MAX_PATH, '\0');
+        name.resize(GetCurrentDirectoryA(MAX_PATH, name.data()));
+        return name;
+    };
+    const std::string before = folder();
+    screen.modal([](HWND) { SetCurrentDirectoryA("C:\\windows"); });
+    EXPECT_EQ(folder(), before);
 }
 
 // What a screen reader hears of a control comes from its window: the class, the text, the style and the state.

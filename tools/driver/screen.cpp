@@ -26,19 +26,10 @@ std::string className(HWND window) {
     return name;
 }
 
-std::string narrow(const wchar_t* text) {
-    char narrowed[4096]{};
-    WideCharToMultiByte(CP_ACP, 0, text, -1, narrowed, sizeof(narrowed) - 1, nullptr, nullptr);
-    return narrowed;
-}
-
-// Wide, since Wine does not narrow the rows of a list on their way from another program.
 std::string row(HWND list, UINT lengthMessage, UINT textMessage, WPARAM index) {
     std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(0, ask(list, lengthMessage, index))) + 1, L'\0');
-    DWORD_PTR length = 0;
-    const auto place = reinterpret_cast<LPARAM>(text.data());
-    SendMessageTimeoutW(list, textMessage, index, place, SMTO_ABORTIFHUNG, patience, &length);
-    return narrow(text.c_str());
+    ask(list, textMessage, index, reinterpret_cast<LPARAM>(text.data()));
+    return inUtf8(text.c_str());
 }
 
 using Pixels = std::vector<std::uint32_t>;
@@ -100,23 +91,39 @@ WORD keyNamed(const std::string& name) {
 
 }  // namespace
 
+std::string inUtf8(const wchar_t* text) {
+    std::string narrowed(static_cast<std::size_t>(lstrlenW(text)) * 3 + 1, '\0');
+    const auto room = static_cast<int>(narrowed.size());
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, narrowed.data(), room, nullptr, nullptr);
+    return narrowed.c_str();
+}
+
+std::wstring inUtf16(const std::string& text) {
+    std::wstring wide(text.size() + 1, L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, wide.data(), static_cast<int>(wide.size()));
+    return wide.c_str();
+}
+
 bool isClass(HWND window, const char* name) { return lstrcmpiA(className(window).c_str(), name) == 0; }
 
 LRESULT ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     DWORD_PTR answer = 0;
-    SendMessageTimeoutA(window, message, wParam, lParam, SMTO_ABORTIFHUNG, patience, &answer);
+    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, patience, &answer);
     return static_cast<LRESULT>(answer);
 }
 
 std::string textOf(HWND window) {
-    std::string text(static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, '\0');
+    std::wstring text(static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, L'\0');
     ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    std::erase(text, '\r');
-    return text.c_str();
+    std::erase(text, L'\r');
+    return inUtf8(text.c_str());
 }
 
 bool live(HWND window) {
-    return IsWindowVisible(window) && IsWindowEnabled(window) && IsWindowEnabled(GetAncestor(window, GA_ROOT));
+    if (!IsWindowVisible(window)) return false;
+    const HWND desktop = GetDesktopWindow();
+    while (window != desktop && IsWindowEnabled(window)) window = GetAncestor(window, GA_PARENT);
+    return window == desktop;
 }
 
 RECT areaOf(HWND window) {
@@ -164,7 +171,7 @@ std::string spokenNameOf(HWND control) {
     BSTR name = nullptr;
     object->get_accName(self, &name);
     object->Release();
-    const std::string spoken = name == nullptr ? std::string() : narrow(name);
+    const std::string spoken = name == nullptr ? std::string() : inUtf8(name);
     SysFreeString(name);
     return spoken;
 }
@@ -220,8 +227,8 @@ void takePicture(const RECT& area, const std::string& file) {
     Gdiplus::GdiplusStartup(&session, &input, nullptr);
     constexpr CLSID png{0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
     Gdiplus::Bitmap bitmap(width, height, width * 4, PixelFormat32bppRGB, reinterpret_cast<BYTE*>(pixels.data()));
-    const std::wstring name(file.begin(), file.end());
-    if (bitmap.Save(name.c_str(), &png, nullptr) != Gdiplus::Ok) throw StepFailure("no picture can be kept as " + file);
+    if (bitmap.Save(inUtf16(file).c_str(), &png, nullptr) != Gdiplus::Ok)
+        throw StepFailure("no picture can be kept as " + file);
 }
 
 // The screen reports the pointer's moves to the windows below it, and a late report of an older move takes the pointer
@@ -248,8 +255,7 @@ void drag(POINT from, POINT to) {
 }
 
 void typeCharacters(const std::string& text) {
-    for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
+    for (const wchar_t code : inUtf16(text)) {
         send({key(0, code, KEYEVENTF_UNICODE), key(0, code, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
     }
 }

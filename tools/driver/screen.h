@@ -15,6 +15,10 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// All texts here are UTF-8.
+std::string inUtf8(const wchar_t* text);
+std::wstring inUtf16(const std::string& text);
+
 bool isClass(HWND window, const char* name);
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 std::string textOf(HWND window);  // lines end with LF

@@ -1,17 +1,19 @@
 // Works the windows of a program from outside, as a walk tells it:
 //     vrix_driver WALK [NAME=VALUE ...]
-// A walk has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in double quotes as
-// they are on the screen, single words need none, a name in braces stands for a value given to the driver. "pictures"
-// names the folder for pictures; "hands=keyboard" leaves the mouse alone. What each window gives a screen reader to say
-// is printed. The exit code is 0 for a walk that came true in every step.
+// A walk is UTF-8 and has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in
+// double quotes as they are on the screen, single words need none, a name in braces stands for a value given to the
+// driver. "pictures" names the folder for pictures, where any are wanted; "hands=keyboard" leaves the mouse alone. What
+// each window gives a screen reader to say is printed. The exit code is 0 for a walk that came true in every step.
 
 #include <objbase.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iomanip>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -71,12 +73,17 @@ std::string joined(const std::vector<std::string>& texts, const char* separator)
 }
 
 bool isLabel(HWND control, const std::string& text) { return isClass(control, "STATIC") && textOf(control) == text; }
-bool isButton(HWND control, const std::string& text) { return isClass(control, "BUTTON") && textOf(control) == text; }
 bool shows(HWND window, const std::string& text) {
     const auto controls = controlsOf(window);
     return std::any_of(controls.begin(), controls.end(), [&](HWND control) { return isLabel(control, text); });
 }
 bool isDialog(HWND window) { return isClass(window, "#32770"); }
+// The buttons of a message box are in the language of the system, with numbers that are the same in all.
+bool isButton(HWND control, const std::string& text) {
+    const int number = text == "OK" ? IDOK : text == "Cancel" ? IDCANCEL : 0;
+    const bool numbered = number != 0 && isDialog(GetParent(control)) && GetDlgCtrlID(control) == number;
+    return isClass(control, "BUTTON") && (numbered || textOf(control) == text);
+}
 
 POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
 
@@ -119,11 +126,11 @@ public:
 
 private:
     void start(const Step& step) {
-        std::string command = '"' + step.text(0) + '"';
-        STARTUPINFOA how{};
+        std::wstring command = inUtf16('"' + step.text(0) + '"');
+        STARTUPINFOW how{};
         how.cb = sizeof(how);
         PROCESS_INFORMATION made{};
-        if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made)) {
+        if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &how, &made)) {
             throw StepFailure("the program cannot be started: error " + std::to_string(GetLastError()));
         }
         process_ = made.hProcess;
@@ -164,7 +171,7 @@ private:
             const HWND focus = focusOf(window);
             return isDialog(window) && textOf(window) == step.text(1) && focus != nullptr && isClass(focus, "EDIT");
         });
-        if (step.targets.size() > 2) typeInto(focusOf(window_), step.text(2));
+        if (step.targets.size() > 2) typeInto(focusOf(window_), step.text(2), step.text(2));
         leave();
         pressKeys(step.targets.size() > 2 ? "Enter" : "Esc");
         dialogEnds();
@@ -180,11 +187,12 @@ private:
         drag(middleOf(area), step.verb == "slip" ? POINT{area.right + 2, area.bottom + 2} : middleOf(area));
     }
 
+    // Types a text, of which the box may show something else.
     void type(const Step& step) {
         const HWND box = findLive(step.target(0));
         click(box, areaOf(box));
         await("focus in the box", [&] { return focusOf(window_) == box; });
-        typeInto(box, step.text(1));
+        typeInto(box, step.text(1), step.text(step.targets.size() > 2 ? 2 : 1));
     }
 
     void check(const Step& step) {
@@ -275,12 +283,14 @@ private:
     // Takes the window's picture if there is none yet. The pointer goes aside first, to where it is over no control.
     void leave() {
         if (name_.empty()) return;
-        POINT corner{3, 3};
-        ClientToScreen(window_, &corner);
-        moveTo(corner);
-        const std::string number = std::to_string(pictured_.size());
         speak();
-        takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
+        if (!pictures_.empty()) {
+            POINT corner{3, 3};
+            ClientToScreen(window_, &corner);
+            moveTo(corner);
+            const std::string number = std::to_string(pictured_.size());
+            takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
+        }
         name_.clear();
     }
 
@@ -288,7 +298,8 @@ private:
     void speak() const {
         std::cout << '"' << textOf(window_) << "\": " << name_ << '\n';
         for (const HWND control : controlsOf(window_)) {
-            if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || GetParent(control) != window_) continue;
+            const bool itsOwn = GetParent(control) == window_ || isClass(GetParent(control), "VrixForm");
+            if ((GetWindowLongA(control, GWL_STYLE) & WS_TABSTOP) == 0 || !itsOwn) continue;
             const std::string spoken = spokenNameOf(control);
             std::cout << "    " << spoken << '\n';
             if (spoken.empty() && live(control) && !isDialog(window_))
@@ -362,11 +373,11 @@ private:
         }
     }
 
-    void typeInto(HWND box, const std::string& text) const {
+    void typeInto(HWND box, const std::string& text, const std::string& shown) const {
         for (const char* keys : {"Home", "Shift+End", "Delete"}) pressKeys(keys);
         await("empty box", [&] { return textOf(box).empty(); });
         typeCharacters(text);
-        await("such text in the box", [&] { return textOf(box) == text; });
+        await("such text in the box", [&] { return textOf(box) == shown; });
     }
 
     std::string pictures_;
@@ -399,13 +410,14 @@ void walk(std::istream& stream, const Values& values) {
 
 }  // namespace vrix::driver
 
-int main(int count, char** arguments) {
-    const std::vector<std::string> words(arguments + 1, arguments + count);
+int wmain(int count, wchar_t** arguments) {
+    std::vector<std::string> words;
+    std::transform(arguments + 1, arguments + count, std::back_inserter(words), &vrix::driver::inUtf8);
     vrix::driver::Values values;
     for (const std::string& word : words) values[word.substr(0, word.find('='))] = word.substr(word.find('=') + 1);
     CoInitialize(nullptr);
     try {
-        std::ifstream stream(words.at(0));
+        std::ifstream stream(std::filesystem::path(vrix::driver::inUtf16(words.at(0))));
         if (!stream) throw std::runtime_error("the walk cannot be read");
         vrix::driver::walk(stream, values);
         return 0;

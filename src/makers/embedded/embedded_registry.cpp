@@ -97,7 +97,7 @@ RegistryStatus EmbeddedRegistry::setValue(RegistryKey key, const std::string& na
     Change change(Change::Kind::setValue, pathOf(*found), cut(name), type);
     if (size > 0)
         change.data = data == nullptr ? std::string(1, '\0') : std::string(static_cast<const char*>(data), size);
-    // The platform looks behind the text for a terminator that was not counted; here it is added unseen.
+    // The platform adds a terminator that was not counted if it finds one behind the text. Here it is added always.
     if (isText(type) && size > 0 && change.data.back() != '\0') change.data += '\0';
     if (const RegistryStatus status = persist(change); status != RegistryStatus::success) return status;
     put(*found, std::move(change));
@@ -281,7 +281,7 @@ void EmbeddedRegistry::put(Key& key, Change change) {
 }
 
 bool EmbeddedRegistry::replay(Change change) {
-    // No call could reach what has a zero byte in its name.
+    // A name with a zero byte could not be reached by any call.
     if (cut(change.path) != change.path || cut(change.name) != change.name) return false;
     PathMatch place{machine_, {}};
     if (walkPath(change.path, place) != RegistryStatus::success) return false;

@@ -15,7 +15,7 @@
 
 namespace vrix {
 
-// Gives the text of an environment name, or nothing. Case is its own affair.
+// Gives the text of an environment variable, or nothing if there is none. It decides whether case counts.
 using Environment = std::function<std::optional<std::string>(const std::string& name)>;
 
 // One change of the registry. A path counts from the machine's hive.
@@ -57,10 +57,10 @@ public:
 protected:
     explicit EmbeddedRegistry(Environment environment);
 
-    // Called with each change before it is made. Any status but success refuses it and leaves the registry as it was.
+    // Called with each change before it is made. Any status but success refuses the change: nothing is changed then.
     virtual RegistryStatus persist(const Change& change) = 0;
 
-    // Makes a change that was kept earlier. False, and nothing made, when it does not fit what is there, or when no
+    // Makes a change that was stored earlier. False, with nothing changed, if it does not fit what is there or if no
     // call could have made it.
     bool replay(Change change);
     // The changes that lead from an empty registry to this one, in order.

@@ -12,11 +12,11 @@ class JournalDisk {
 public:
     virtual ~JournalDisk() = default;
 
-    // Keeps a second program off one journal. What was acquired is held until this is destroyed, and freed by the
-    // system when the program is killed. False when another program, or another of this one, holds that file.
+    // Locks a journal against other users until this object is destroyed. If the program is killed, the system frees
+    // the lock. False if another program, or another object of this one, holds the lock.
     virtual bool acquire(const std::string& path) = 0;
 
-    // Puts a file in the place of another in one step. False, and both as they were, when the disk refuses.
+    // Replaces a file by another one in one step. False if the disk refuses; both files are unchanged then.
     virtual bool replace(const std::string& path, const std::string& by) = 0;
 
     // As std::fopen does it.
@@ -24,6 +24,10 @@ public:
 
     // Cuts a file to a size in bytes. False when the disk refuses.
     virtual bool cut(const std::string& path, std::uint64_t size);
+
+    // Brings all that was written to an open file onto the disk itself, where a loss of power leaves it. False when the
+    // disk refuses.
+    virtual bool sync(std::FILE* file) = 0;
 
     // False when the file is still there.
     virtual bool remove(const std::string& path);

@@ -69,7 +69,7 @@ journal::Extent journal::read(const std::string& path, JournalDisk& disk, const 
     const auto unreadable = error(path, "cannot be read.");
     const auto whole = source ? sizeOf(source.get()) : std::nullopt;
     if (!whole) throw unreadable;
-    // Bytes that must be there: one that the disk does not give is no end of the file.
+    // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
     const auto take = [&](std::uint64_t count) {
         std::string bytes(static_cast<std::size_t>(count), '\0');
         if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
@@ -119,6 +119,8 @@ std::optional<std::uint64_t> journal::write(const std::string& path, JournalDisk
         disk.remove(fresh);
         throw;
     }
+    // On the disk before it takes the old one's place: else a loss of power could leave neither.
+    whole = whole && std::fflush(target.get()) == 0 && disk.sync(target.get());
     if (std::fclose(target.release()) != 0) whole = false;
     if (whole && disk.replace(path, fresh)) return size;
     disk.remove(fresh);
@@ -147,6 +149,7 @@ void JournalFile::open() {
 bool JournalFile::append(const std::string& record) {
     if (torn_ && !truncateToWhole()) return false;
     const std::string frame = framed(record);
+    synced_ = false;
     if (put(stream_.get(), frame)) {
         size_ += frame.size();
         return true;
@@ -155,6 +158,10 @@ bool JournalFile::append(const std::string& record) {
     torn_ = true;
     truncateToWhole();
     return false;
+}
+
+void JournalFile::sync() {
+    if (!synced_) synced_ = disk_.sync(stream_.get());
 }
 
 bool JournalFile::truncateToWhole() {

@@ -22,8 +22,8 @@ public:
 std::string packed(std::uint32_t number);
 std::uint32_t unpacked(const std::string& bytes, std::size_t from);
 
-// A journal is a file of records: a line that says what it is, then for each record its length, a check of the length,
-// a check of the content (four bytes each, lowest first) and the content.
+// A journal is a file of records. Its first line says what it is. A record is the length of its content, a check sum of
+// the length, a check sum of the content (four bytes each, lowest first), and the content.
 namespace journal {
 
 inline constexpr std::size_t headSize = 12;
@@ -46,8 +46,8 @@ struct Extent {
 // for a file of another kind, for one that is damaged before its end, and for one that cannot be read.
 Extent read(const std::string& path, JournalDisk& disk, const Reader& reader);
 
-// Makes a journal of what `content` hands to its writer. It takes the place of a file that is there once it is whole.
-// Gives its size; nothing when the disk refuses, and all is as it was then.
+// Makes a journal of what `content` hands to its writer. A file that is there stays until the new one is whole and on
+// the disk itself. Gives its size; nothing if the disk refuses, and nothing has changed then.
 std::optional<std::uint64_t> write(const std::string& path, JournalDisk& disk, const Content& content);
 
 }  // namespace journal
@@ -64,10 +64,14 @@ public:
 
     std::uint64_t size() const { return size_; }
 
-    // Appends a record; it has left the program when this returns. False, and nothing appended, when the disk refuses.
+    // Appends a record and hands it to the system. False, with nothing appended, if the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
 
-    // Replaces the file by one of that content. A disk that refuses changes nothing. Throws JournalError when the file
+    // Brings what was appended since the last time onto the disk itself. What the disk refuses is tried again with the
+    // next call.
+    void sync();
+
+    // Replaces the file by one of that content; if the disk refuses, nothing changes. Throws JournalError if the file
     // cannot be opened again.
     void rewrite(const journal::Content& content);
 
@@ -80,6 +84,7 @@ private:
     journal::Stream stream_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it
+    bool synced_ = true;      // all of it is on the disk itself
 };
 
 }  // namespace vrix

@@ -32,7 +32,7 @@ std::string journalRecord(const Change& change) {
 
 JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk)
     : EmbeddedRegistry(std::move(environment)), disk_(std::move(disk)) {
-    // Opened before the lock, which cannot tell why it is refused.
+    // Opened before it is locked, since a lock that is refused does not say why.
     file_ = std::make_unique<JournalFile>(path, *disk_);
     if (!disk_->acquire(path)) throw JournalError("The file \"" + path + "\" is in use by another program.");
     file_->start([this](const std::string& record) {

@@ -12,15 +12,19 @@ namespace vrix {
 // One change as a record of a journal.
 std::string journalRecord(const Change& change);
 
-// A registry kept in one file to which every change is appended before the call that makes it returns, so that a
-// program that is killed loses nothing that was answered. A change that the disk refuses is registryIoFailed and not
-// made. The cost of a write does not depend on how much is stored.
+// A registry kept in one file. Every change is appended to it before the call returns, so a program that is killed
+// loses no change that was answered. If the disk refuses a change, the call answers registryIoFailed and changes
+// nothing. The cost of a write does not depend on how much is stored.
 class JournalRegistry final : public EmbeddedRegistry {
 public:
-    // Opens the journal, or makes a new one where no file is. A last record that was not written whole is dropped. A
-    // file most of which no longer counts is rewritten. Throws JournalError when the file is in use, is something else,
-    // is damaged, or cannot be opened and written; it is left as it was then.
+    // Opens the journal, or makes a new one if there is no file. A last record that was not written whole is dropped.
+    // If most of the file no longer counts, it is rewritten. Throws JournalError if the file is in use, is something
+    // else, is damaged, or cannot be opened and written; the file is unchanged then.
     JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk);
+
+    // Brings all changes onto the disk itself, so that a loss of power leaves them. To be called at the end of an
+    // event, before its outcome is shown.
+    void sync() { file_->sync(); }
 
 private:
     RegistryStatus persist(const Change& change) override;

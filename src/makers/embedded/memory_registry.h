@@ -6,7 +6,7 @@
 
 namespace vrix {
 
-// A registry that lives in memory and goes with its object.
+// A registry in memory. It ends with its object.
 class MemoryRegistry final : public EmbeddedRegistry {
 public:
     explicit MemoryRegistry(Environment environment = {}) : EmbeddedRegistry(std::move(environment)) {}

@@ -25,6 +25,7 @@ public:
     std::deque<Answer> answers;  // to the next messages; when none is left: ok
     std::vector<ShownMessage> messages;
     std::vector<std::string> formLog;  // such as "Create1 disabled", "Create1 hidden", "Create2 shown"
+    int changes = 0;                   // how often a control or the rows of a list were said to have changed
     bool ended = false;
 
     // The forms on the screen, the one shown last at the end.
@@ -33,8 +34,8 @@ public:
     void passTime();
 
     void formChanged(Form& form) override;
-    void controlChanged(Control&) override {}
-    void rowsChanged(Control&, RowChange) override {}
+    void controlChanged(Control&) override { ++changes; }
+    void rowsChanged(Control&, RowChange) override { ++changes; }
     void timerChanged(Timer& timer) override;
     Answer ask(const std::string& text, const std::string& title, Buttons buttons) override;
     Size screenSize() override { return {1024, 768}; }
@@ -64,15 +65,11 @@ private:
     std::optional<std::string> answer(const FileQuestion& question);
 };
 
-// A clock that tells the text it is set to, and counts how often it is read.
+// A clock that stands at a set text.
 class SetClock final : public Clock {
 public:
     std::string text = "15/11/2026 19:30:05";
-    int reads = 0;
-    std::string now() override {
-        ++reads;
-        return text;
-    }
+    std::string now() override { return text; }
 };
 
 }  // namespace vrix

@@ -1,6 +1,7 @@
 #include "makers/kept/kept_keys.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace vrix {
@@ -54,7 +55,7 @@ RegistryStatus KeptKeys::take(RegistryKey parent, const std::string& path, Key& 
                      : inner_.openKey(parent, path, key.rights, key.handle);
 }
 
-// Does now what the opening of the unproven key has left out.
+// Opens or makes the unproven key now, as the call that lent it was asked to.
 RegistryStatus KeptKeys::renew() {
     const auto lent = lent_.find(std::exchange(unproven_, 0));
     if (lent == lent_.end()) return RegistryStatus::success;
@@ -64,14 +65,14 @@ RegistryStatus KeptKeys::renew() {
     return status;
 }
 
-// The predefined hives are negative; any other number that is not lent is no key.
+// The predefined hives are negative numbers. Any other number that is not lent is no key.
 RegistryKey KeptKeys::innerKey(RegistryKey key) const {
     const auto lent = lent_.find(key);
     if (lent != lent_.end()) return lent->second.handle;
     return key < 0 ? key : 0;
 }
 
-// Only success tells that an unproven key is still there: a call may be refused before the registry looks at the key.
+// Only success shows that an unproven key still exists: a call may be refused before the registry looks at the key.
 template <class Call>
 RegistryStatus KeptKeys::on(RegistryKey key, const Call& call) {
     if (key != unproven_) renew();

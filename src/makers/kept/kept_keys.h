@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -11,13 +10,14 @@
 
 namespace vrix {
 
-// A registry round another one, for a program that opens and closes a key for every value. A closed key stays open
-// until the end of the event, for the next opening with the same path and rights. What a caller can see of that:
-// - An opening that a kept key serves asks the inner registry for nothing. Where the key was deleted meanwhile, the
-//   next call opens or makes it anew and works on that; if this is refused, that call answers the refusal.
-// - A key that another program renames, or takes the rights to away, can be used until the end of the event.
-// Every write reaches the inner registry before its call returns. A handle has one owner at a time, and is refused once
-// it is closed.
+// A registry round another one, for a program that opens and closes a key for every value. When a key is closed, it
+// stays open inside until the end of the event, and serves the next call that opens the same path with the same rights.
+// A caller can see two things of that:
+// - Such a call asks the inner registry for nothing and succeeds. If another program has deleted the key meanwhile, the
+//   next call on the key opens or makes it again before it does its work. If that is refused, it answers the refusal.
+// - If another program renames the key or changes its rights, that has no effect until the end of the event.
+// Every write reaches the inner registry before the call returns. Each handle is given out once: when it is closed, it
+// is refused.
 class KeptKeys final : public Registry {
 public:
     // The inner registry must live longer.
@@ -26,8 +26,7 @@ public:
     KeptKeys(const KeptKeys&) = delete;
     KeptKeys& operator=(const KeptKeys&) = delete;
 
-    // Closes all keys that no caller has open. To be called at the end of each event, and before the user is waited
-    // for.
+    // Closes all keys that no caller has open. To be called at the end of each event and before a wait for the user.
     void release();
 
     RegistryStatus openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
@@ -53,7 +52,7 @@ public:
 
 private:
     struct Key {
-        std::string path;  // below the machine's hive; empty for a key that is not to be kept
+        std::string path;  // below the machine's hive; empty if the key is not to be kept
         std::uint32_t rights;
         bool makes;              // given out by createKey
         RegistryKey handle = 0;  // of the inner registry
@@ -69,9 +68,9 @@ private:
 
     Registry& inner_;
     std::map<RegistryKey, Key> lent_;  // by the handle that the caller has
-    std::vector<Key> idle_;            // closed by their callers, the last at the end
+    std::vector<Key> idle_;            // closed by their callers, the last one at the end
     RegistryKey lastHandle_ = 0;
-    RegistryKey unproven_ = 0;  // lent from idle_, and not yet seen to be still there
+    RegistryKey unproven_ = 0;  // was lent from idle_, and no call has shown yet that it still exists
 };
 
 }  // namespace vrix

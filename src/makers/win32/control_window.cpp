@@ -54,9 +54,19 @@ ControlWindow* ControlWindow::of(HWND handle) {
 LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     ControlWindow* self = of(window);
     LRESULT result = 0;
-    runEvent(self->owner_.screen(), [&] { result = self->message(message, wParam, lParam); });
+    runEvent(self->owner_.screen(), [&] { result = self->received(message, wParam, lParam); });
     if (message == WM_NCDESTROY) self->handle_ = nullptr;
     return result;
+}
+
+// Keys and clicks also come from programs that help people to use the screen. They may send them while a message box is
+// up.
+LRESULT ControlWindow::received(UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool key = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+    const bool click = message == BM_CLICK || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
+    if ((key || click) && !owner_.takesInput()) return 0;
+    if (message == WM_SETFOCUS) owner_.keyboard().focusTaken(handle_);
+    return this->message(message, wParam, lParam);
 }
 
 LRESULT ControlWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -101,9 +111,11 @@ bool ControlWindow::takesFocus() const {
     return (GetWindowLongA(handle_, GWL_STYLE) & (needed | WS_DISABLED)) == needed;
 }
 
-void ControlWindow::setText(const std::string& text) {
+bool ControlWindow::setText(const std::string& text) {
     const std::wstring shown = wide(text);
-    if (windowText(handle_) != shown) SetWindowTextW(handle_, shown.c_str());
+    if (windowText(handle_) == shown) return false;
+    SetWindowTextW(handle_, shown.c_str());
+    return true;
 }
 
 std::string ControlWindow::shortenedTo(int width, const std::string& text) const {

@@ -61,7 +61,7 @@ protected:
 
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     void moveTo(const RECT& place);
-    void setText(const std::string& text);  // if it differs
+    bool setText(const std::string& text);  // if it differs; tells whether it did
     // A line of text, cut if it is longer than a width. The whole of it then stands in a tip.
     std::string shortenedTo(int width, const std::string& text) const;
     void setStyle(LONG bits, bool on);
@@ -70,6 +70,7 @@ protected:
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT received(UINT message, WPARAM wParam, LPARAM lParam);
     FormWindow& owner_;
     Control& control_;
     HWND handle_;

@@ -15,27 +15,38 @@
 namespace vrix {
 
 class ControlWindow;
+class FrameWindow;
 class Win32Screen;
 
-// The native window of one form, with the windows of its controls.
+// The native window of one form, with the windows of its controls. It fills the frame in which it is shown.
 class FormWindow {
 public:
-    FormWindow(Win32Screen& screen, Form& form);
+    // Makes the window, still hidden, in the frame that is to show it.
+    FormWindow(Win32Screen& screen, Form& form, FrameWindow& frame);
     ~FormWindow();
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
 
     HWND handle() const { return handle_; }
+    Form& form() const { return form_; }
+    FrameWindow& frame() const { return *frame_; }
     Win32Screen& screen() const { return screen_; }
     const Style& style() const { return *style_; }
     Keyboard& keyboard() { return keyboard_; }
     // The native number for the next control.
     UINT_PTR nextId() const { return firstId + controls_.size(); }
 
-    bool onScreen() const { return onScreen_; }
-    // Shows the window in front, with the focus on its first input.
-    void show();
-    void hide();
+    bool onScreen() const;
+    // Whether the user can do anything here: not on a disabled page, nor while a message box is up.
+    bool takesInput() const;
+
+    // For the frame: puts the page into it, still hidden; shows it in front of the other pages there, or hides it.
+    void moveInto(FrameWindow& frame);
+    void setShown(bool shown);
+    // Takes a style, and lays the page out anew if it is another than before.
+    void take(std::shared_ptr<const Style> style);
+    // The form was enabled or disabled.
+    void takeEnabled();
 
     // The window of a control; for the label of a button, that of the button. Null for a frame, which has none.
     ControlWindow* find(const Control& control) const;
@@ -56,28 +67,22 @@ private:
     std::optional<LRESULT> colourMessage(HDC dc, HWND child) const;
 
     void makeControls();
-    void takeEnabled();
     void layOut();
     void measureRegions();
-    int fittingDpi(int dpi) const;
-    RECT frameAt(int dpi) const;
-    RECT workArea() const;
-    void placeAt(int left, int top);
-    void applyStyle(int dpi);
-    void rescale(int dpi, int left, int top);
     void pointerMoved(POINT point);
+    void notified(ControlWindow& window, int code);
     void paint(HDC dc, const RECT& area) const;
 
     Win32Screen& screen_;
     Form& form_;
+    FrameWindow* frame_;
     HWND handle_;
     Keyboard keyboard_;
-    std::unique_ptr<Style> style_;
+    std::shared_ptr<const Style> style_;
     std::vector<std::unique_ptr<ControlWindow>> controls_;  // in reading order
     std::unordered_map<const Control*, ControlWindow*> byControl_;
     int bandBottom_ = 0;  // the lower edge of the title band, in 1/96 inch; 0 where there is none
     int rowTop_ = 0;      // the upper edge of the row of buttons; 0 where there is none
-    bool onScreen_ = false;
     Tips tips_;
 };
 

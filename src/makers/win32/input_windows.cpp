@@ -209,8 +209,8 @@ MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
 
 void MarkListWindow::layout() {
     ControlWindow::layout();
-    const HFONT font = owner().style().font(Look::body);
-    send(LB_SETITEMHEIGHT, 0, lineHeight(font) + owner().style().px(5));
+    const Style& style = owner().style();
+    send(LB_SETITEMHEIGHT, 0, style.lineHeight(Look::body) + style.px(5));
 }
 
 void MarkListWindow::update() {

@@ -30,6 +30,7 @@ bool Keyboard::isDefault(const Control& control) const {
 }
 
 bool Keyboard::translate(MSG& message) {
+    if (message.hwnd != page_ && !IsChild(page_, message.hwnd)) return false;
     // No control of a page has an access key, even if its text holds a "&".
     if (message.message == WM_CHAR || message.message == WM_SYSCHAR) return false;
     return takesKey(message) || IsDialogMessageW(page_, &message) != FALSE;
@@ -53,13 +54,6 @@ void Keyboard::pressEnter() {
 
 std::optional<LRESULT> Keyboard::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_ACTIVATE: {
-            const bool minimised = HIWORD(wParam) != 0;
-            const bool active = LOWORD(wParam) != WA_INACTIVE;
-            if (!minimised && active) restoreFocus();
-            if (!minimised && !active && IsChild(page_, GetFocus())) lastFocus_ = GetFocus();
-            return 0;
-        }
         case DM_GETDEFID:
             if (default_ == nullptr) return 0;
             return MAKELONG(GetDlgCtrlID(default_->handle()), DC_HASDEFID);
@@ -73,7 +67,8 @@ std::optional<LRESULT> Keyboard::message(UINT message, WPARAM wParam, LPARAM lPa
 }
 
 void Keyboard::restoreFocus() {
-    if (lastFocus_ != nullptr && IsWindowEnabled(lastFocus_)) {
+    constexpr LONG needed = WS_VISIBLE | WS_DISABLED;
+    if (lastFocus_ != nullptr && (GetWindowLongA(lastFocus_, GWL_STYLE) & needed) == WS_VISIBLE) {
         screen_.quietly([&] { SetFocus(lastFocus_); });
     } else if (const ControlWindow* first = firstInput()) {
         focus(first->handle());

@@ -29,7 +29,9 @@ public:
 
     // Makes the next restoreFocus() begin at the first input.
     void forgetFocus() { lastFocus_ = nullptr; }
-    // Gives the focus to the control that had it when the page was left, or else to the first input.
+    // A control of the page took the focus.
+    void focusTaken(HWND control) { lastFocus_ = control; }
+    // Gives the focus to the control that had it last, or else to the first input.
     void restoreFocus();
     // Moves the focus away from a control that is about to be hidden or disabled.
     void moveFocusFrom(HWND control);
@@ -44,7 +46,7 @@ private:
     HWND page_;
     std::vector<ControlWindow*> controls_;
     ControlWindow* default_ = nullptr;
-    HWND lastFocus_ = nullptr;  // what had the focus when the page was left
+    HWND lastFocus_ = nullptr;  // what had the focus last
 };
 
 // Whether a key message comes from a key that is held down, not newly pressed.

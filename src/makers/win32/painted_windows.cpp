@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <utility>
+
 #include "makers/win32/pictures.h"
 #include "makers/win32/wide_text.h"
 
@@ -28,6 +30,7 @@ LRESULT PaintedWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     RECT area{};
     GetClientRect(handle(), &area);
     switch (message) {
+        case WM_NCPAINT: return 0;  // it has no border
         case WM_ERASEBKGND: return 1;
         case WM_PAINT: {
             PAINTSTRUCT job;
@@ -58,7 +61,7 @@ void LabelWindow::update() {
     PaintedWindow::update();
     RECT area{};
     GetClientRect(handle(), &area);
-    const bool oneLine = area.bottom < 2 * lineHeight(owner().style().font(label_.look()));
+    const bool oneLine = area.bottom < 2 * owner().style().lineHeight(label_.look());
     shown_ = oneLine ? shortenedTo(area.right, label_.caption()) : label_.caption();
     setStyle(SS_NOTIFY, shown_ != label_.caption());  // for the tip; else moves of the mouse go to the page
 }
@@ -72,8 +75,8 @@ Colour LabelWindow::colour() const {
 
 void LabelWindow::paint(HDC dc, const RECT& area) {
     FillRect(dc, &area, GetSysColorBrush(owner().surface(label_)));
-    const HFONT font = owner().style().font(label_.look());
-    const Selected selected(dc, font);
+    const Style& style = owner().style();
+    const Selected selected(dc, style.font(label_.look()));
     SetTextColor(dc, colour());
     if (label_.look() == Look::section) return paintSection(dc, area);
     // Texts of a window without a title bar are centred.
@@ -81,7 +84,8 @@ void LabelWindow::paint(HDC dc, const RECT& area) {
     if (label_.form().border() == Form::Border::none) format |= DT_CENTER;
     RECT text = area;
     const LONG height = measured(dc, shown_, area.right, format).cy;
-    if (area.bottom < 2 * lineHeight(font) && height < area.bottom) text.top = (area.bottom - height) / 2;
+    if (area.bottom < 2 * style.lineHeight(label_.look()) && height < area.bottom)
+        text.top = (area.bottom - height) / 2;
     drawLine(dc, shown_, text, format);
 }
 
@@ -119,9 +123,20 @@ LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         case BM_CLICK: press(); return 0;
         case BM_SETSTYLE:  // the dialog manager would give it the look of the platform
         case BM_SETSTATE: return 0;
-        case WM_CAPTURECHANGED: captured_ = false; return 0;
+        case WM_CAPTURECHANGED:
+            if (std::exchange(captured_, false)) rest();
+            return 0;
+        case WM_MOUSELEAVE:
+            if (!captured_) rest();
+            return 0;
         default: return PaintedWindow::message(message, wParam, lParam);
     }
+}
+
+// Asks for WM_MOUSELEAVE: the pointer may leave to another window, which tells the page nothing.
+void PressableWindow::reportLeaving() const {
+    TRACKMOUSEEVENT report{sizeof(report), TME_LEAVE, handle(), 0};
+    TrackMouseEvent(&report);
 }
 
 bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
@@ -139,8 +154,12 @@ bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
             captured_ = false;
             ReleaseCapture();
             released(at);
+            reportLeaving();
             return true;
-        case WM_MOUSEMOVE: moved(at, (wParam & anyButton) != 0); return true;
+        case WM_MOUSEMOVE:
+            moved(at, (wParam & anyButton) != 0);
+            reportLeaving();
+            return true;
         default: return false;
     }
 }
@@ -178,6 +197,11 @@ void TaskPictureWindow::pressed(POINT) {
     event([this] { picture_.mouseDown(); });
 }
 
+void TaskPictureWindow::rest() {
+    if (!picture_.pressed()) return;
+    event([this] { picture_.setPressed(false); });
+}
+
 void TaskPictureWindow::released(POINT at) {
     const double scale = owner().style().scale();
     event([&] { picture_.mouseUp(static_cast<double>(at.x) / scale, static_cast<double>(at.y) / scale); });
@@ -192,8 +216,7 @@ void ImageButtonWindow::layout() {
 }
 
 void ImageButtonWindow::update() {
-    setText(button_.label.caption());
-    measureCaption();
+    if (setText(button_.label.caption())) measureCaption();
     PressableWindow::update();
 }
 
@@ -235,13 +258,17 @@ bool ImageButtonWindow::press() {
     PressableWindow::press();
     POINT pointer{};
     GetCursorPos(&pointer);
-    if (WindowFromPoint(pointer) != handle()) event([this] { button_.reset(); });
+    if (WindowFromPoint(pointer) != handle()) rest();
     return true;
 }
 
 void ImageButtonWindow::pressed(POINT at) {
     onLabel_ = PtInRect(&caption_, at) != FALSE;
     event([this] { button_.mouseDown(); });
+}
+
+void ImageButtonWindow::rest() {
+    event([this] { button_.reset(); });
 }
 
 void ImageButtonWindow::released(POINT) {

@@ -46,9 +46,12 @@ protected:
     virtual void pressed(POINT at) = 0;
     virtual void released(POINT at) = 0;
     virtual void moved(POINT /*at*/, bool /*buttonHeld*/) {}
+    // The pointer left, or the press ended without a release: the control looks as it does at rest.
+    virtual void rest() {}
     bool captured() const { return captured_; }
 
 private:
+    void reportLeaving() const;
     bool mouseMessage(UINT message, WPARAM wParam, POINT at);
     bool keyMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool captured_ = false;
@@ -74,6 +77,7 @@ private:
     void paint(HDC dc, const RECT& area) override;
     void pressed(POINT at) override;
     void released(POINT at) override;
+    void rest() override;
     TaskPicture& picture_;
 };
 
@@ -89,6 +93,7 @@ private:
     void pressed(POINT at) override;
     void released(POINT at) override;
     void moved(POINT at, bool buttonHeld) override;
+    void rest() override;
     bool enabled() const override;
     void measureCaption();
 

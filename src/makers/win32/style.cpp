@@ -1,6 +1,9 @@
 #include "makers/win32/style.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <utility>
 
 #include "makers/win32/library_function.h"
 #include "makers/win32/wide_text.h"
@@ -25,12 +28,31 @@ LOGFONTW messageFont() {
     return metrics.lfMessageFont;
 }
 
-// The message font at `share` of its size.
-Owned<HFONT> fontAt(int dpi, double share, int weight) {
-    LOGFONTW font = messageFont();
-    font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * share * dpi / systemDpi()));
+// The text size that the user has chosen, in per cent.
+int chosenTextScale() {
+    DWORD scale = 100;
+    DWORD size = sizeof(scale);
+    RegGetValueA(HKEY_CURRENT_USER, "Software\\Microsoft\\Accessibility", "TextScaleFactor", RRF_RT_REG_DWORD, nullptr,
+                 &scale, &size);
+    return static_cast<int>(std::clamp<DWORD>(scale, 100, 225));
+}
+
+// A font at `share` of its size.
+Owned<HFONT> fontAt(int dpi, LOGFONTW font, double share, int weight) {
+    font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * share * dpi / 96));
     if (weight != 0) font.lfWeight = weight;
     return Owned<HFONT>(CreateFontIndirectW(&font));
+}
+
+int heightOfLine(HFONT font) {
+    const HDC screen = GetDC(nullptr);
+    TEXTMETRICA metrics{};
+    {
+        const Selected selected(screen, font);
+        GetTextMetricsA(screen, &metrics);
+    }
+    ReleaseDC(nullptr, screen);
+    return metrics.tmHeight;
 }
 
 int screenDpi() {
@@ -39,8 +61,6 @@ int screenDpi() {
     ReleaseDC(nullptr, screen);
     return dpi;
 }
-
-}  // namespace
 
 Palette currentPalette() {
     Palette colours{highContrastOn() || isDark(GetSysColor(COLOR_WINDOW)),
@@ -66,6 +86,26 @@ Palette currentPalette() {
     return colours;
 }
 
+}  // namespace
+
+bool Preferences::operator==(const Preferences& other) const {
+    return std::memcmp(&font, &other.font, sizeof(font)) == 0 && textScale == other.textScale &&
+           palette == other.palette;
+}
+
+// The font that the platform gives follows the text size, and may be large without it. It is taken back to the height
+// for which the pages are made, and what it was higher counts as text size: so the page grows with its texts.
+Preferences currentPreferences() {
+    constexpr int plainHeight = 12;  // 9 points
+    Preferences found{messageFont(), chosenTextScale(), currentPalette()};
+    LONG& height = found.font.lfHeight;
+    height = MulDiv(height, 96, systemDpi());
+    const int share = MulDiv(std::abs(height), 100, plainHeight);
+    if (share > 100) height = height < 0 ? -plainHeight : plainHeight;
+    found.textScale = std::max(found.textScale, share);
+    return found;
+}
+
 int systemDpi() {
     static const auto ask = libraryFunction<UINT(WINAPI*)()>("user32.dll", "GetDpiForSystem");
     return ask != nullptr ? static_cast<int>(ask()) : screenDpi();
@@ -76,29 +116,37 @@ int dpiOf(HWND window) {
     return ask != nullptr ? static_cast<int>(ask(window)) : systemDpi();
 }
 
-Style::Style(int dpi)
-    : dpi_(dpi),
-      body_(fontAt(dpi, 1, 0)),
-      heading_(fontAt(dpi, 1.45, FW_SEMIBOLD)),
-      subheading_(fontAt(dpi, 1.15, 0)),
-      section_(fontAt(dpi, 1, FW_BOLD)),
-      product_(fontAt(dpi, 2, FW_SEMIBOLD)),
-      lineBoxHeight_(lineHeight(body_.get()) + 6 + px(2)),
-      palette_(currentPalette()) {}
+Style::Style(int dpi, const Preferences& preferences) : dpi_(dpi), palette_(preferences.palette) {
+    struct Kind {
+        double share;  // of the message font's
+        int weight;    // 0 for the message font's
+    };
+    for (const auto& [share, weight] :
+         {Kind{1, 0}, Kind{1.45, FW_SEMIBOLD}, Kind{1.15, 0}, Kind{1, FW_BOLD}, Kind{2, FW_SEMIBOLD}}) {
+        auto font = fontAt(dpi, preferences.font, share, weight);
+        const int height = heightOfLine(font.get());
+        typefaces_.push_back({std::move(font), height});
+    }
+    lineBoxHeight_ = lineHeight(Look::body) + 6 + px(2);
+}
 
 RECT Style::px(const Bounds& bounds) const {
     return {px(bounds.left), px(bounds.top), px(bounds.left + bounds.width), px(bounds.top + bounds.height)};
 }
 
-HFONT Style::font(Look look) const {
-    switch (look) {
-        case Look::heading: return heading_.get();
-        case Look::subheading: return subheading_.get();
-        case Look::section: return section_.get();
-        case Look::product: return product_.get();
-        case Look::body: break;
-    }
-    return body_.get();
+std::shared_ptr<const Style> Styles::at(int dpi) {
+    auto& style = made_[dpi];
+    if (style == nullptr) style = std::make_shared<const Style>(dpi, preferences_);
+    return style;
+}
+
+void Styles::renew() {
+    preferences_ = currentPreferences();
+    made_.clear();
+}
+
+void Styles::refresh() {
+    if (!(preferences_ == currentPreferences())) renew();
 }
 
 void draw(HDC dc, int left, int top, const Canvas& canvas) {
@@ -111,17 +159,6 @@ void draw(HDC dc, int left, int top, const Canvas& canvas) {
     const auto rows = static_cast<UINT>(canvas.height());
     SetDIBitsToDevice(dc, left, top, static_cast<DWORD>(canvas.width()), rows, 0, 0, 0, rows, canvas.pixels().data(),
                       &info, DIB_RGB_COLORS);
-}
-
-int lineHeight(HFONT font) {
-    const HDC screen = GetDC(nullptr);
-    TEXTMETRICA metrics{};
-    {
-        const Selected selected(screen, font);
-        GetTextMetricsA(screen, &metrics);
-    }
-    ReleaseDC(nullptr, screen);
-    return metrics.tmHeight;
 }
 
 std::string shortened(HFONT font, const std::string& text, int width) {

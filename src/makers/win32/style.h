@@ -2,6 +2,10 @@
 
 #include <windows.h>
 
+#include <map>
+#include <memory>
+#include <vector>
+
 #include "forms/label.h"
 #include "makers/win32/canvas.h"
 #include "makers/win32/gdi.h"
@@ -22,45 +26,75 @@ struct Palette {
     Colour secondary;  // text that matters less
     Colour accent;     // what is hovered, pressed, marked or created
     Colour warning;    // what deletes
+
+    bool operator==(const Palette&) const = default;
 };
 
-Palette currentPalette();
+// What the user has set for all programs.
+struct Preferences {
+    LOGFONTW font;  // of texts, in 1/96 inch and at a text size of 100 per cent
+    int textScale;  // the text size, in per cent: 100 or more
+    Palette palette;
+
+    bool operator==(const Preferences& other) const;
+};
+
+Preferences currentPreferences();
 
 // Dots per inch: of the system, and of the monitor that a window is on.
 int systemDpi();
 int dpiOf(HWND window);
 
-// Fonts, colours and sizes of one window at the scale of its monitor. A unit is 1/96 inch.
+// Fonts, colours and sizes of the pages at one scale. A unit is 1/96 inch.
 class Style {
 public:
-    explicit Style(int dpi);
+    explicit Style(int dpi, const Preferences& preferences = currentPreferences());
 
     int px(int units) const { return MulDiv(units, dpi_, 96); }
     RECT px(const Bounds& bounds) const;
     double scale() const { return dpi_ / 96.0; }
     int dpi() const { return dpi_; }
 
-    HFONT font(Look look) const;
+    HFONT font(Look look) const { return typeface(look).font.get(); }
+    // The height that a line of text takes.
+    int lineHeight(Look look) const { return typeface(look).lineHeight; }
     // The height of a box for one line of text with its border.
     int lineBoxHeight() const { return lineBoxHeight_; }
     const Palette& palette() const { return palette_; }
 
 private:
+    struct Typeface {
+        Owned<HFONT> font;
+        int lineHeight;
+    };
+    const Typeface& typeface(Look look) const { return typefaces_.at(static_cast<std::size_t>(look)); }
+
     int dpi_;
-    Owned<HFONT> body_;
-    Owned<HFONT> heading_;
-    Owned<HFONT> subheading_;
-    Owned<HFONT> section_;
-    Owned<HFONT> product_;
+    std::vector<Typeface> typefaces_;  // in the order of the looks
     int lineBoxHeight_;
     Palette palette_;
+};
+
+// The styles of all pages. A page whose style is another than the one for its scale is to be laid out anew.
+class Styles {
+public:
+    std::shared_ptr<const Style> at(int dpi);
+    // The scale of a page on a monitor. A larger text size makes the whole page larger, as a finer monitor does.
+    int withTextScale(int dpi) const { return MulDiv(dpi, preferences_.textScale, 100); }
+
+    // Makes all styles anew; refresh() does so only if the user's preferences have changed.
+    void renew();
+    void refresh();
+
+private:
+    Preferences preferences_ = currentPreferences();
+    std::map<int, std::shared_ptr<const Style>> made_;  // by scale
 };
 
 // Draws a canvas with its corner at a point.
 void draw(HDC dc, int left, int top, const Canvas& canvas);
 
-// The height that a font's line takes, and the size that a text takes in a width.
-int lineHeight(HFONT font);
+// The size that a text takes in a width.
 SIZE measured(HDC dc, const std::string& text, int width, UINT format);
 
 // A line of text as it fits into a width: a longer one ends in "...".

@@ -1,5 +1,6 @@
 #include "makers/win32/win32_disk.h"
 
+#include <io.h>
 #include <windows.h>
 
 #include "makers/win32/wide_text.h"
@@ -45,6 +46,8 @@ public:
         CloseHandle(file);
         return done;
     }
+
+    bool sync(std::FILE* file) override { return _commit(_fileno(file)) == 0; }
 
     bool remove(const std::string& path) override { return DeleteFileW(native(path).c_str()) != FALSE; }
 

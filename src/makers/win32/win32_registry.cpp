@@ -24,7 +24,7 @@ DWORD viewRight(RegistryView view) {
     return 0;
 }
 
-// Gives the key that a call has opened, or none if it was refused.
+// Hands on the key that a call has opened, or none if the call was refused.
 RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
     key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(handle) : 0;
     return status(code);
@@ -32,7 +32,7 @@ RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
 
 bool isText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
 
-// Gives name and data of the value at an index. False where only narrow calls can tell what they give.
+// Gives name and data of the value at an index. False if a narrow read by that name could give something else.
 bool enumWide(HKEY key, DWORD index, std::string& name, ValueData& value) {
     wchar_t wideName[1'024];
     wchar_t data[2'048];

@@ -7,10 +7,10 @@ struct HKEY__;
 namespace vrix {
 
 // The registry of the machine, by the platform's narrow calls. It differs from them in this:
-// - no data of size 1 is written as an empty text, and other missing data is refused; the platform would read it;
-// - a listing that asks for data uses the wide call. The data comes along only where name and text have the same
-//   characters in the system's code page, so that a narrow read by that name gives the same;
-// - a text of more than 32,766 characters is not expanded, and an expansion ends there: the platform has no more.
+// - A null pointer with size 1 is written as an empty text. With a larger size it is refused; the platform would fault.
+// - A listing that asks for data uses the wide call, which gives name and data at once. It hands the data on only if
+//   the system's code page has all characters of name and text, so that a narrow read by this name gives the same.
+// - A text of more than 32,766 characters is not expanded, and an expansion ends there: the platform has no more room.
 class Win32Registry final : public Registry {
 public:
     explicit Win32Registry(RegistryView view = RegistryView::own) : view_(view) {}

@@ -8,8 +8,10 @@
 #include "forms/event.h"
 #include "forms/form.h"
 #include "forms/timer.h"
+#include "makers/win32/caption_room.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/form_window.h"
+#include "makers/win32/frame_window.h"
 #include "makers/win32/wide_text.h"
 
 namespace vrix {
@@ -36,11 +38,28 @@ HWND makeTimerWindow(Win32Screen& screen) {
     return window;
 }
 
+// Keeps the current folder. A file dialog takes the program to the folder of the file, even if it is told not to.
+class CurrentFolder {
+public:
+    CurrentFolder() : folder_(GetCurrentDirectoryW(0, nullptr), L'\0') {
+        GetCurrentDirectoryW(static_cast<DWORD>(folder_.size()), folder_.data());
+    }
+    ~CurrentFolder() { SetCurrentDirectoryW(folder_.c_str()); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+private:
+    std::wstring folder_;
+};
+
 }  // namespace
 
-Win32Screen::Win32Screen() : timers_(makeTimerWindow(*this)) {}
+Win32Screen::Win32Screen() : styles_(std::make_unique<Styles>()), timers_(makeTimerWindow(*this)) {}
 
-Win32Screen::~Win32Screen() { DestroyWindow(timers_); }
+Win32Screen::~Win32Screen() {
+    ended_ = true;
+    DestroyWindow(timers_);
+}
 
 void Win32Screen::formChanged(Form& form) {
     if (std::find(changedForms_.begin(), changedForms_.end(), &form) == changedForms_.end()) {
@@ -72,6 +91,7 @@ Answer Win32Screen::ask(const std::string& text, const std::string& title, Butto
     int answer = 0;
     modal([&](HWND owner) {
         const UINT kind = buttons == Buttons::ok ? MB_OK : MB_OKCANCEL;
+        const CaptionRoom room;
         answer = MessageBoxW(owner, wide(text).c_str(), wide(title).c_str(),
                              kind | (owner == nullptr ? MB_SETFOREGROUND : 0));
     });
@@ -88,29 +108,38 @@ void Win32Screen::quit() {
     PostQuitMessage(0);
 }
 
+void Win32Screen::quitByFailure() {
+    exitCode_ = 1;
+    quit();
+}
+
 int Win32Screen::run() {
     event([] {});  // for the forms that were shown before
     MSG message;
     while (!ended_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        const HWND top = GetAncestor(message.hwnd, GA_ROOT);
-        const auto form = std::find_if(forms_.begin(), forms_.end(),
-                                       [&](const auto& entry) { return entry.second->handle() == top; });
-        if (form != forms_.end() && form->second->keyboard().translate(message)) continue;
+        if (takesKey(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
     ended_ = true;
+    frames_.clear();
     forms_.clear();
-    return 0;
+    return exitCode_;
+}
+
+bool Win32Screen::takesKey(MSG& message) const {
+    return std::any_of(frames_.begin(), frames_.end(), [&](const auto& frame) {
+        return frame->page() != nullptr && frame->page()->keyboard().translate(message);
+    });
 }
 
 void Win32Screen::event(const std::function<void()>& event) {
     if (quiet_ || ended_) return;
     runEvent(*this, [&] {
         event();
+        onPause();
         if (!ended_) catchUp();
     });
-    onPause();
 }
 
 void Win32Screen::quietly(const std::function<void()>& change) {
@@ -122,12 +151,19 @@ void Win32Screen::quietly(const std::function<void()>& change) {
 void Win32Screen::modal(const std::function<void(HWND)>& dialog) {
     onPause();
     catchUp();
-    FormWindow* owner = active();
-    for (const auto& [form, window] : forms_) EnableWindow(window->handle(), window.get() == owner);
+    const FrameWindow* owner = active();
+    std::vector<HWND> others;
+    for (const auto& frame : frames_) {
+        if (frame.get() != owner && IsWindowEnabled(frame->handle())) others.push_back(frame->handle());
+    }
+    for (const HWND other : others) EnableWindow(other, FALSE);
     const bool quietBefore = std::exchange(quiet_, false);
-    dialog(owner == nullptr ? nullptr : owner->handle());
+    {
+        const CurrentFolder kept;
+        dialog(owner == nullptr ? nullptr : owner->handle());
+    }
     quiet_ = quietBefore;
-    for (const auto& [form, window] : forms_) formChanged(*form);
+    for (const HWND other : others) EnableWindow(other, TRUE);
 }
 
 void Win32Screen::catchUp() {
@@ -136,15 +172,53 @@ void Win32Screen::catchUp() {
     quietly([&] {
         for (const Control* control : controls) windowOf(control->form())->update(*control);
         for (Form* form : forms) {
-            if (!form->visible()) continue;
-            if (windowOf(*form) == nullptr) forms_.emplace(form, std::make_unique<FormWindow>(*this, *form));
-            windowOf(*form)->show();
+            if (form->visible()) show(*form);
         }
         for (Form* form : forms) {
-            if (form->visible()) continue;
-            if (FormWindow* window = windowOf(*form)) window->hide();
+            if (!form->visible()) hide(*form);
         }
     });
+}
+
+void Win32Screen::show(Form& form) {
+    FormWindow* window = windowOf(form);
+    if (window != nullptr && window->onScreen()) return window->takeEnabled();
+    FrameWindow& frame = frameFor(form);
+    if (window == nullptr) {
+        window = forms_.emplace(&form, std::make_unique<FormWindow>(*this, form, frame)).first->second.get();
+    }
+    if (!comesBack(form)) window->keyboard().forgetFocus();
+    window->takeEnabled();
+    frame.show(*window);
+}
+
+void Win32Screen::hide(Form& form) {
+    FormWindow* window = windowOf(form);
+    if (window == nullptr) return;
+    window->takeEnabled();
+    if (window->onScreen()) window->frame().hide();
+}
+
+// The frame of a form that goes; else one that was left behind hidden; else a new one.
+FrameWindow& Win32Screen::frameFor(const Form& form) {
+    FrameWindow* free = nullptr;
+    for (const auto& frame : frames_) {
+        if (frame->border() != form.border()) continue;
+        if (frame->page() == nullptr) free = frame.get();
+        if (frame->page() != nullptr && !frame->page()->form().visible()) return *frame;
+    }
+    if (free != nullptr) return *free;
+    return *frames_.emplace_back(std::make_unique<FrameWindow>(*this, form));
+}
+
+// Whether the form lies on the way that led to where the user is: then it comes back, as by Back or Exit. Otherwise it
+// is the next step of the way.
+bool Win32Screen::comesBack(const Form& form) {
+    const auto place = std::find(way_.begin(), way_.end(), &form);
+    const bool back = place != way_.end();
+    way_.erase(back ? place + 1 : place, way_.end());
+    if (!back) way_.push_back(&form);
+    return back;
 }
 
 FormWindow* Win32Screen::windowOf(Form& form) const {
@@ -152,12 +226,12 @@ FormWindow* Win32Screen::windowOf(Form& form) const {
     return found == forms_.end() ? nullptr : found->second.get();
 }
 
-FormWindow* Win32Screen::active() const {
-    FormWindow* any = nullptr;
-    for (const auto& [form, window] : forms_) {
-        if (!window->onScreen()) continue;
-        if (window->handle() == GetActiveWindow()) return window.get();
-        any = window.get();
+FrameWindow* Win32Screen::active() const {
+    FrameWindow* any = nullptr;
+    for (const auto& frame : frames_) {
+        if (frame->page() == nullptr) continue;
+        if (frame->active()) return frame.get();
+        any = frame.get();
     }
     return any;
 }

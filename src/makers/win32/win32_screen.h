@@ -9,12 +9,16 @@
 #include "platform/screen.h"
 
 struct HWND__;
+struct tagMSG;
 
 namespace vrix {
 
 class FormWindow;
+class FrameWindow;
+class Styles;
 
-// The real screen. Each form gets a native window when it is first shown, and each control a window on it.
+// The real screen. Each form gets a native window when it is first shown, and each control a window on it. A form that
+// comes takes the frame of one that goes in the same event: to the user, all pages are one window.
 class Win32Screen final : public Screen {
 public:
     Win32Screen();
@@ -27,6 +31,7 @@ public:
     Answer ask(const std::string& text, const std::string& title, Buttons buttons) override;
     Size screenSize() override;
     void quit() override;
+    void quitByFailure() override;
 
     // Called after each event of the program, and before a message box or a dialog in the middle of one.
     std::function<void()> onPause = [] {};
@@ -39,21 +44,33 @@ public:
     void event(const std::function<void()>& event);
     // Changes the screen for the program. Events that this causes are ignored.
     void quietly(const std::function<void()>& change);
+    bool quiet() const { return quiet_; }
     // Brings the screen up to date and runs a dialog of the platform. Meanwhile all windows of the program are
     // disabled: the owner by the dialog, the others here.
     void modal(const std::function<void(HWND__* owner)>& dialog);
 
+    Styles& styles() { return *styles_; }
+
 private:
     void catchUp();
+    void show(Form& form);
+    void hide(Form& form);
+    FrameWindow& frameFor(const Form& form);
+    bool comesBack(const Form& form);
     FormWindow* windowOf(Form& form) const;
-    FormWindow* active() const;
+    FrameWindow* active() const;
+    bool takesKey(tagMSG& message) const;
 
+    std::unique_ptr<Styles> styles_;
     std::map<Form*, std::unique_ptr<FormWindow>> forms_;
-    std::vector<Form*> changedForms_;  // in the order of their first change
+    std::vector<std::unique_ptr<FrameWindow>> frames_;  // also those that are hidden at present; they go first
+    std::vector<const Form*> way_;                      // the forms that led to the one in front, which is the last
+    std::vector<Form*> changedForms_;                   // in the order of their first change
     std::set<Control*> changedControls_;
     HWND__* timers_;  // receives the timers' messages and is never shown
     bool quiet_ = false;
     bool ended_ = false;
+    int exitCode_ = 0;
 };
 
 }  // namespace vrix

@@ -1,0 +1,239 @@
+#include "makers/win32/frame_window.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "forms/event.h"
+#include "makers/win32/control_window.h"
+#include "makers/win32/form_window.h"
+#include "makers/win32/library_function.h"
+#include "makers/win32/wide_text.h"
+#include "makers/win32/win32_screen.h"
+
+namespace vrix {
+
+namespace {
+
+constexpr DWORD borderedStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr DWORD borderlessStyle = WS_POPUP | WS_CLIPCHILDREN;
+
+HICON programIcon(int width, int height) {
+    return static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
+                                         GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED));
+}
+
+const wchar_t* windowClass(WNDPROC procedure) {
+    static const wchar_t* name = [procedure] {
+        WNDCLASSEXW kind{};
+        kind.cbSize = sizeof(kind);
+        kind.lpfnWndProc = procedure;
+        kind.hInstance = GetModuleHandleA(nullptr);
+        kind.hIcon = programIcon(SM_CXICON, SM_CYICON);
+        kind.hIconSm = programIcon(SM_CXSMICON, SM_CYSMICON);
+        kind.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+        kind.lpszClassName = L"VrixFrame";
+        RegisterClassExW(&kind);
+        return kind.lpszClassName;
+    }();
+    return name;
+}
+
+// The outer rectangle of a frame round a page that begins at (0, 0). The page may have a scale of its own.
+RECT outerRect(HWND window, const Size& page, int pageDpi, int dpi) {
+    RECT client{0, 0, MulDiv(page.width, pageDpi, 96), MulDiv(page.height, pageDpi, 96)};
+    using Adjust = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
+    static const auto adjust = libraryFunction<Adjust>("user32.dll", "AdjustWindowRectExForDpi");
+    const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+    if (adjust != nullptr) {
+        adjust(&client, style, FALSE, 0, static_cast<UINT>(dpi));
+    } else {
+        AdjustWindowRectEx(&client, style, FALSE, 0);
+    }
+    return client;
+}
+
+RECT windowRect(HWND window) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    return area;
+}
+
+HWND makeWindow(const Form& form, WNDPROC procedure) {
+    const DWORD style = form.border() == Form::Border::fixed ? borderedStyle : borderlessStyle;
+    const HWND window = CreateWindowExW(0, windowClass(procedure), wide(form.caption()).c_str(), style, 0, 0, 0, 0,
+                                        nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+    if (window == nullptr) throw std::runtime_error("The window of " + form.name() + " could not be made.");
+    return window;
+}
+
+}  // namespace
+
+FrameWindow::FrameWindow(Win32Screen& screen, const Form& first)
+    : screen_(screen),
+      border_(first.border()),
+      handle_(makeWindow(first, &FrameWindow::procedure)),
+      dpi_(dpiOf(handle_)) {
+    SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    // The form has centred its client area; the frame takes the same centre with its border.
+    const Size& size = first.size();
+    const RECT outer = outerRect(handle_, size, fittingDpi(size), dpi_);
+    const int middle = MulDiv(2 * first.top() + size.height, systemDpi(), 192);
+    topCentre_ = {MulDiv(2 * first.left() + size.width, systemDpi(), 192), middle - (outer.bottom - outer.top) / 2};
+}
+
+FrameWindow::~FrameWindow() {
+    SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
+    DestroyWindow(handle_);
+}
+
+void FrameWindow::show(FormWindow& page) {
+    FormWindow* before = std::exchange(page_, &page);
+    page.moveInto(*this);
+    fit();
+    page.setShown(true);
+    if (before == nullptr) ShowWindow(handle_, SW_SHOW);
+    if (before != nullptr && active()) focusPage();
+    if (before != nullptr) before->setShown(false);
+    // The whole page is painted once, when all is in its place.
+    RedrawWindow(page.handle(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FrameWindow::hide() {
+    ShowWindow(handle_, SW_HIDE);
+    std::exchange(page_, nullptr)->setShown(false);
+}
+
+RECT FrameWindow::workArea() const {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoA(MonitorFromPoint(topCentre_, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
+// The frame's size on a monitor of another scale.
+SIZE FrameWindow::sizeAt(int dpi) const {
+    const RECT outer = outerRect(handle_, page_->form().size(), screen_.styles().withTextScale(dpi), dpi);
+    return {outer.right - outer.left, outer.bottom - outer.top};
+}
+
+int FrameWindow::fittingDpi(const Size& page) const {
+    constexpr int leastReadable = 60;
+    const RECT work = workArea();
+    const auto fits = [&](const RECT& area) {
+        return area.right - area.left <= work.right - work.left && area.bottom - area.top <= work.bottom - work.top;
+    };
+    int dpi = screen_.styles().withTextScale(dpi_);
+    while (dpi > leastReadable && !fits(outerRect(handle_, page, dpi, dpi_))) --dpi;
+    return dpi;
+}
+
+std::shared_ptr<const Style> FrameWindow::styleFor(const Size& page) const {
+    return screen_.styles().at(fittingDpi(page));
+}
+
+bool FrameWindow::shownOpen() const { return page_ != nullptr && !minimised_; }
+
+// Gives page and frame the scale that holds now. A minimised frame waits for this until it is restored.
+void FrameWindow::fit() {
+    if (!shownOpen()) return;
+    const Size& size = page_->form().size();
+    page_->take(styleFor(size));
+    const RECT outer = outerRect(handle_, size, page_->style().dpi(), dpi_);
+    placeAt(topCentre_.x - (outer.right - outer.left) / 2, topCentre_.y, true);
+}
+
+void FrameWindow::placeAt(int left, int top, bool wholeOnMonitor) {
+    RECT area = outerRect(handle_, page_->form().size(), page_->style().dpi(), dpi_);
+    OffsetRect(&area, left - area.left, top - area.top);
+    if (wholeOnMonitor) {
+        const RECT work = workArea();
+        OffsetRect(&area, std::min<int>(0, work.right - area.right), std::min<int>(0, work.bottom - area.bottom));
+        OffsetRect(&area, std::max<int>(0, work.left - area.left), std::max<int>(0, work.top - area.top));
+    }
+    if (EqualRect(&area, &placed_)) return;
+    placed_ = area;
+    SetWindowPos(handle_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The frame goes where the platform suggests. While it is dragged from one monitor to another, any other place would
+// take it back to the first.
+void FrameWindow::dpiChanged(int dpi, const RECT& suggested) {
+    dpi_ = dpi;
+    if (!shownOpen()) return;
+    topCentre_ = {(suggested.left + suggested.right) / 2, suggested.top};
+    page_->take(styleFor(page_->form().size()));
+    placeAt(suggested.left, suggested.top, !dragged_);
+    topCentre_ = {(placed_.left + placed_.right) / 2, placed_.top};
+}
+
+void FrameWindow::settingsChanged(bool placesToo) {
+    if (shownOpen() && (placesToo || styleFor(page_->form().size()).get() != &page_->style())) fit();
+}
+
+// The frame is at another place than the program gave it.
+void FrameWindow::moved() {
+    const RECT area = windowRect(handle_);
+    if (IsIconic(handle_) || EqualRect(&area, &placed_)) return;
+    placed_ = area;
+    topCentre_ = {(area.left + area.right) / 2, area.top};
+}
+
+void FrameWindow::sized(bool minimised) {
+    if (!std::exchange(minimised_, minimised) || minimised) return;
+    fit();
+    if (active()) focusPage();
+}
+
+void FrameWindow::focusPage() {
+    if (page_ == nullptr) return;
+    if (page_->takesInput()) return page_->keyboard().restoreFocus();
+    screen_.quietly([&] { SetFocus(handle_); });
+}
+
+LRESULT CALLBACK FrameWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* self = reinterpret_cast<FrameWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    std::optional<LRESULT> result;
+    if (self != nullptr) runEvent(self->screen_, [&] { result = self->message(message, wParam, lParam); });
+    return result ? *result : DefWindowProcW(window, message, wParam, lParam);
+}
+
+std::optional<LRESULT> FrameWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_ERASEBKGND: return 1;
+        case WM_CLOSE:
+            if (page_ != nullptr && page_->takesInput()) screen_.event([this] { page_->form().closed(); });
+            return 0;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0) focusPage();
+            return 0;
+        case WM_SETFOCUS: focusPage(); return 0;
+        case WM_ENTERSIZEMOVE: dragged_ = true; return 0;
+        case WM_EXITSIZEMOVE: dragged_ = false; return 0;
+        case WM_MOVE: moved(); return 0;
+        case WM_SIZE: sized(wParam == SIZE_MINIMIZED); return 0;
+        case WM_GETDPISCALEDSIZE:
+            if (page_ == nullptr) return std::nullopt;
+            *reinterpret_cast<SIZE*>(lParam) = sizeAt(static_cast<int>(wParam));
+            return TRUE;
+        case WM_DPICHANGED: dpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
+        case WM_DISPLAYCHANGE:
+            dpi_ = dpiOf(handle_);
+            settingsChanged(true);
+            return 0;
+        case WM_SETTINGCHANGE:
+            screen_.styles().refresh();
+            settingsChanged(wParam == SPI_SETWORKAREA);
+            return std::nullopt;
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            screen_.styles().renew();
+            settingsChanged(false);
+            return std::nullopt;
+        default: return std::nullopt;
+    }
+}
+
+}  // namespace vrix

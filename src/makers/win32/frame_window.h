@@ -1,0 +1,65 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+
+#include "forms/form.h"
+#include "makers/win32/style.h"
+
+namespace vrix {
+
+class FormWindow;
+class Win32Screen;
+
+// A native top-level window. It shows pages, one at a time: to the user all pages are one window. Place, scale, the
+// active and the minimised state are the frame's; everything else is the page's.
+class FrameWindow {
+public:
+    // Makes a frame, still hidden, at the place that its first page asks for.
+    FrameWindow(Win32Screen& screen, const Form& first);
+    ~FrameWindow();
+    FrameWindow(const FrameWindow&) = delete;
+    FrameWindow& operator=(const FrameWindow&) = delete;
+
+    HWND handle() const { return handle_; }
+    bool active() const { return GetActiveWindow() == handle_; }
+    Form::Border border() const { return border_; }
+    FormWindow* page() const { return page_; }  // null while the frame is hidden
+
+    // Shows a page where the user left the frame, in place of the page before.
+    void show(FormWindow& page);
+    void hide();
+
+    // The style for a page of that size: at the scale of the monitor, or the largest at which the page fits there.
+    std::shared_ptr<const Style> styleFor(const Size& page) const;
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
+
+    RECT workArea() const;
+    SIZE sizeAt(int dpi) const;
+    int fittingDpi(const Size& page) const;
+    bool shownOpen() const;
+    void fit();
+    void placeAt(int left, int top, bool wholeOnMonitor);
+    void dpiChanged(int dpi, const RECT& suggested);
+    void settingsChanged(bool placesToo);
+    void moved();
+    void sized(bool minimised);
+    void focusPage();
+
+    Win32Screen& screen_;
+    Form::Border border_;
+    HWND handle_;
+    int dpi_;  // of the monitor
+    FormWindow* page_ = nullptr;
+    POINT topCentre_{};  // where the user wants the middle of the upper edge; pages differ in width
+    RECT placed_{};      // the rectangle that the program gave the frame last
+    bool dragged_ = false;
+    bool minimised_ = false;
+};
+
+}  // namespace vrix
