@@ -259,14 +259,12 @@ TEST(Check, ForeseesWhatEndsTheToolkit) {
     for (unsigned seed = 0; seed < 60; ++seed) {
         Dice dice(seed);
         Product product = readSettings(expected("sample.kls"), *western);
-        const Product odd = dice.product();
-        for (StoredKey& key : product.keys) {
-            const StoredKey* other = odd.find(key.path);
-            if (other == nullptr || !dice.once(4)) continue;
-            for (const StoredValue& value : other->values) {
-                std::erase_if(key.values, [&](const StoredValue& v) { return sameName(v.name, value.name); });
-                if (!dice.once(3)) key.values.push_back(value);
-            }
+        std::vector<StoredValue>& values = product.keys[dice.below(static_cast<unsigned>(product.keys.size()))].values;
+        if (!values.empty()) values.erase(values.begin() + dice.below(static_cast<unsigned>(values.size())));
+        Product odd = dice.product();
+        for (const StoredValue& value : dice.once(2) ? odd.at(part::matrix).values : std::vector<StoredValue>()) {
+            if (findValue(product.find(part::matrix), value.name) == nullptr)
+                product.at(part::matrix).values.push_back(value);
         }
         const auto store = std::make_shared<MemoryRegistry>();
         apply(*store, product);

@@ -139,6 +139,10 @@ KeyPath partsOf(std::string_view text) {
     return parts;
 }
 
+bool isKeyName(const std::string& name) {
+    return name.size() <= longestKeyName && name.find('\0') == std::string::npos && partsOf(name) == KeyPath{name};
+}
+
 bool sameName(std::string_view a, std::string_view b) {
     return a == b || lowerCase(std::string(a)) == lowerCase(std::string(b));
 }
@@ -152,9 +156,8 @@ bool samePath(const KeyPath& a, const KeyPath& b) { return a.size() == b.size() 
 std::string whyNoKey(const ProductId& id) {
     const KeyPath parts = partsOf(id.key);
     if (parts.empty()) return "a Product needs a key";
-    if (id.key.find('\0') != std::string::npos) return "a key cannot hold a zero byte";
-    for (const std::string& name : parts) {
-        if (name.size() > longestKeyName) return "the name of a key cannot be longer than 255 bytes";
+    if (!std::all_of(parts.begin(), parts.end(), isKeyName)) {
+        return "the name of a key is longer than 255 bytes or holds a zero byte";
     }
     const bool isTree = id.tree == Tree::installed && sameName(parts[0], "Toolkit");
     if (isTree || sameName(parts[0], "Products")) return "\"" + parts[0] + "\" is not the key of a Product";

@@ -96,6 +96,8 @@ KeyPath rootPath(const ProductId& id);
 std::string joined(const KeyPath& path);
 // A text of the store taken apart at its backslashes. Doubled ones and those at the ends count for nothing.
 KeyPath partsOf(std::string_view text);
+// Whether a key can have that name: 1 to 255 bytes, none of them zero, and no backslash.
+bool isKeyName(const std::string& name);
 // Without regard to case.
 bool sameName(std::string_view a, std::string_view b);
 bool samePath(const KeyPath& a, const KeyPath& b);

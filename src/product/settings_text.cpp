@@ -111,6 +111,7 @@ KeyPath headerPath(std::string_view line, std::size_t index) {
     KeyPath path = partsOf(line.substr(1, line.size() - 2));
     const KeyPath family{"HKEY_LOCAL_MACHINE", "Software", "Vrix"};
     if (!isWithin(path, family)) refuseLine(index, "the key is not below HKEY_LOCAL_MACHINE\\Software\\Vrix");
+    if (!std::all_of(path.begin(), path.end(), isKeyName)) refuseLine(index, "the name of a key is too long");
     return belowRoot(path, family);
 }
 

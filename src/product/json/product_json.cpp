@@ -77,7 +77,7 @@ private:
         KeyPath path;
         for (const Json& name : arrayOf(names, place)) {
             path.push_back(texts_.bytesOf(name, place));
-            if (partsOf(path.back()) != KeyPath{path.back()}) throw Malformed(place, "this is no name of a key");
+            if (!isKeyName(path.back())) throw Malformed(place, "this is no name of a key");
         }
         return path;
     }
@@ -140,6 +140,17 @@ Product toldBy(const Json& json, const JsonTexts& texts) {
     return product;
 }
 
+// Refuses names that differ in case alone: in a store they are one.
+void refuseTwins(const Product& product) {
+    for (const StoredKey& key : product.keys) {
+        std::set<std::string> names;
+        for (const StoredValue& value : key.values) {
+            if (names.insert(lowerCase(value.name)).second) continue;
+            throw Malformed("", joined(key.path) + ": two names of values differ in case alone");
+        }
+    }
+}
+
 // Refuses a member that stands twice, which the parser would pass over.
 class Doubles {
 public:
@@ -196,6 +207,7 @@ Product fromJson(std::string_view text, const Encoding& encoding) {
             reader.read(other, "/other/" + std::to_string(number++));
         }
     }
+    refuseTwins(product);
     product.sortKeys();
     return product;
 }
