@@ -11,7 +11,6 @@
 #include "makers/kept/kept_keys.h"
 #include "makers/win32/win32_registry.h"
 #include "makers/win32/win32_screen.h"
-#include "pages/edit/edit1.h"
 #include "product.h"
 
 namespace vrix::bench {
@@ -190,8 +189,7 @@ void measureTools(const Scale& scale, const std::string& folder) {
         finish();
         chooseProduct(running.pages);
         const Work exportIt = [&] {
-            ProductExport(running.pages.settings, running.pages.selectedProduct)
-                .write(running.pages.platform.files, file, running.pages.edit1.ProductList.text());
+            ProductExport(running.pages).write(file);
             endEvent(*store);
         };
         tell("export to reg export, " + size, rounds,

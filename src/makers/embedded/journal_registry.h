@@ -9,9 +9,6 @@
 
 namespace vrix {
 
-// One change as a record of a journal.
-std::string journalRecord(const Change& change);
-
 // A registry kept in one file. Every change is appended to it before the call returns, so a program that is killed
 // loses no change that was answered. If the disk refuses a change, the call answers registryIoFailed and changes
 // nothing. The cost of a write does not depend on how much is stored.
@@ -32,17 +29,6 @@ private:
 
     std::unique_ptr<JournalDisk> disk_;
     std::unique_ptr<JournalFile> file_;
-};
-
-// What a journal holds when this is made, for reading: the file stays as it is, and another program may be at work on
-// it. Every change is refused with accessDenied.
-class JournalSnapshot final : public EmbeddedRegistry {
-public:
-    // Throws JournalError when the file is something else, is damaged, or cannot be read.
-    JournalSnapshot(const std::string& path, Environment environment, JournalDisk& disk);
-
-private:
-    RegistryStatus persist(const Change&) override { return RegistryStatus::accessDenied; }
 };
 
 }  // namespace vrix
