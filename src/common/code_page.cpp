@@ -48,10 +48,10 @@ bool isContinued(std::string_view text, std::size_t at, std::size_t size) {
 }
 
 // The small letter of a letter that has one byte.
-char lowerByte(char c) {
+char lowerByte(char c, unsigned page) {
     const auto byte = static_cast<unsigned char>(c);
-    if (isWithin(byte, 'A', 'Z')) return static_cast<char>(byte + 0x20);
-    if (chosen.number != western) return c;
+    if (byte < 0x80) return isWithin(byte, 'A', 'Z') ? static_cast<char>(byte + 0x20) : c;
+    if (page != western) return c;
     if (isWithin(byte, 0xC0, 0xDE) && byte != 0xD7) return static_cast<char>(byte + 0x20);  // D7 is no letter
     switch (byte) {
         case 0x8A:
@@ -108,9 +108,10 @@ std::size_t findLastCharacter(std::string_view text, char sign) {
 
 std::string lowerCase(std::string text) {
     if (chosen.lower != nullptr) return chosen.lower(std::move(text));
+    const Chosen page = chosen;
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t size = chosen.oneByteEach ? 1 : characterSize(text, at);
-        if (size == 1) text[at] = lowerByte(text[at]);
+        const std::size_t size = page.oneByteEach ? 1 : characterSize(text, at);
+        if (size == 1) text[at] = lowerByte(text[at], page.number);
         at += size;
     }
     return text;
