@@ -4,6 +4,7 @@
 #include <fstream>
 #include <map>
 
+#include "common/code_page.h"
 #include "forms/event.h"
 #include "makers/embedded/journal_registry.h"
 #include "pages/finish/settings_file.h"
@@ -65,7 +66,7 @@ void work(Walk& walk, Input& input) {
         const bool yes = row < 64;
         if (!target.visible() || !target.enabled()) continue;
         const std::string& name = target.name();
-        const std::string text = is<TextBox>(target) ? input.ConsumeRandomLengthString() : "";
+        const std::string text = is<TextBox>(target) ? wholeCharacters(input.ConsumeRandomLengthString()) : "";
         walk.windows.answers = {yes ? Answer::ok : Answer::cancel};
         const bool writes = mayWrite(walk, name);
         const std::string before = writes ? "" : walk.tree();
@@ -143,7 +144,12 @@ void journal(Input& input) {
 // The data of an entry as a registry editor takes it: a backslash gives the character behind it.
 std::string merged(const std::string& data) {
     std::string text;
-    for (std::size_t i = 0; i < data.size(); ++i) text += data.at(data[i] == '\\' ? ++i : i);
+    for (std::size_t at = 0, size = 0; at < data.size(); at += size) {
+        if (data[at] == '\\') ++at;
+        promise(at < data.size());
+        size = characterSize(data, at);
+        text.append(data, at, size);
+    }
     return text;
 }
 
@@ -151,7 +157,7 @@ std::string merged(const std::string& data) {
 // the file is one.
 void finish(Input& input) {
     const auto text = [&] {
-        return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + input.ConsumeRandomLengthString();
+        return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + wholeCharacters(input.ConsumeRandomLengthString());
     };
     const auto store = fuzzedStore();
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
@@ -159,7 +165,7 @@ void finish(Input& input) {
     walk.createTo("Create18");
     const Toolkit& pages = walk.pages;
     std::filesystem::create_directory(walk.path("folder"));
-    const std::string path = inside(walk, input.ConsumeRandomLengthString());
+    const std::string path = inside(walk, wholeCharacters(input.ConsumeRandomLengthString()));
     const std::string key = text();
     walk.user.type("SettingsPath", path);
     pages.create2.ProductName.setText(text());
@@ -180,7 +186,9 @@ void finish(Input& input) {
         promise(walk.windows.ended || path.empty() || file.find(entry) != std::string::npos);
         promise(refused || key.size() > 200 || (key + data).find_first_of({"\0%", 2}) != std::string::npos ||
                 pages.settings.GetSetting(application, "Toolkit\\" + key + "\\Options", name, "") == data);
-        const auto network = data.find("\\\\");
+        auto network = findCharacter(data, '\\');
+        while (network < data.size() && !data.substr(network).starts_with("\\\\"))
+            network = findCharacter(data, '\\', network + 1);
         const std::string kept = data.substr(network == std::string::npos ? 0 : network);
         promise(merged(escapedPath(data)) == (kept == "\\\\" ? "" : kept));
     }
@@ -197,8 +205,10 @@ const std::map<std::string, std::function<void(Input&)>> targets{
 }  // namespace
 }  // namespace vrix
 
-// The variable VRIX_TARGET says what is fuzzed.
+// The variable VRIX_TARGET says what is fuzzed. The size of an input says on which code page.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    constexpr unsigned pages[] = {1252, 932, 65001};
+    vrix::useCodePage(pages[size % 3]);
     vrix::Input input(data, size);
     vrix::targets.at(std::getenv("VRIX_TARGET"))(input);
     return 0;

@@ -76,7 +76,7 @@ std::size_t characterSize(std::string_view text, std::size_t at) {
         const std::size_t size = utf8Size(byteAt(text, at));
         return isContinued(text, at, size) ? size : 1;
     }
-    return isLead(byteAt(text, at)) && at + 1 < text.size() ? 2 : 1;
+    return isLead(byteAt(text, at)) && at + 1 < text.size() && text[at + 1] != '\0' ? 2 : 1;
 }
 
 std::size_t characterCount(std::string_view text) {
@@ -113,6 +113,16 @@ std::string lowerCase(std::string text) {
         const std::size_t size = page.oneByteEach ? 1 : characterSize(text, at);
         if (size == 1) text[at] = lowerByte(text[at], page.number);
         at += size;
+    }
+    return text;
+}
+
+std::string wholeCharacters(std::string text) {
+    if (chosen.oneByteEach) return text;
+    for (std::size_t at = 0, size = 0; at < text.size(); at += size) {
+        size = characterSize(text, at);
+        const bool isPart = chosen.number == utf8 ? byteAt(text, at) >= 0x80 : isLead(byteAt(text, at));
+        if (size == 1 && isPart) text[at] = '?';
     }
     return text;
 }
