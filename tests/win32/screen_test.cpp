@@ -363,4 +363,33 @@ TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
     });
 }
 
+// Thai letters and faces stand for what no code page of these tests has.
+TEST_F(ScreenTest, ShowsWhatIsKeptOfATextThatTheCodePageLacks) {
+    TextBox& name = program.toolkit().create2.ProductName;
+    screen.event([&] { program.toolkit().create2.show(); });
+    const HWND box = windowOf(name);
+    const auto send = [&](UINT message, WPARAM wParam, const wchar_t* text = nullptr) {
+        SendMessageW(box, message, wParam, reinterpret_cast<LPARAM>(text));
+    };
+    const auto expect = [&](const std::wstring& shown, const std::string& kept) {
+        EXPECT_EQ(windowText(box), shown);
+        EXPECT_EQ(name.text(), kept);
+    };
+    send(WM_SETTEXT, 0, L"a\u0e01");
+    expect(L"a?", "a?");
+    SendMessageW(box, EM_SETSEL, 1, 1);
+    send(EM_REPLACESEL, TRUE, L"\u0e01b");  // as a paste does
+    send(WM_CHAR, 'c');
+    expect(L"a?bc?", "a?bc?");
+    send(WM_CHAR, 0xD83D);  // the first half of a character
+    expect(L"a?bc\xD83D?", "a?bc?");
+    send(WM_CHAR, 0xDE00);
+    expect(L"a?bc???", "a?bc???");
+    send(WM_IME_STARTCOMPOSITION, 0);
+    send(EM_REPLACESEL, TRUE, L"\u0e01d");
+    expect(L"a?bc??\u0e01d?", "a?bc???");
+    send(WM_IME_ENDCOMPOSITION, 0);
+    expect(L"a?bc???d?", "a?bc???d?");
+}
+
 }  // namespace vrix
