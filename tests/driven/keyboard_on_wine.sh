@@ -19,3 +19,8 @@ d}" -e "s/@rows@/$rows/" tests/walks/keyboard.walk >"$out/keyboard.walk"
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
 drive "$out/keyboard.walk" "build/$preset/VrixToolkitTrial.exe" "$out" hands=keyboard "version=$version" \
     "store=C:\\users\\$(id -un)\\AppData\\Local\\Vrix Toolkit Trial\\store.journal"
+
+# What there is to read, with texts that are too long for their place.
+forget_trial
+name=$(printf 'A name that nobody would type twice %.0s' 1 2 3 4 5)
+drive tests/walks/reading.walk "build/$preset/VrixToolkitTrial.exe" "$out/reading" "name=${name% }"

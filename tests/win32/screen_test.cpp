@@ -350,8 +350,10 @@ TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
             EXPECT_TRUE(isA(handle, "BUTTON"));
             EXPECT_EQ(GetWindowLongA(handle, GWL_STYLE) & BS_TYPEMASK, BS_OWNERDRAW);
             EXPECT_FALSE(windowText(handle).empty());
-            const LRESULT kind =
-                DLGC_BUTTON | (control.name() == "NextBtn" ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+            const ControlWindow* focused = ControlWindow::of(GetFocus());
+            const bool atButton = is<ImageButton>(focused->control()) || is<TaskPicture>(focused->control());
+            const bool pressed = atButton ? handle == GetFocus() : control.name() == "NextBtn";
+            const LRESULT kind = DLGC_BUTTON | (pressed ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
             auto* button = dynamic_cast<ImageButton*>(form.find(control.name()));
             for (const bool disabled : {false, true}) {
                 if (button == nullptr && disabled) break;
@@ -361,6 +363,28 @@ TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
             }
         }
     });
+}
+
+TEST_F(ScreenTest, OpensListsAsWideAsTheirRowsAndLetsDisabledBoxesLookSo) {
+    ComboBox& list = program.toolkit().create4.DefaultCoverPage;
+    program.toolkit().create3.CoverPage1Name.setText(endless.substr(0, 60));
+    screen.event([&] { program.toolkit().create4.show(); });
+    const HWND combo = windowOf(list);
+    SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+    const SIZE row = measured(GetDC(combo), list.rows().front(), 0, DT_SINGLELINE);
+    EXPECT_GT(SendMessageA(combo, CB_GETDROPPEDWIDTH, 0, 0), row.cx);
+    SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
+    screen.event([&] { program.toolkit().create14.show(); });
+    Control& box = *program.toolkit().create14.boxes().front();
+    const auto middleOfMark = [&] {
+        UpdateWindow(windowOf(box));
+        RECT area{};
+        GetClientRect(windowOf(box), &area);
+        return GetPixel(GetDC(windowOf(box)), 6, area.bottom / 2);
+    };
+    const COLORREF disabled = middleOfMark();
+    screen.event([&] { box.setEnabled(true); });
+    EXPECT_TRUE(comes([&] { return middleOfMark() != disabled; }));
 }
 
 // Thai letters and faces stand for what no code page of these tests has.

@@ -120,7 +120,8 @@ public:
             {"focus", &Walker::focus},     {"picture", &Walker::picture}, {"list", &Walker::list},
             {"write", &Walker::write},     {"hold", &Walker::hold},       {"release", &Walker::hold},
             {"look", &Walker::look},       {"changed", &Walker::compare}, {"alike", &Walker::compare},
-            {"point", &Walker::point},     {"tip", &Walker::tip},         {"caption", &Walker::caption}};
+            {"beside", &Walker::beside},   {"point", &Walker::point},     {"tip", &Walker::tip},
+            {"caption", &Walker::caption}};
         const auto found = actions.find(step.verb);
         if (found == actions.end()) throw StepFailure("there is no such step");
         if (!running() && step.verb != "start") throw StepFailure("the program does not run");
@@ -253,6 +254,13 @@ private:
         await("control that is " + step.verb, [&] { return (lookAt(area) == seen_) == (step.verb == "alike"); });
     }
 
+    // Presses the caption beside a picture.
+    void beside(const Step& step) {
+        const HWND label = labelOf(step.target(0));
+        leave();
+        drag(middleOf(areaOf(label)), middleOf(areaOf(label)));
+    }
+
     // Moves the pointer to a control; or, where a second text says so, to a row of a list.
     void point(const Step& step) {
         const HWND control = anyControl(step.target(0));
@@ -372,7 +380,11 @@ private:
 
     // A control that takes anything, or else a label.
     HWND anyControl(const Target& target) const {
-        if (const HWND control = find(target)) return control;
+        const HWND control = find(target);
+        return control != nullptr ? control : labelOf(target);
+    }
+
+    HWND labelOf(const Target& target) const {
         for (const HWND control : controlsOf(window_)) {
             if (isLabel(control, target.back())) return control;
         }

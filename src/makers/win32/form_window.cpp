@@ -152,7 +152,7 @@ void FormWindow::notified(ControlWindow& window, int code) {
 ControlWindow* FormWindow::underPointer() const {
     POINT point{};
     GetCursorPos(&point);
-    if (GetAncestor(WindowFromPoint(point), GA_ROOT) != frame_->handle()) return nullptr;
+    if (!onScreen() || GetAncestor(WindowFromPoint(point), GA_ROOT) != frame_->handle()) return nullptr;
     const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& window) {
         RECT area{};
         GetWindowRect(window->handle(), &area);
