@@ -61,6 +61,12 @@ public:
     // Gives a control a tip: a text that it has no room to show whole, or what its caption does not say. An empty text
     // takes the tip away.
     void explain(HWND child, const std::string& text) { tips_.set(handle_, child, text); }
+    // The same for a place in a control that the pointer has just moved to.
+    void explainAt(HWND child, LPARAM place, const std::string& text) {
+        tips_.set(handle_, child, {});  // so that the tip of the place before goes
+        tips_.set(handle_, child, text);
+        tips_.pointerMoved(child, place);
+    }
 
     // What a control stands on: the platform's number of that colour, and the colour itself.
     int surface(const Control& control) const;

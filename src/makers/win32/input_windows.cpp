@@ -368,12 +368,13 @@ void MarkListWindow::explainRow(LPARAM pointer) {
     const int row = HIWORD(hit) != 0 ? -1 : LOWORD(hit);
     if (row == explained_) return;
     explained_ = row;
-    owner().explain(handle(), {});  // so that the tip of the row before goes
-    if (row < 0 || row >= list_.count()) return;
     RECT area{};
     GetClientRect(handle(), &area);
-    static_cast<void>(
-        shortenedTo(area.right - owner().style().px(textLeft), list_.rows()[static_cast<std::size_t>(row)].text));
+    const bool known = row >= 0 && row < list_.count();
+    const std::string text = known ? list_.rows()[static_cast<std::size_t>(row)].text : std::string();
+    const Style& style = owner().style();
+    const bool cut = shortened(style.font(Look::body), text, area.right - style.px(textLeft)) != text;
+    owner().explainAt(handle(), pointer, cut ? text : std::string());
 }
 
 void MarkListWindow::takeMarks() {
