@@ -55,8 +55,8 @@ public:
     virtual const Control* enterPresses() const { return nullptr; }
     // What takes the focus in place of this control where it cannot keep it. Null: nothing in particular.
     virtual const Control* standIn() const { return nullptr; }
-    // Its page was left: what the pointer did there is over.
-    virtual void pageLeft() {}
+    // The pointer is on no control of the page any more, or the page was left.
+    virtual void pointerGone() {}
     // Text can be typed into the control.
     virtual bool takesText() const { return false; }
 

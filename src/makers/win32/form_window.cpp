@@ -116,7 +116,7 @@ void FormWindow::setShown(bool shown) {
 // A button that was pressed stays in its hover face. When the page comes back, the pointer may be anywhere.
 void FormWindow::left() {
     if (form_.visible()) return;
-    for (const auto& window : controls_) window->pageLeft();
+    for (const auto& window : controls_) window->pointerGone();
     screen_.event([this] { form_.resetButtons(); });
 }
 
@@ -162,7 +162,9 @@ ControlWindow* FormWindow::underPointer() const {
 }
 
 void FormWindow::pointerMoved() {
-    if (underPointer() == nullptr) screen_.event([this] { form_.mouseMove(); });
+    if (underPointer() != nullptr) return;
+    for (const auto& window : controls_) window->pointerGone();
+    screen_.event([this] { form_.mouseMove(); });
 }
 
 int FormWindow::surface(const Control& control) const {

@@ -257,9 +257,10 @@ bool TaskPictureWindow::pointerOn() const {
     return under == this || (label != nullptr && label->presses == &picture_);
 }
 
-void TaskPictureWindow::followPointer() {
-    const bool on = pointerOn();
-    if (std::exchange(hover_, on) != on) InvalidateRect(handle(), nullptr, FALSE);
+void TaskPictureWindow::followPointer() { setHover(pointerOn()); }
+
+void TaskPictureWindow::setHover(bool hover) {
+    if (std::exchange(hover_, hover) != hover) InvalidateRect(handle(), nullptr, FALSE);
 }
 
 void TaskPictureWindow::moved(POINT, bool) { followPointer(); }

@@ -78,11 +78,12 @@ private:
 class TaskPictureWindow final : public PressableWindow {
 public:
     TaskPictureWindow(FormWindow& owner, TaskPicture& picture);
-    void pageLeft() override { hover_ = false; }
+    void pointerGone() override { setHover(false); }
     // The pointer came to the picture or its caption, or left one of them.
     void followPointer();
 
 private:
+    void setHover(bool hover);
     bool pointerOn() const;
     void paint(HDC dc, const RECT& area) override;
     void pressed(POINT at) override;
