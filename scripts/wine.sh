@@ -43,6 +43,8 @@ use_wine() {
 use_wine_desktop() {
     wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null 2>&1
     wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 2560x1700 /f >/dev/null 2>&1
+    # Access keys are underlined only while Alt is held, as Windows has it.
+    wine reg add 'HKCU\Control Panel\Desktop' /v UserPreferencesMask /t REG_BINARY /d 1000028012000000 /f >/dev/null 2>&1
     wineserver -w
 }
 

@@ -9,8 +9,9 @@ void ButtonLabel::setCaption(const std::string& caption) {
     changed();
 }
 
-ImageButton::ImageButton(Container& parent, std::string_view name, const Place& place, std::string_view caption)
-    : Control(parent, name, place), label(parent, std::string(name) + "Lbl", place, caption) {}
+ImageButton::ImageButton(Container& parent, std::string_view name, const Place& place, std::string_view caption,
+                         char accessKey)
+    : Control(parent, name, place, accessKey), label(parent, std::string(name) + "Lbl", place, caption) {}
 
 void ImageButton::reset() {
     if (live()) show(Face::normal);

@@ -27,10 +27,13 @@ public:
     enum class Face { normal, hover, pressed, disabled };
 
     // Makes the button and its label. The label is named like the button, with "Lbl" behind it.
-    ImageButton(Container& parent, std::string_view name, const Place& place, std::string_view caption);
+    ImageButton(Container& parent, std::string_view name, const Place& place, std::string_view caption,
+                char accessKey = 0);
 
     ButtonLabel label;
     std::function<void()> action;
+    std::string tip;                       // what the caption does not say
+    const Control* counterpart = nullptr;  // what takes the focus when this button has it and is disabled
 
     Face face() const { return face_; }
     void setDisabled(bool disabled) { show(disabled ? Face::disabled : Face::normal); }

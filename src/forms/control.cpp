@@ -24,8 +24,8 @@ Bounds resolve(const Place& place, const Bounds& container) {
     return {container.left + across.start, container.top + down.start, across.length, down.length};
 }
 
-Control::Control(Container& parent, std::string_view name, const Place& place)
-    : parent_(parent), name_(name), place_(place) {
+Control::Control(Container& parent, std::string_view name, const Place& place, char accessKey)
+    : parent_(parent), name_(name), place_(place), accessKey_(accessKey) {
     parent.children_.push_back(this);
 }
 
@@ -44,6 +44,8 @@ void Control::setEnabled(bool enabled) {
     enabled_ = enabled;
     changed();
 }
+
+void Control::takeFocus() { form().screen().focusWanted(*this); }
 
 void Control::restore(const std::string&) {}
 

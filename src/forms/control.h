@@ -49,6 +49,12 @@ public:
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
 
+    // Asks the screen to give the control the focus at the end of the event.
+    void takeFocus();
+    // The letter that presses the control together with Alt; 0 where there is none. It stands in the caption, which
+    // does not mark it.
+    char accessKey() const { return accessKey_; }
+
     // The control's content as the store keeps it: the text of a text box, "0" or "1" for a check box, the number of
     // the current row for a combo box. Empty for controls that take no input.
     virtual std::string stored() const { return {}; }
@@ -59,13 +65,14 @@ public:
     virtual void clear() {}
 
 protected:
-    Control(Container& parent, std::string_view name, const Place& place);
+    Control(Container& parent, std::string_view name, const Place& place, char accessKey = 0);
     void changed();  // tells the screen
 
 private:
     Container& parent_;
     std::string name_;
     Place place_;
+    char accessKey_;
     bool visible_ = true;
     bool enabled_ = true;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,6 +9,9 @@
 #include "forms/control.h"
 
 namespace vrix {
+
+// Keys that a form may give a meaning of its own.
+enum class Key { altUp, altDown, home, end };
 
 // One window of the program. It is made hidden and enabled, loads when it is first shown, and lives until the program
 // ends.
@@ -49,6 +54,9 @@ public:
     virtual void mouseMove() { resetButtons(); }
     // Puts all image buttons that are not disabled back to normal.
     void resetButtons();
+    std::map<Key, std::function<void()>> shortcuts;  // that work wherever on the form the focus is
+    const Control* firstFocus = nullptr;             // where the form opens; null: at its first box to fill
+
     // The user closed the window by its title bar.
     virtual void closed() = 0;
 

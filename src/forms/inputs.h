@@ -15,6 +15,8 @@ public:
 
     // Raised when the text changes, by code or by the user.
     std::function<void()> onChange;
+    // The button that Enter presses while the box has the focus and holds a text. Null: the page's own.
+    const Control* enterPresses = nullptr;
 
     const std::string& text() const { return text_; }
     void setText(const std::string& text);

@@ -24,6 +24,8 @@ public:
     const std::string& caption() const { return caption_; }
     void setCaption(const std::string& caption);
     Look look() const { return look_; }
+    // The picture whose caption this is. A press on the label presses it.
+    const Control* presses = nullptr;
 
 private:
     std::string caption_;

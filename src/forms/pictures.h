@@ -27,8 +27,9 @@ private:
 class TaskPicture final : public Control {
 public:
     // `caption` is what the task is called for those who do not see the picture.
-    TaskPicture(Container& parent, std::string_view name, const Place& place, Art art, std::string_view caption)
-        : Control(parent, name, place), art_(art), caption_(caption) {}
+    TaskPicture(Container& parent, std::string_view name, const Place& place, Art art, std::string_view caption,
+                char accessKey = 0)
+        : Control(parent, name, place, accessKey), art_(art), caption_(caption) {}
     Art art() const { return art_; }
     const std::string& caption() const { return caption_; }
 

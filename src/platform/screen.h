@@ -32,6 +32,8 @@ public:
     // The control's text, caption, value, current row, face, visibility or enabling changed.
     virtual void controlChanged(Control& control) = 0;
     virtual void rowsChanged(Control& list, RowChange change) = 0;
+    // The control is to have the focus at the end of the event. A screen without focus ignores it.
+    virtual void focusWanted(Control& /*control*/) {}
     // The timer was switched on or off, or has another interval.
     virtual void timerChanged(Timer& timer) = 0;
 

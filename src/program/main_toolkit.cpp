@@ -10,6 +10,9 @@ int main() {
     vrix::Win32Registry machine;
     vrix::KeptKeys registry(machine);
     vrix::Win32Screen screen;
+    screen.identity.about = vrix::aboutProgram(
+        "Vrix Administrative Toolkit", VRIX_VERSION,
+        "the " + std::to_string(vrix::programWidth) + "-bit registry, HKEY_LOCAL_MACHINE\\Software\\Vrix");
     screen.onPause = [&] { registry.release(); };
     return vrix::runOnWindows(registry, screen);
 }

@@ -9,8 +9,9 @@ int main() {
     vrix::useSystemCodePage();
     vrix::Win32Screen screen;
     try {
-        vrix::JournalRegistry registry(vrix::localDataFile("Vrix Toolkit Trial", "store.journal"),
-                                       &vrix::environmentText, vrix::makeJournalDisk());
+        const std::string store = vrix::localDataFile("Vrix Toolkit Trial", "store.journal");
+        vrix::JournalRegistry registry(store, &vrix::environmentText, vrix::makeJournalDisk());
+        screen.identity = {" (Trial)", vrix::aboutProgram("Vrix Administrative Toolkit (Trial)", VRIX_VERSION, store)};
         screen.onPause = [&] { registry.sync(); };
         return vrix::runOnWindows(registry, screen);
     } catch (const vrix::JournalError& error) {

@@ -28,9 +28,9 @@ public:
     Label Label1;  // the task
     Label Label2;  // the page
     Frame Frame2{*this, "Frame2", {24, 88, -24, -72}};
-    ImageButton BackBtn{*this, "BackBtn", {-312, -44, 88, 28}, "< Back"};
-    ImageButton NextBtn{*this, "NextBtn", {-218, -44, 88, 28}, "Next >"};
-    ImageButton ExitBtn{*this, "ExitBtn", {-112, -44, 88, 28}, "Exit"};
+    ImageButton BackBtn{*this, "BackBtn", {-312, -44, 88, 28}, "< Back", 'B'};
+    ImageButton NextBtn{*this, "NextBtn", {-218, -44, 88, 28}, "Next >", 'N'};
+    ImageButton ExitBtn{*this, "ExitBtn", {-112, -44, 88, 28}, "Exit", 'X'};
     ButtonLabel& BackBtnLbl = BackBtn.label;
     ButtonLabel& NextBtnLbl = NextBtn.label;
     ButtonLabel& ExitBtnLbl = ExitBtn.label;

@@ -139,7 +139,8 @@ void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& 
     };
     const Control& control = window.control();
     if (is<Label>(control)) {
-        const bool cut = (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // and whole in a tip
+        const bool presses = dynamic_cast<const Label&>(control).presses != nullptr;
+        const bool cut = !presses && (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // and whole in a tip
         EXPECT_EQ(cut, narrow(windowText(handle)) == endless);
         if (cut) return;
         const SIZE size = textSize(handle, room.cx, DT_WORDBREAK | DT_NOPREFIX);
@@ -350,8 +351,10 @@ TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
             EXPECT_TRUE(isA(handle, "BUTTON"));
             EXPECT_EQ(GetWindowLongA(handle, GWL_STYLE) & BS_TYPEMASK, BS_OWNERDRAW);
             EXPECT_FALSE(windowText(handle).empty());
-            const LRESULT kind =
-                DLGC_BUTTON | (control.name() == "NextBtn" ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+            const ControlWindow* focused = ControlWindow::of(GetFocus());
+            const bool atButton = is<ImageButton>(focused->control()) || is<TaskPicture>(focused->control());
+            const bool pressed = atButton ? handle == GetFocus() : control.name() == "NextBtn";
+            const LRESULT kind = DLGC_BUTTON | (pressed ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
             auto* button = dynamic_cast<ImageButton*>(form.find(control.name()));
             for (const bool disabled : {false, true}) {
                 if (button == nullptr && disabled) break;
@@ -361,6 +364,56 @@ TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
             }
         }
     });
+}
+
+TEST_F(ScreenTest, OpensListsAsWideAsTheirRowsAndLetsDisabledBoxesLookSo) {
+    ComboBox& list = program.toolkit().create4.DefaultCoverPage;
+    program.toolkit().create3.CoverPage1Name.setText(endless.substr(0, 60));
+    screen.event([&] { program.toolkit().create4.show(); });
+    const HWND combo = windowOf(list);
+    SendMessageA(combo, CB_SHOWDROPDOWN, TRUE, 0);
+    EXPECT_GT(SendMessageA(combo, CB_GETDROPPEDWIDTH, 0, 0), textSize(combo, 0, DT_SINGLELINE).cx);
+    SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
+    screen.event([&] { program.toolkit().create14.show(); });
+    Control& box = *program.toolkit().create14.boxes().front();
+    const auto middleOfMark = [&] {
+        UpdateWindow(windowOf(box));
+        RECT area{};
+        GetClientRect(windowOf(box), &area);
+        return GetPixel(GetDC(windowOf(box)), 6, area.bottom / 2);
+    };
+    const COLORREF disabled = middleOfMark();
+    screen.event([&] { box.setEnabled(true); });
+    EXPECT_TRUE(comes([&] { return middleOfMark() != disabled; }));
+}
+
+// Thai letters and faces stand for what no code page of these tests has.
+TEST_F(ScreenTest, ShowsWhatIsKeptOfATextThatTheCodePageLacks) {
+    TextBox& name = program.toolkit().create2.ProductName;
+    screen.event([&] { program.toolkit().create2.show(); });
+    const HWND box = windowOf(name);
+    const auto send = [&](UINT message, WPARAM wParam, const wchar_t* text = nullptr) {
+        SendMessageW(box, message, wParam, reinterpret_cast<LPARAM>(text));
+    };
+    const auto expect = [&](const std::wstring& shown, const std::string& kept) {
+        EXPECT_EQ(windowText(box), shown);
+        EXPECT_EQ(name.text(), kept);
+    };
+    send(WM_SETTEXT, 0, L"a\u0e01");
+    expect(L"a?", "a?");
+    SendMessageW(box, EM_SETSEL, 1, 1);
+    send(EM_REPLACESEL, TRUE, L"\u0e01b");  // as a paste does
+    send(WM_CHAR, 'c');
+    expect(L"a?bc?", "a?bc?");
+    send(WM_CHAR, 0xD83D);  // the first half of a character
+    expect(L"a?bc\xD83D?", "a?bc?");
+    send(WM_CHAR, 0xDE00);
+    expect(L"a?bc???", "a?bc???");
+    send(WM_IME_STARTCOMPOSITION, 0);
+    send(EM_REPLACESEL, TRUE, L"\u0e01d");
+    expect(L"a?bc??\u0e01d?", "a?bc???");
+    send(WM_IME_ENDCOMPOSITION, 0);
+    expect(L"a?bc???d?", "a?bc???d?");
 }
 
 }  // namespace vrix

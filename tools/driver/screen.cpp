@@ -6,7 +6,6 @@
 #include <oleacc.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <map>
 
 namespace vrix::driver {
@@ -32,9 +31,7 @@ std::string row(HWND list, UINT lengthMessage, UINT textMessage, WPARAM index) {
     return inUtf8(text.c_str());
 }
 
-using Pixels = std::vector<std::uint32_t>;
-
-Pixels lookAt(const RECT& area, int width, int height) {
+Pixels lookOnce(const RECT& area, int width, int height) {
     Pixels pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     const HDC screen = GetDC(nullptr);
     const HDC memory = CreateCompatibleDC(screen);
@@ -80,13 +77,20 @@ INPUT key(WORD virtualKey, WORD character, DWORD flags) {
 }
 
 WORD keyNamed(const std::string& name) {
-    static const std::map<std::string, WORD> names{{"Tab", VK_TAB},       {"Shift", VK_SHIFT}, {"Alt", VK_MENU},
-                                                   {"Enter", VK_RETURN},  {"Esc", VK_ESCAPE},  {"Space", VK_SPACE},
-                                                   {"Delete", VK_DELETE}, {"Home", VK_HOME},   {"End", VK_END},
-                                                   {"Up", VK_UP},         {"Down", VK_DOWN},   {"F4", VK_F4}};
+    static const std::map<std::string, WORD> names{
+        {"Tab", VK_TAB},     {"Shift", VK_SHIFT},   {"Alt", VK_MENU},    {"Enter", VK_RETURN}, {"Esc", VK_ESCAPE},
+        {"Space", VK_SPACE}, {"Delete", VK_DELETE}, {"Home", VK_HOME},   {"End", VK_END},      {"Up", VK_UP},
+        {"Down", VK_DOWN},   {"Left", VK_LEFT},     {"Right", VK_RIGHT}, {"F4", VK_F4}};
+    if (name.size() == 1 && name.front() >= 'A' && name.front() <= 'Z') return static_cast<WORD>(name.front());
     const auto found = names.find(name);
     if (found == names.end()) throw StepFailure("no key is called \"" + name + '"');
     return found->second;
+}
+
+INPUT namedKey(const std::string& name, DWORD flags) {
+    const WORD virtualKey = keyNamed(name);
+    const bool extended = virtualKey >= VK_END && virtualKey <= VK_DELETE;  // beside the number pad
+    return key(virtualKey, 0, flags | (extended ? KEYEVENTF_EXTENDEDKEY : 0));
 }
 
 }  // namespace
@@ -207,18 +211,25 @@ std::string listOf(HWND window) {
     return list;
 }
 
-void takePicture(const RECT& area, const std::string& file) {
+// What the program draws behind our last event is there when several looks in a row are alike. A screen that does not
+// come to rest is taken as it is.
+Pixels lookAt(const RECT& area) {
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
-    // What the program draws behind our last event is there when several looks in a row are alike. A screen that does
-    // not come to rest is taken as it is.
-    Pixels pixels = lookAt(area, width, height);
+    Pixels pixels = lookOnce(area, width, height);
     for (int alike = 0, looks = 0; alike < 4 && looks < 100; ++looks) {
         Sleep(30);
-        Pixels next = lookAt(area, width, height);
+        Pixels next = lookOnce(area, width, height);
         alike = next == pixels ? alike + 1 : 0;
         pixels = std::move(next);
     }
+    return pixels;
+}
+
+void takePicture(const RECT& area, const std::string& file) {
+    const int width = area.right - area.left;
+    const int height = area.bottom - area.top;
+    Pixels pixels = lookAt(area);
     if (std::count(pixels.begin(), pixels.end(), pixels.front()) == static_cast<std::ptrdiff_t>(pixels.size())) {
         throw StepFailure("the window shows nothing but one colour");
     }
@@ -265,15 +276,17 @@ void pressKeys(const std::string& names) {
     std::vector<INPUT> up;
     for (std::size_t at = 0; at < names.size();) {
         const std::size_t end = std::min(names.find('+', at), names.size());
-        const WORD virtualKey = keyNamed(names.substr(at, end - at));
-        const bool extended = virtualKey >= VK_END && virtualKey <= VK_DELETE;  // beside the number pad
-        const DWORD flags = extended ? KEYEVENTF_EXTENDEDKEY : 0;
-        down.push_back(key(virtualKey, 0, flags));
-        up.insert(up.begin(), key(virtualKey, 0, flags | KEYEVENTF_KEYUP));
+        const std::string name = names.substr(at, end - at);
+        down.push_back(namedKey(name, 0));
+        up.insert(up.begin(), namedKey(name, KEYEVENTF_KEYUP));
         at = end + 1;
     }
     down.insert(down.end(), up.begin(), up.end());
     send(std::move(down));
 }
+
+void holdKey(const std::string& name) { send({namedKey(name, 0)}); }
+
+void releaseKey(const std::string& name) { send({namedKey(name, KEYEVENTF_KEYUP)}); }
 
 }  // namespace vrix::driver

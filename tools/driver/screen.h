@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -33,6 +34,9 @@ std::vector<std::string> rowsOf(HWND list);
 std::string contentOf(HWND control);
 std::string listOf(HWND window);  // with all its controls
 
+using Pixels = std::vector<std::uint32_t>;  // row by row, from the top
+// What a part of the screen shows, once it stands still.
+Pixels lookAt(const RECT& area);
 // Keeps a part of the screen as a PNG file, once it stands still. Throws for a part that shows nothing.
 void takePicture(const RECT& area, const std::string& file);
 
@@ -41,7 +45,9 @@ void moveTo(POINT point);
 void drag(POINT from, POINT to);
 // Types characters, whatever keys they lie on.
 void typeCharacters(const std::string& text);
-// Presses keys together: "Tab", "Shift+Tab". Throws for a name that no key has.
+// Presses keys together: "Tab", "Shift+Tab", "Alt+N". Throws for a name that no key has.
 void pressKeys(const std::string& names);
+void holdKey(const std::string& name);
+void releaseKey(const std::string& name);
 
 }  // namespace vrix::driver

@@ -117,7 +117,11 @@ public:
             {"check", &Walker::check},     {"uncheck", &Walker::check},   {"option", &Walker::check},
             {"choose", &Walker::choose},   {"mark", &Walker::mark},       {"key", &Walker::key},
             {"expect", &Walker::expect},   {"rows", &Walker::rows},       {"disabled", &Walker::disabled},
-            {"focus", &Walker::focus},     {"picture", &Walker::picture}, {"list", &Walker::list}};
+            {"focus", &Walker::focus},     {"picture", &Walker::picture}, {"list", &Walker::list},
+            {"write", &Walker::write},     {"hold", &Walker::hold},       {"release", &Walker::hold},
+            {"look", &Walker::look},       {"changed", &Walker::compare}, {"alike", &Walker::compare},
+            {"beside", &Walker::beside},   {"point", &Walker::point},     {"tip", &Walker::tip},
+            {"caption", &Walker::caption}};
         const auto found = actions.find(step.verb);
         if (found == actions.end()) throw StepFailure("there is no such step");
         if (!running() && step.verb != "start") throw StepFailure("the program does not run");
@@ -234,7 +238,51 @@ private:
 
     void key(const Step& step) {
         await("window in front", [&] { return GetForegroundWindow() == window_; });
+        leave();
         pressKeys(step.text(0));
+    }
+
+    // Types where the focus is.
+    void write(const Step& step) { typeCharacters(step.text(0)); }
+
+    void hold(const Step& step) { step.verb == "hold" ? holdKey(step.text(0)) : releaseKey(step.text(0)); }
+
+    // Keeps what a control looks like. Later it has changed, or is alike again.
+    void look(const Step& step) { seen_ = lookAt(areaOf(anyControl(step.target(0)))); }
+    void compare(const Step& step) {
+        const RECT area = areaOf(anyControl(step.target(0)));
+        await("control that is " + step.verb, [&] { return (lookAt(area) == seen_) == (step.verb == "alike"); });
+    }
+
+    // Presses the caption beside a picture.
+    void beside(const Step& step) {
+        const HWND label = labelOf(step.target(0));
+        leave();
+        drag(middleOf(areaOf(label)), middleOf(areaOf(label)));
+    }
+
+    // Moves the pointer to a control; or, where a second text says so, to a row of a list.
+    void point(const Step& step) {
+        const HWND control = anyControl(step.target(0));
+        RECT area = areaOf(control);
+        if (step.targets.size() > 1) {
+            ask(control, LB_GETITEMRECT, rowOf(control, step.text(1)), reinterpret_cast<LPARAM>(&area));
+            MapWindowPoints(control, nullptr, reinterpret_cast<POINT*>(&area), 2);
+        }
+        moveTo(middleOf(area));
+    }
+
+    void tip(const Step& step) {
+        await("such tip", [&] {
+            const auto windows = windowsOf(processId_);
+            return std::any_of(windows.begin(), windows.end(), [&](HWND window) {
+                return isClass(window, "tooltips_class32") && textOf(window) == step.text(0);
+            });
+        });
+    }
+
+    void caption(const Step& step) {
+        await("such caption", [&] { return textOf(window_) == step.text(0); });
     }
 
     void expect(const Step& step) {
@@ -244,7 +292,10 @@ private:
         see(step, [&](HWND list) { return rowsOf(list) == step.textsFrom(1); });
     }
     void disabled(const Step& step) {
-        see(step, [](HWND control) { return !live(control); });
+        see(step, [](HWND control) {
+            const bool readOnly = isClass(control, "EDIT") && (GetWindowLongA(control, GWL_STYLE) & ES_READONLY) != 0;
+            return readOnly || !live(control);
+        });
     }
     void focus(const Step& step) {
         await("focus there", [&] { return spokenNameOf(focusOf(window_)) == step.text(0); });
@@ -327,6 +378,19 @@ private:
         return nullptr;
     }
 
+    // A control that takes anything, or else a label.
+    HWND anyControl(const Target& target) const {
+        const HWND control = find(target);
+        return control != nullptr ? control : labelOf(target);
+    }
+
+    HWND labelOf(const Target& target) const {
+        for (const HWND control : controlsOf(window_)) {
+            if (isLabel(control, target.back())) return control;
+        }
+        throw StepFailure("there is no such control");
+    }
+
     HWND findLive(const Target& target) const {
         await("\"" + joined(target, "\" > \"") + "\" that takes anything", [&] {
             const HWND found = find(target);
@@ -386,6 +450,7 @@ private:
     HWND before_ = nullptr;  // the one before it: the page under a dialog
     std::string name_;       // of the window, until its picture is taken
     std::set<std::string> pictured_;
+    Pixels seen_;  // by the last look
 };
 
 void walk(std::istream& stream, const Values& values) {

@@ -65,7 +65,7 @@ LRESULT ControlWindow::received(UINT message, WPARAM wParam, LPARAM lParam) {
     const bool key = message >= WM_KEYFIRST && message <= WM_KEYLAST;
     const bool click = message == BM_CLICK || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
     if ((key || click) && !owner_.takesInput()) return 0;
-    if (message == WM_SETFOCUS) owner_.keyboard().focusTaken(handle_);
+    if (message == WM_SETFOCUS) owner_.keyboard().focusTaken(*this);
     return this->message(message, wParam, lParam);
 }
 
@@ -99,17 +99,18 @@ void ControlWindow::update() {
     moveTo(place());
     const bool visible = withFrames(control_, [](const Control& part) { return part.visible(); });
     const bool enabledNow = enabled();
-    if (!(visible && enabledNow) && GetFocus() == handle_) owner_.keyboard().moveFocusFrom(handle_);
+    if (!(visible && enabledNow) && GetFocus() == handle_) owner_.keyboard().takeFocusAway();
     if ((IsWindowEnabled(handle_) != FALSE) != enabledNow) EnableWindow(handle_, enabledNow);
     if (shown() != visible) ShowWindow(handle_, visible ? SW_SHOWNA : SW_HIDE);
 }
 
 bool ControlWindow::shown() const { return (GetWindowLongA(handle_, GWL_STYLE) & WS_VISIBLE) != 0; }
 
-bool ControlWindow::takesFocus() const {
-    constexpr LONG needed = WS_TABSTOP | WS_VISIBLE;
-    return (GetWindowLongA(handle_, GWL_STYLE) & (needed | WS_DISABLED)) == needed;
+bool ControlWindow::live() const {
+    return (GetWindowLongA(handle_, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE;
 }
+
+bool ControlWindow::takesFocus() const { return live() && (GetWindowLongA(handle_, GWL_STYLE) & WS_TABSTOP) != 0; }
 
 bool ControlWindow::setText(const std::string& text) {
     const std::wstring shown = wide(text);

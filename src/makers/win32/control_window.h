@@ -31,6 +31,7 @@ public:
     HWND handle() const { return handle_; }
     const Control& control() const { return control_; }
     bool shown() const;
+    bool live() const;  // shown, and not disabled
     bool takesFocus() const;
 
     // Puts the control into the group of the one before it. The arrow keys move within a group.
@@ -50,6 +51,12 @@ public:
     virtual bool press() { return false; }
     // The control itself handles Enter at present, as an open list does.
     virtual bool wantsEnter() const { return false; }
+    // The button that Enter presses from here at present. Null: the page's own.
+    virtual const Control* enterPresses() const { return nullptr; }
+    // What takes the focus in place of this control where it cannot keep it. Null: nothing in particular.
+    virtual const Control* standIn() const { return nullptr; }
+    // The pointer is on no control of the page any more, or the page was left.
+    virtual void pointerGone() {}
     // Text can be typed into the control.
     virtual bool takesText() const { return false; }
 

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int bandGap = 16;  // from the title band to the content
 constexpr int rowGap = 12;   // from the content to the row of buttons
+constexpr UINT pageLeft = WM_APP;
 
 const wchar_t* windowClass(WNDPROC procedure) {
     static const wchar_t* name = [procedure] {
@@ -47,7 +48,7 @@ FormWindow::FormWindow(Win32Screen& screen, Form& form, FrameWindow& frame)
       form_(form),
       frame_(&frame),
       handle_(makeWindow(form, frame, &FormWindow::procedure)),
-      keyboard_(screen, handle_),
+      keyboard_(screen, form, handle_),
       style_(frame.styleFor(form.size())) {
     SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     measureRegions();
@@ -109,6 +110,18 @@ void FormWindow::moveInto(FrameWindow& frame) {
 void FormWindow::setShown(bool shown) {
     const UINT change = shown ? SWP_SHOWWINDOW : SWP_HIDEWINDOW | SWP_NOZORDER;
     SetWindowPos(handle_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW | change);
+    if (!shown) PostMessageW(handle_, pageLeft, 0, 0);
+}
+
+// A button that was pressed stays in its hover face. When the page comes back, the pointer may be anywhere.
+void FormWindow::left() {
+    if (form_.visible()) return;
+    for (const auto& window : controls_) window->pointerGone();
+    screen_.event([this] { form_.resetButtons(); });
+}
+
+void FormWindow::settle(const Control* wanted) {
+    if (onScreen() && frame_->active() && takesInput()) keyboard_.settle(wanted);
 }
 
 // The focus does not stay on a disabled page.
@@ -136,14 +149,22 @@ void FormWindow::notified(ControlWindow& window, int code) {
     screen_.quietly([&] { window.update(); });
 }
 
-void FormWindow::pointerMoved(POINT point) {
-    MapWindowPoints(handle_, nullptr, &point, 1);
-    const bool overControl = std::any_of(controls_.begin(), controls_.end(), [&](const auto& window) {
+ControlWindow* FormWindow::underPointer() const {
+    POINT point{};
+    GetCursorPos(&point);
+    if (!onScreen() || GetAncestor(WindowFromPoint(point), GA_ROOT) != frame_->handle()) return nullptr;
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& window) {
         RECT area{};
         GetWindowRect(window->handle(), &area);
         return window->shown() && PtInRect(&area, point);
     });
-    if (!overControl) screen_.event([this] { form_.mouseMove(); });
+    return found == controls_.end() ? nullptr : found->get();
+}
+
+void FormWindow::pointerMoved() {
+    if (underPointer() != nullptr) return;
+    for (const auto& window : controls_) window->pointerGone();
+    screen_.event([this] { form_.mouseMove(); });
 }
 
 int FormWindow::surface(const Control& control) const {
@@ -173,9 +194,10 @@ void FormWindow::paint(HDC dc, const RECT& area) const {
 
 std::optional<LRESULT> FormWindow::colourMessage(HDC dc, HWND child) const {
     const ControlWindow* window = ControlWindow::of(child);
-    if (window == nullptr || window->takesText()) return std::nullopt;
-    const int surfaceIndex = surface(window->control());
-    SetTextColor(dc, style_->palette().text);
+    if (window == nullptr) return std::nullopt;
+    const int surfaceIndex =
+        window->takesText() ? COLOR_BTNFACE : surface(window->control());  // a box that is read only
+    SetTextColor(dc, surfaceIndex == COLOR_BTNFACE ? style_->palette().faceText : style_->palette().text);
     SetBkColor(dc, GetSysColor(surfaceIndex));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(surfaceIndex));
 }
@@ -200,7 +222,8 @@ std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM l
             EndPaint(handle_, &job);
             return 0;
         }
-        case WM_MOUSEMOVE: pointerMoved({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); return 0;
+        case WM_MOUSEMOVE: pointerMoved(); return 0;
+        case pageLeft: left(); return 0;
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLORBTN: return colourMessage(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
         case WM_DRAWITEM: {

@@ -53,8 +53,20 @@ public:
     // Shows what changed in a control. A change of a frame concerns all controls on it, so all are brought up to date.
     void update(const Control& control);
 
-    // Gives a control a tip, for a text that it has no room to show whole. An empty text takes the tip away.
+    // At the end of an event: the focus goes to where it belongs. `wanted` is the control that is to have it, or null.
+    void settle(const Control* wanted);
+    // The control that the pointer is over, or null.
+    ControlWindow* underPointer() const;
+
+    // Gives a control a tip: a text that it has no room to show whole, or what its caption does not say. An empty text
+    // takes the tip away.
     void explain(HWND child, const std::string& text) { tips_.set(handle_, child, text); }
+    // The same for a place in a control that the pointer has just moved to.
+    void explainAt(HWND child, LPARAM place, const std::string& text) {
+        tips_.set(handle_, child, {});  // so that the tip of the place before goes
+        tips_.set(handle_, child, text);
+        tips_.pointerMoved(child, place);
+    }
 
     // What a control stands on: the platform's number of that colour, and the colour itself.
     int surface(const Control& control) const;
@@ -69,7 +81,8 @@ private:
     void makeControls();
     void layOut();
     void measureRegions();
-    void pointerMoved(POINT point);
+    void pointerMoved();
+    void left();
     void notified(ControlWindow& window, int code);
     void paint(HDC dc, const RECT& area) const;
 

@@ -17,6 +17,7 @@ namespace {
 
 constexpr DWORD borderedStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr DWORD borderlessStyle = WS_POPUP | WS_CLIPCHILDREN;
+constexpr UINT about = 0x10;  // the platform keeps the last four bits of a command for itself
 
 HICON programIcon(int width, int height) {
     return static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1), IMAGE_ICON,
@@ -59,11 +60,17 @@ RECT windowRect(HWND window) {
     return area;
 }
 
-HWND makeWindow(const Form& form, WNDPROC procedure) {
-    const DWORD style = form.border() == Form::Border::fixed ? borderedStyle : borderlessStyle;
-    const HWND window = CreateWindowExW(0, windowClass(procedure), wide(form.caption()).c_str(), style, 0, 0, 0, 0,
-                                        nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+HWND makeWindow(const Form& form, const Identity& program, WNDPROC procedure) {
+    const bool bordered = form.border() == Form::Border::fixed;
+    const HWND window = CreateWindowExW(0, windowClass(procedure), wide(form.caption() + program.captionEnd).c_str(),
+                                        bordered ? borderedStyle : borderlessStyle, 0, 0, 0, 0, nullptr, nullptr,
+                                        GetModuleHandleA(nullptr), nullptr);
     if (window == nullptr) throw std::runtime_error("The window of " + form.name() + " could not be made.");
+    if (bordered && !program.about.empty()) {
+        const HMENU menu = GetSystemMenu(window, FALSE);
+        AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+        AppendMenuW(menu, MF_STRING, about, L"&About");
+    }
     return window;
 }
 
@@ -72,7 +79,7 @@ HWND makeWindow(const Form& form, WNDPROC procedure) {
 FrameWindow::FrameWindow(Win32Screen& screen, const Form& first)
     : screen_(screen),
       border_(first.border()),
-      handle_(makeWindow(first, &FrameWindow::procedure)),
+      handle_(makeWindow(first, screen.identity, &FrameWindow::procedure)),
       dpi_(dpiOf(handle_)) {
     SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     // The form has centred its client area; the frame takes the same centre with its border.
@@ -90,6 +97,7 @@ FrameWindow::~FrameWindow() {
 void FrameWindow::show(FormWindow& page) {
     FormWindow* before = std::exchange(page_, &page);
     page.moveInto(*this);
+    page.keyboard().showCues(GetKeyState(VK_MENU) < 0);
     fit();
     page.setShown(true);
     if (before == nullptr) ShowWindow(handle_, SW_SHOW);
@@ -193,6 +201,20 @@ void FrameWindow::focusPage() {
     screen_.quietly([&] { SetFocus(handle_); });
 }
 
+// A key that goes down or up in another program, or in a menu, does not come here.
+void FrameWindow::activated(bool active) {
+    if (page_ != nullptr) page_->keyboard().showCues(active && GetKeyState(VK_MENU) < 0);
+    if (active) focusPage();
+}
+
+bool FrameWindow::systemCommand(WPARAM command) {
+    if (command != about) return false;
+    if (page_ == nullptr || !page_->takesInput()) return true;
+    screen_.modal(
+        [this](HWND owner) { MessageBoxW(owner, wide(screen_.identity.about, CP_UTF8).c_str(), L"About", MB_OK); });
+    return true;
+}
+
 LRESULT CALLBACK FrameWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* self = reinterpret_cast<FrameWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
     std::optional<LRESULT> result;
@@ -206,9 +228,13 @@ std::optional<LRESULT> FrameWindow::message(UINT message, WPARAM wParam, LPARAM 
         case WM_CLOSE:
             if (page_ != nullptr && page_->takesInput()) screen_.event([this] { page_->form().closed(); });
             return 0;
-        case WM_ACTIVATE:
-            if (LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0) focusPage();
-            return 0;
+        case WM_ACTIVATE: activated(LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0); return 0;
+        case WM_SYSCOMMAND:
+            if (systemCommand(wParam & 0xFFF0u)) return 0;
+            return std::nullopt;
+        case WM_EXITMENULOOP:
+            if (page_ != nullptr) page_->keyboard().showCues(false);
+            return std::nullopt;
         case WM_SETFOCUS: focusPage(); return 0;
         case WM_ENTERSIZEMOVE: dragged_ = true; return 0;
         case WM_EXITSIZEMOVE: dragged_ = false; return 0;

@@ -50,6 +50,8 @@ private:
     void moved();
     void sized(bool minimised);
     void focusPage();
+    void activated(bool active);
+    bool systemCommand(WPARAM command);
 
     Win32Screen& screen_;
     Form::Border border_;

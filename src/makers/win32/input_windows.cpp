@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 
 #include "makers/win32/pictures.h"
 #include "makers/win32/wide_text.h"
@@ -14,6 +15,9 @@ namespace {
 constexpr UINT settleChoices = WM_APP;
 constexpr UINT setMostRowsSeen = 0x1701;  // CB_SETMINVISIBLE
 constexpr int rowsSeen = 12;              // of an open list, at most
+constexpr int markSide = 13;
+constexpr int textLeft = 4 + markSide + 6;  // where the text of a row that can be marked begins
+constexpr UINT rowFormat = DT_SINGLELINE | DT_NOPREFIX;
 
 // A box for one line of text: as high as its font needs, in the middle of the control's place.
 RECT lineBox(RECT place, int height) {
@@ -44,8 +48,13 @@ TextBoxWindow::TextBoxWindow(FormWindow& owner, TextBox& box)
 
 RECT TextBoxWindow::place() const { return lineBox(ControlWindow::place(), owner().style().lineBoxHeight()); }
 
+// A text in a disabled box can be read, marked and copied.
+bool TextBoxWindow::enabled() const { return ControlWindow::enabled() || !box_.text().empty(); }
+
 void TextBoxWindow::update() {
     ControlWindow::update();
+    const bool readOnly = !ControlWindow::enabled();
+    if (((GetWindowLongA(handle(), GWL_STYLE) & ES_READONLY) != 0) != readOnly) send(EM_SETREADONLY, readOnly);
     if (!unfinished()) show(box_.text());
 }
 
@@ -71,6 +80,7 @@ bool TextBoxWindow::unfinished() const {
 // The box shows what is kept: characters that the code page lacks turn at once into what it has for them.
 void TextBoxWindow::notified(int code) {
     if (code != EN_CHANGE || unfinished()) return;
+    if (!ControlWindow::enabled()) return owner().screen().quietly([&] { show(box_.text()); });
     event([this] {
         const std::string kept = narrow(windowText(handle()));
         owner().screen().quietly([&] { show(kept); });
@@ -108,6 +118,37 @@ void CheckBoxWindow::notified(int code) {
     if (code == BN_CLICKED) event([this] { box_.setValue(1 - box_.value()); });
 }
 
+// Not every theme of the platform lets a disabled box look disabled.
+LRESULT CheckBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (IsWindowEnabled(handle())) return MarkWindow::message(message, wParam, lParam);
+    if (message == WM_PAINT) return paintDisabled(), 0;
+    const LRESULT result = MarkWindow::message(message, wParam, lParam);
+    if (message == BM_SETCHECK || message == WM_SETTEXT || message == WM_ENABLE) {
+        InvalidateRect(handle(), nullptr, FALSE);
+    }
+    return result;
+}
+
+void CheckBoxWindow::paintDisabled() {
+    RECT area{};
+    GetClientRect(handle(), &area);
+    PAINTSTRUCT job;
+    const HDC screen = BeginPaint(handle(), &job);
+    if (!IsRectEmpty(&area)) {
+        const Buffer buffer(screen, area);
+        const Style& style = owner().style();
+        FillRect(buffer.dc(), &area, GetSysColorBrush(owner().surface(box_)));
+        const int side = style.px(markSide);
+        const int top = (area.bottom - side) / 2;
+        drawMark(buffer.dc(), {0, top, side, top + side}, box_.value() == 1, false, style.palette());
+        const Selected font(buffer.dc(), style.font(Look::body));
+        area.left = side + measured(buffer.dc(), "0", area.right, DT_SINGLELINE).cx / 2;
+        SetTextColor(buffer.dc(), style.palette().greyText);
+        DrawTextW(buffer.dc(), windowText(handle()).c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER);
+    }
+    EndPaint(handle(), &job);
+}
+
 OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
     : MarkWindow(owner, button, {"BUTTON", WS_GROUP | BS_AUTORADIOBUTTON}), button_(button) {}
 
@@ -122,15 +163,23 @@ void OptionButtonWindow::update() {
 // Tab stops at the chosen button of the group, or at its first while none is chosen.
 void OptionButtonWindow::placeTabStop() {
     const OptionButton* stop = nullptr;
-    const auto group = only<OptionButton>(button_.parent().children());
-    for (const OptionButton* other : group) {
+    const auto all = group();
+    for (const OptionButton* other : all) {
         if (stop == nullptr || other->chosen()) stop = other;
     }
-    for (const OptionButton* other : group) {
+    for (const OptionButton* other : all) {
         if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*other))) {
             window->setStyle(WS_TABSTOP, other == stop);
         }
     }
+}
+
+// The chosen button of the group, if that is another.
+const Control* OptionButtonWindow::standIn() const {
+    if (button_.chosen()) return nullptr;
+    const auto all = group();
+    const auto chosen = std::find_if(all.begin(), all.end(), [](const OptionButton* other) { return other->chosen(); });
+    return chosen == all.end() ? nullptr : *chosen;
 }
 
 void OptionButtonWindow::notified(int code) {
@@ -164,16 +213,45 @@ void ComboBoxWindow::rowsChanged(RowChange) { rowsDiffer_ = true; }
 
 void ComboBoxWindow::update() {
     ControlWindow::update();
+    static_cast<void>(shortenedTo(selectionWidth(), box_.text()));  // for the tip alone
     if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
     if (rowsDiffer_) shown_.replace(handle(), box_.rows());
     rowsDiffer_ = false;
     send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
 }
 
+// The room for the text of the current row.
+int ComboBoxWindow::selectionWidth() const {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    if (GetComboBoxInfo(handle(), &info) == FALSE) return INT_MAX;
+    return info.rcItem.right - info.rcItem.left - owner().style().px(2);
+}
+
+// The open list is as wide as its longest row needs, up to the width of the monitor.
+void ComboBoxWindow::widenList() {
+    const HDC dc = GetDC(handle());
+    LONG widest = 0;
+    {
+        const Selected font(dc, owner().style().font(Look::body));
+        for (const std::string& row : box_.rows()) widest = std::max(widest, measured(dc, row, 0, rowFormat).cx);
+    }
+    ReleaseDC(handle(), dc);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoA(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+    const LONG needed = widest + GetSystemMetrics(SM_CXVSCROLL) + owner().style().px(8);
+    const LONG most = monitor.rcWork.right - monitor.rcWork.left;
+    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(needed, most)));
+}
+
 // One choice comes as several notifications. Their order depends on how the user chose. A message that arrives behind
 // the last handles them together.
 void ComboBoxWindow::notified(int code) {
-    if (code == CBN_DROPDOWN) raised_ = false;
+    if (code == CBN_DROPDOWN) {
+        raised_ = false;
+        widenList();
+    }
     if (code == CBN_SELENDOK) confirmed_ = true;
     if (code != CBN_SELENDOK && code != CBN_SELCHANGE && code != CBN_CLOSEUP) return;
     if (!settling_) settling_ = PostMessageA(handle(), settleChoices, 0, 0) != FALSE;
@@ -278,9 +356,25 @@ void MarkListWindow::notified(int code) {
 
 // Some versions of the platform do not notify of a row that is marked by keyboard.
 LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MOUSEMOVE) explainRow(lParam);
     const LRESULT result = ControlWindow::message(message, wParam, lParam);
     if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) takeMarks();
     return result;
+}
+
+// A row that is cut stands whole in a tip while the pointer is on it.
+void MarkListWindow::explainRow(LPARAM pointer) {
+    const auto hit = send(LB_ITEMFROMPOINT, 0, pointer);
+    const int row = HIWORD(hit) != 0 ? -1 : LOWORD(hit);
+    if (row == explained_) return;
+    explained_ = row;
+    RECT area{};
+    GetClientRect(handle(), &area);
+    const bool known = row >= 0 && row < list_.count();
+    const std::string text = known ? list_.rows()[static_cast<std::size_t>(row)].text : std::string();
+    const Style& style = owner().style();
+    const bool cut = shortened(style.font(Look::body), text, area.right - style.px(textLeft)) != text;
+    owner().explainAt(handle(), pointer, cut ? text : std::string());
 }
 
 void MarkListWindow::takeMarks() {
@@ -298,17 +392,17 @@ void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
     FillRect(buffer.dc(), &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
     if (!empty) {
         const bool live = (item.itemState & ODS_DISABLED) == 0;
-        const int side = style.px(13);
+        const int side = style.px(markSide);
         const LONG left = item.rcItem.left + style.px(4);
         const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
         drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
                  style.palette());
         const std::wstring text = wide(list_.rows()[item.itemID].text);
-        RECT area{left + side + style.px(6), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
+        RECT area{item.rcItem.left + style.px(textLeft), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
         const Selected font(buffer.dc(), style.font(Look::body));
         SetTextColor(buffer.dc(), live ? style.palette().text : style.palette().greyText);
         DrawTextW(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
-                  DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+                  rowFormat | DT_VCENTER | DT_END_ELLIPSIS);
     }
     if ((item.itemState & ODS_FOCUS) == 0) return;
     SetTextColor(buffer.dc(), style.palette().text);

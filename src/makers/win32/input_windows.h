@@ -14,8 +14,10 @@ public:
     void update() override;
     void notified(int code) override;
     bool takesText() const override { return true; }
+    const Control* enterPresses() const override { return box_.text().empty() ? nullptr : box_.enterPresses; }
 
 private:
+    bool enabled() const override;
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT place() const override;
     void show(const std::string& text);
@@ -42,6 +44,8 @@ public:
     void notified(int code) override;
 
 private:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void paintDisabled();
     CheckBox& box_;
 };
 
@@ -50,8 +54,10 @@ public:
     OptionButtonWindow(FormWindow& owner, OptionButton& button);
     void update() override;
     void notified(int code) override;
+    const Control* standIn() const override;
 
 private:
+    std::vector<OptionButton*> group() const { return only<OptionButton>(button_.parent().children()); }
     void placeTabStop();
     OptionButton& button_;
 };
@@ -69,6 +75,8 @@ private:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT place() const override;
     void choicesSettled();
+    void widenList();
+    int selectionWidth() const;
 
     ComboBox& box_;
     ShownRows shown_{{CB_INSERTSTRING, CB_DELETESTRING, CB_RESETCONTENT}};
@@ -90,6 +98,7 @@ public:
 private:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void takeMarks();
+    void explainRow(LPARAM pointer);
     void showRows();
     void showMarks();
     std::vector<bool> shownMarks() const;
@@ -97,6 +106,7 @@ private:
     ShownRows shown_{{LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT}};
     bool rowsDiffer_ = true;   // the rows changed since they were last shown
     bool cleared_ = false;     // all rows were removed in between
+    int explained_ = -1;       // the row that the pointer is on
     bool marksDiffer_ = true;  // the program marked rows since they were last shown
 };
 

@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "forms/buttons.h"
-#include "forms/form.h"
 #include "forms/inputs.h"
+#include "forms/label.h"
+#include "forms/pictures.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/win32_screen.h"
 
@@ -12,28 +13,116 @@ namespace vrix {
 
 namespace {
 
-// The arrow keys move among neighbours of these kinds.
-bool inOneGroup(const Control& one, const Control& next) {
-    return (is<ImageButton>(one) && is<ImageButton>(next)) || (is<OptionButton>(one) && is<OptionButton>(next));
+bool isButton(const Control& control) { return is<ImageButton>(control) || is<TaskPicture>(control); }
+
+// The letter that is underlined in a control.
+char shownKey(const Control& control) {
+    const auto* label = dynamic_cast<const Label*>(&control);
+    if (label == nullptr) return control.accessKey();
+    return label->presses != nullptr ? label->presses->accessKey() : '\0';
+}
+
+bool cuesAlwaysShown() {
+    BOOL always = FALSE;
+    SystemParametersInfoW(SPI_GETKEYBOARDCUES, 0, &always, 0);
+    return always != FALSE;
+}
+
+std::optional<Key> formKey(const MSG& message) {
+    const bool alt = message.message == WM_SYSKEYDOWN;
+    if (!alt && message.message != WM_KEYDOWN) return std::nullopt;
+    switch (message.wParam) {
+        case VK_UP: return alt ? std::optional(Key::altUp) : std::nullopt;
+        case VK_DOWN: return alt ? std::optional(Key::altDown) : std::nullopt;
+        case VK_HOME: return alt ? std::nullopt : std::optional(Key::home);
+        case VK_END: return alt ? std::nullopt : std::optional(Key::end);
+        default: return std::nullopt;
+    }
+}
+
+bool isArrow(WPARAM key) { return key >= VK_LEFT && key <= VK_DOWN; }
+
+bool overlap(int start, int length, int otherStart, int otherLength) {
+    return start < otherStart + otherLength && otherStart < start + length;
+}
+
+// How far a control lies from another in the direction of an arrow key; 0 or less where it does not lie there.
+int distance(const Bounds& from, const Bounds& to, WPARAM arrow) {
+    const bool across = arrow == VK_LEFT || arrow == VK_RIGHT;
+    const bool aligned =
+        across ? overlap(from.top, from.height, to.top, to.height) : overlap(from.left, from.width, to.left, to.width);
+    const int way = across ? to.left - from.left : to.top - from.top;
+    if (!aligned) return 0;
+    return arrow == VK_RIGHT || arrow == VK_DOWN ? way : -way;
 }
 
 }  // namespace
 
+Keyboard::Keyboard(Win32Screen& screen, const Form& form, HWND page)
+    : screen_(screen), form_(form), page_(page), cues_(cuesAlwaysShown()) {}
+
 void Keyboard::add(ControlWindow& window) {
-    if (!controls_.empty() && inOneGroup(controls_.back()->control(), window.control())) window.joinGroup();
+    // The platform's arrow keys move within a group of option buttons.
+    const bool grouped = !controls_.empty() && is<OptionButton>(controls_.back()->control());
+    if (grouped && is<OptionButton>(window.control())) window.joinGroup();
     if (window.control().name() == "NextBtn") default_ = &window;
     controls_.push_back(&window);
 }
 
 bool Keyboard::isDefault(const Control& control) const {
-    return default_ != nullptr && &default_->control() == &control;
+    const ControlWindow* target = enterTarget();
+    return target != nullptr && &target->control() == &control;
 }
 
 bool Keyboard::translate(MSG& message) {
     if (message.hwnd != page_ && !IsChild(page_, message.hwnd)) return false;
-    // No control of a page has an access key, even if its text holds a "&".
-    if (message.message == WM_CHAR || message.message == WM_SYSCHAR) return false;
-    return takesKey(message) || IsDialogMessageW(page_, &message) != FALSE;
+    followAlt(message);
+    // Of the access keys only those count that a control declares, whatever "&" its text holds.
+    if (message.message == WM_CHAR) return false;
+    if (message.message == WM_SYSCHAR) return pressAccessKey(message);
+    return takesShortcut(message) || takesKey(message) || takesArrow(message) ||
+           IsDialogMessageW(page_, &message) != FALSE;
+}
+
+void Keyboard::followAlt(const MSG& message) {
+    if (message.wParam != VK_MENU) return;
+    if (message.message == WM_SYSKEYDOWN) showCues(true);
+    if (message.message == WM_SYSKEYUP || message.message == WM_KEYUP) showCues(false);
+}
+
+// The platform tells its own controls in the same way.
+void Keyboard::showCues(bool shown) {
+    if (shown == cues_ || cuesAlwaysShown()) return;
+    SendMessageW(page_, WM_UPDATEUISTATE, MAKEWPARAM(shown ? UIS_CLEAR : UIS_SET, UISF_HIDEACCEL), 0);
+}
+
+void Keyboard::followCues(bool shown) {
+    cues_ = shown;
+    for (const ControlWindow* window : controls_) {
+        if (shownKey(window->control()) != '\0') InvalidateRect(window->handle(), nullptr, FALSE);
+    }
+}
+
+bool Keyboard::pressAccessKey(const MSG& message) {
+    const WPARAM letter = message.wParam >= 'a' && message.wParam <= 'z' ? message.wParam - 'a' + 'A' : message.wParam;
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const ControlWindow* window) {
+        return static_cast<WPARAM>(window->control().accessKey()) == letter && window->takesFocus();
+    });
+    if (letter == 0 || found == controls_.end()) return false;
+    if (isHeld(message.lParam)) return true;
+    focus(**found);
+    (*found)->press();
+    return true;
+}
+
+bool Keyboard::takesShortcut(const MSG& message) {
+    const auto key = formKey(message);
+    const auto found = key ? form_.shortcuts.find(*key) : form_.shortcuts.end();
+    if (found == form_.shortcuts.end()) return false;
+    screen_.event(found->second);
+    // The platform is to see that Alt was not pressed alone, else it opens the window's menu when Alt is let go.
+    DefWindowProcW(page_, message.message, message.wParam, message.lParam);
+    return true;
 }
 
 // Handles Enter, and stops a key that is still held from the page before.
@@ -42,14 +131,65 @@ bool Keyboard::takesKey(const MSG& message) {
     const bool held = isHeld(message.lParam);
     const ControlWindow* focused = message.hwnd == page_ ? nullptr : ControlWindow::of(message.hwnd);
     const bool enter = message.wParam == VK_RETURN && (focused == nullptr || !focused->wantsEnter());
-    if (enter && !held) pressEnter();
+    if (enter && !held) {
+        ControlWindow* target = enterTarget();
+        if (target != nullptr && target->takesFocus()) target->press();
+    }
     return enter || (held && (focused == nullptr || !focused->takesText()));
 }
 
-void Keyboard::pressEnter() {
-    const HWND focused = GetFocus();
-    if (IsChild(page_, focused) && ControlWindow::of(focused)->press()) return;
-    if (default_ != nullptr && default_->takesFocus()) default_->press();
+// From a button the arrow keys move as the eye sees: to the next button on that side.
+bool Keyboard::takesArrow(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !isArrow(message.wParam)) return false;
+    const ControlWindow* from = focused();
+    if (from == nullptr || !isButton(from->control())) return false;
+    if (ControlWindow* next = neighbour(*from, message.wParam)) focus(*next);
+    return true;
+}
+
+ControlWindow* Keyboard::neighbour(const ControlWindow& from, WPARAM arrow) const {
+    ControlWindow* nearest = nullptr;
+    int least = 0;
+    for (ControlWindow* window : controls_) {
+        const Control& control = window->control();
+        if (!isButton(control) || !window->takesFocus() || &control.parent() != &from.control().parent()) continue;
+        const int away = distance(from.control().bounds(), control.bounds(), arrow);
+        if (away <= 0 || (nearest != nullptr && away >= least)) continue;
+        nearest = window;
+        least = away;
+    }
+    return nearest;
+}
+
+ControlWindow* Keyboard::focused() const {
+    const HWND window = GetFocus();
+    return IsChild(page_, window) ? ControlWindow::of(window) : nullptr;
+}
+
+// The window of a control that can take the focus, or null.
+ControlWindow* Keyboard::find(const Control* control) const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const ControlWindow* window) {
+        return &window->control() == control && window->takesFocus();
+    });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+// A button that has the focus, or the button of the box that has it, or the page's own.
+ControlWindow* Keyboard::enterTarget() const {
+    ControlWindow* from = focused();
+    if (from == nullptr) return default_;
+    if (isButton(from->control())) return from;
+    ControlWindow* named = find(from->enterPresses());
+    return named != nullptr ? named : default_;
+}
+
+void Keyboard::showDefault() {
+    ControlWindow* now = enterTarget();
+    if (now == shownDefault_) return;
+    for (const ControlWindow* window : {shownDefault_, now}) {
+        if (window != nullptr) InvalidateRect(window->handle(), nullptr, FALSE);
+    }
+    shownDefault_ = now;
 }
 
 std::optional<LRESULT> Keyboard::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -58,47 +198,70 @@ std::optional<LRESULT> Keyboard::message(UINT message, WPARAM wParam, LPARAM lPa
             if (default_ == nullptr) return 0;
             return MAKELONG(GetDlgCtrlID(default_->handle()), DC_HASDEFID);
         case DM_SETDEFID: return TRUE;
-        case WM_NEXTDLGCTL:
-            focus(LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam)
-                                      : GetNextDlgTabItem(page_, GetFocus(), wParam != 0));
+        case WM_NEXTDLGCTL: {
+            const HWND next = LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam)
+                                                  : GetNextDlgTabItem(page_, GetFocus(), wParam != 0);
+            if (IsChild(page_, next)) focus(*ControlWindow::of(next));
             return 0;
+        }
+        case WM_UPDATEUISTATE:
+            if ((HIWORD(wParam) & UISF_HIDEACCEL) != 0 && LOWORD(wParam) != UIS_INITIALIZE) {
+                followCues(LOWORD(wParam) == UIS_CLEAR);
+            }
+            return std::nullopt;
         default: return std::nullopt;
     }
 }
 
-void Keyboard::restoreFocus() {
-    const LONG state = lastFocus_ == nullptr ? 0 : GetWindowLongA(lastFocus_, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED);
-    if (state == WS_VISIBLE) {
-        screen_.quietly([&] { SetFocus(lastFocus_); });
-    } else if (const ControlWindow* first = firstInput()) {
-        focus(first->handle());
-    }
+void Keyboard::focusTaken(ControlWindow& window) {
+    last_ = &window;
+    showDefault();
 }
 
-void Keyboard::moveFocusFrom(HWND control) {
-    const HWND next = GetNextDlgTabItem(page_, control, FALSE);
-    SetFocus(next == nullptr || next == control ? page_ : next);
+void Keyboard::restoreFocus() {
+    if (last_ != nullptr && last_->live()) return screen_.quietly([&] { SetFocus(last_->handle()); });
+    ControlWindow* next = last_ != nullptr ? find(last_->standIn()) : nullptr;
+    if (next == nullptr) next = firstInput();
+    if (next != nullptr) focus(*next);
+}
+
+void Keyboard::settle(const Control* wanted) {
+    ControlWindow* next = find(wanted);
+    ControlWindow* holder = focused();
+    // The choice among option buttons may have moved on.
+    if (next == nullptr && holder != nullptr && is<OptionButton>(holder->control())) next = find(holder->standIn());
+    if (next != nullptr) {
+        focus(*next);
+    } else if (GetFocus() == page_) {
+        restoreFocus();
+    }
+    showDefault();
 }
 
 // Sets the focus as Tab does: the text of an input is selected.
-void Keyboard::focus(HWND control) {
+void Keyboard::focus(ControlWindow& window) {
+    const HWND control = window.handle();
     screen_.quietly([&] {
         SetFocus(control);
         if ((SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageA(control, EM_SETSEL, 0, -1);
     });
 }
 
-// The inputs of a page lie on frames. A page without any begins at its default button, or at its first control.
+// Where the form says, or at the first text box, or at the first input of another kind: inputs lie on frames. A page
+// without any begins at its default button, or at its first control.
 ControlWindow* Keyboard::firstInput() const {
-    const auto first = [&](bool onFrame) {
+    if (ControlWindow* named = find(form_.firstFocus)) return named;
+    const auto first = [&](const auto& suits) {
         const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const ControlWindow* window) {
-            const Control& control = window->control();
-            return window->takesFocus() && (!onFrame || &control.parent() != &control.form());
+            return window->takesFocus() && suits(window->control());
         });
         return found == controls_.end() ? nullptr : *found;
     };
-    if (ControlWindow* input = first(true)) return input;
-    return default_ != nullptr && default_->takesFocus() ? default_ : first(false);
+    ControlWindow* box = first([](const Control& control) { return is<TextBox>(control) && control.enabled(); });
+    if (box != nullptr) return box;
+    ControlWindow* input = first([](const Control& control) { return &control.parent() != &control.form(); });
+    if (input != nullptr) return input;
+    return default_ != nullptr && default_->takesFocus() ? default_ : first([](const Control&) { return true; });
 }
 
 }  // namespace vrix

@@ -5,22 +5,26 @@
 #include <optional>
 #include <vector>
 
-#include "forms/control.h"
+#include "forms/form.h"
 
 namespace vrix {
 
 class ControlWindow;
 class Win32Screen;
 
-// The keyboard of one page: which control has the focus, where Tab and the arrow keys move it, what Enter presses.
+// The keyboard of one page: which control has the focus, where Tab and the arrow keys move it, what Enter and the
+// access keys press.
 class Keyboard {
 public:
-    Keyboard(Win32Screen& screen, HWND page) : screen_(screen), page_(page) {}
+    Keyboard(Win32Screen& screen, const Form& form, HWND page);
 
     // Takes the next control of the page, in reading order.
     void add(ControlWindow& window);
-    // Enter presses this control while the focus is on no other button.
+    // Whether this control is what Enter presses now.
     bool isDefault(const Control& control) const;
+    // Access keys are underlined while Alt is held, or always if the user has set that for all programs.
+    bool cuesShown() const { return cues_; }
+    void showCues(bool shown);
 
     // Handles a message of the queue if it is a key that works on the page. False: it is to be handled as any other.
     bool translate(MSG& message);
@@ -28,25 +32,39 @@ public:
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
 
     // Makes the next restoreFocus() begin at the first input.
-    void forgetFocus() { lastFocus_ = nullptr; }
+    void forgetFocus() { last_ = nullptr; }
     // A control of the page took the focus.
-    void focusTaken(HWND control) { lastFocus_ = control; }
-    // Gives the focus to the control that had it last, or else to the first input.
+    void focusTaken(ControlWindow& window);
+    // Gives the focus to the control that had it last, or to the one that stands in for it, or else to the first input.
     void restoreFocus();
-    // Moves the focus away from a control that is about to be hidden or disabled.
-    void moveFocusFrom(HWND control);
+    // Takes the focus from a control that is about to be hidden or disabled. It waits on the page until settle().
+    void takeFocusAway() { SetFocus(page_); }
+    // At the end of an event: gives the focus to the control that is to have it. Null: it stays where it can.
+    void settle(const Control* wanted);
 
 private:
+    bool takesShortcut(const MSG& message);
     bool takesKey(const MSG& message);
-    void pressEnter();
-    void focus(HWND control);
+    bool takesArrow(const MSG& message);
+    bool pressAccessKey(const MSG& message);
+    void followAlt(const MSG& message);
+    void followCues(bool shown);
+    void showDefault();
+    void focus(ControlWindow& window);
+    ControlWindow* focused() const;
+    ControlWindow* find(const Control* control) const;
+    ControlWindow* enterTarget() const;
     ControlWindow* firstInput() const;
+    ControlWindow* neighbour(const ControlWindow& from, WPARAM arrow) const;
 
     Win32Screen& screen_;
+    const Form& form_;
     HWND page_;
     std::vector<ControlWindow*> controls_;
-    ControlWindow* default_ = nullptr;
-    HWND lastFocus_ = nullptr;  // what had the focus last
+    ControlWindow* default_ = nullptr;       // what Enter presses where the focus says nothing else
+    ControlWindow* shownDefault_ = nullptr;  // what was drawn last as that which Enter presses
+    ControlWindow* last_ = nullptr;          // what had the focus last
+    bool cues_;
 };
 
 // Whether a key message comes from a key that is held down, not newly pressed.

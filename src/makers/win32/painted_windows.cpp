@@ -13,13 +13,41 @@ namespace {
 
 constexpr DWORD buttonStyle = WS_TABSTOP | WS_GROUP | BS_OWNERDRAW;
 constexpr UINT captionFormat = DT_SINGLELINE | DT_NOPREFIX;
+// A text of several lines: one that is too long ends in "...", and a word without end is broken.
+constexpr UINT blockFormat = DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL | DT_END_ELLIPSIS;
 
 void drawLine(HDC dc, const std::string& text, RECT area, UINT format) {
     const std::wstring line = wide(text);
     DrawTextW(dc, line.c_str(), static_cast<int>(line.size()), &area, format);
 }
 
+// The text with "&" in front of the letter of its access key, and every other "&" doubled.
+std::string withMark(const std::string& text, char key) {
+    const auto exact = text.find(key);
+    const auto place = exact != std::string::npos ? exact : text.find(static_cast<char>(key - 'A' + 'a'));
+    std::string marked;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (i == place || text[i] == '&') marked += '&';
+        marked += text[i];
+    }
+    return marked;
+}
+
 }  // namespace
+
+void PaintedWindow::drawCaption(HDC dc, const std::string& text, const RECT& area, UINT format, char accessKey) const {
+    const bool marked = accessKey != '\0' && owner().keyboard().cuesShown();
+    if (marked) {
+        drawLine(dc, withMark(text, accessKey), area, format & ~static_cast<UINT>(DT_NOPREFIX));
+    } else {
+        drawLine(dc, text, area, format);
+    }
+}
+
+void PaintedWindow::reportLeaving() const {
+    TRACKMOUSEEVENT report{sizeof(report), TME_LEAVE, handle(), 0};
+    TrackMouseEvent(&report);
+}
 
 void PaintedWindow::update() {
     ControlWindow::update();
@@ -61,9 +89,44 @@ void LabelWindow::update() {
     PaintedWindow::update();
     RECT area{};
     GetClientRect(handle(), &area);
-    const bool oneLine = area.bottom < 2 * owner().style().lineHeight(label_.look());
-    shown_ = oneLine ? shortenedTo(area.right, label_.caption()) : label_.caption();
-    setStyle(SS_NOTIFY, shown_ != label_.caption());  // for the tip; else moves of the mouse go to the page
+    shown_ = label_.caption();
+    bool whole = true;
+    if (oneLine()) {
+        shown_ = shortenedTo(area.right, label_.caption());
+        whole = shown_ == label_.caption();
+    } else {
+        const HDC dc = GetDC(handle());
+        {
+            const Selected font(dc, owner().style().font(label_.look()));
+            whole = measured(dc, label_.caption(), area.right, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL).cy <=
+                    area.bottom;
+        }
+        ReleaseDC(handle(), dc);
+        owner().explain(handle(), whole ? std::string() : label_.caption());
+    }
+    // For the tip, and to press its picture. Else moves of the mouse go to the page.
+    setStyle(SS_NOTIFY, !whole || label_.presses != nullptr);
+}
+
+bool LabelWindow::oneLine() const {
+    RECT area{};
+    GetClientRect(handle(), &area);
+    return area.bottom < 2 * owner().style().lineHeight(label_.look());
+}
+
+TaskPictureWindow* LabelWindow::picture() const {
+    return label_.presses == nullptr ? nullptr : static_cast<TaskPictureWindow*>(owner().find(*label_.presses));
+}
+
+// The picture takes what the mouse does on its caption. It captures the mouse with the press.
+LRESULT LabelWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    TaskPictureWindow* pressed = picture();
+    if (pressed != nullptr && (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK)) {
+        return SendMessageW(pressed->handle(), WM_LBUTTONDOWN, wParam, 0);
+    }
+    if (pressed != nullptr && message == WM_MOUSEMOVE) reportLeaving();
+    if (pressed != nullptr && (message == WM_MOUSEMOVE || message == WM_MOUSELEAVE)) pressed->followPointer();
+    return PaintedWindow::message(message, wParam, lParam);
 }
 
 Colour LabelWindow::colour() const {
@@ -80,13 +143,12 @@ void LabelWindow::paint(HDC dc, const RECT& area) {
     SetTextColor(dc, colour());
     if (label_.look() == Look::section) return paintSection(dc, area);
     // Texts of a window without a title bar are centred.
-    UINT format = DT_WORDBREAK | DT_NOPREFIX;
+    UINT format = oneLine() ? captionFormat : blockFormat;
     if (label_.form().border() == Form::Border::none) format |= DT_CENTER;
     RECT text = area;
     const LONG height = measured(dc, shown_, area.right, format).cy;
-    if (area.bottom < 2 * style.lineHeight(label_.look()) && height < area.bottom)
-        text.top = (area.bottom - height) / 2;
-    drawLine(dc, shown_, text, format);
+    if (oneLine() && height < area.bottom) text.top = (area.bottom - height) / 2;
+    drawCaption(dc, shown_, text, format, label_.presses != nullptr ? label_.presses->accessKey() : '\0');
 }
 
 void LabelWindow::paintSection(HDC dc, const RECT& area) {
@@ -131,12 +193,6 @@ LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         default: return PaintedWindow::message(message, wParam, lParam);
     }
-}
-
-// Asks for WM_MOUSELEAVE: the pointer may leave to another window, which tells the page nothing.
-void PressableWindow::reportLeaving() const {
-    TRACKMOUSEEVENT report{sizeof(report), TME_LEAVE, handle(), 0};
-    TrackMouseEvent(&report);
 }
 
 bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
@@ -189,21 +245,43 @@ TaskPictureWindow::TaskPictureWindow(FormWindow& owner, TaskPicture& picture)
 }
 
 void TaskPictureWindow::paint(HDC dc, const RECT& area) {
-    drawArt(dc, area, picture_.art(), picture_.pressed() ? Tile::pressed : Tile::rest, focused(),
-            owner().style().palette(), owner().surfaceColour(picture_));
+    const Tile tile = picture_.pressed() ? Tile::pressed : hover_ ? Tile::hover : Tile::rest;
+    drawArt(dc, area, picture_.art(), tile, focused(), owner().style().palette(), owner().surfaceColour(picture_));
 }
+
+// Whether the pointer is on the picture or on its caption.
+bool TaskPictureWindow::pointerOn() const {
+    const ControlWindow* under = owner().underPointer();
+    if (under == nullptr) return false;
+    const auto* label = dynamic_cast<const Label*>(&under->control());
+    return under == this || (label != nullptr && label->presses == &picture_);
+}
+
+void TaskPictureWindow::followPointer() { setHover(pointerOn()); }
+
+void TaskPictureWindow::setHover(bool hover) {
+    if (std::exchange(hover_, hover) != hover) InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void TaskPictureWindow::moved(POINT, bool) { followPointer(); }
 
 void TaskPictureWindow::pressed(POINT) {
     event([this] { picture_.mouseDown(); });
 }
 
 void TaskPictureWindow::rest() {
+    followPointer();
     if (!picture_.pressed()) return;
     event([this] { picture_.setPressed(false); });
 }
 
+// A release on the caption counts as one in the middle of the picture.
 void TaskPictureWindow::released(POINT at) {
     const double scale = owner().style().scale();
+    RECT area{};
+    GetClientRect(handle(), &area);
+    const ControlWindow* under = owner().underPointer();
+    if (under != this && pointerOn()) at = {area.right / 2, area.bottom / 2};
     event([&] { picture_.mouseUp(static_cast<double>(at.x) / scale, static_cast<double>(at.y) / scale); });
 }
 
@@ -213,6 +291,7 @@ ImageButtonWindow::ImageButtonWindow(FormWindow& owner, ImageButton& button)
 void ImageButtonWindow::layout() {
     PressableWindow::layout();
     measureCaption();
+    owner().explain(handle(), button_.tip);
 }
 
 void ImageButtonWindow::update() {
@@ -246,7 +325,7 @@ void ImageButtonWindow::paint(HDC dc, const RECT& area) {
     const Selected font(dc, style.font(Look::body));
     SetTextColor(dc, disabled ? palette.greyText : palette.faceText);
     SetBkMode(dc, TRANSPARENT);
-    drawLine(dc, button_.label.caption(), text, captionFormat);
+    drawCaption(dc, button_.label.caption(), text, captionFormat, button_.accessKey());
 }
 
 bool ImageButtonWindow::enabled() const {

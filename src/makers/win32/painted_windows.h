@@ -17,6 +17,10 @@ protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     virtual void paint(HDC dc, const RECT& area) = 0;
     bool focused() const { return GetFocus() == handle(); }
+    // Draws a caption whose access key is underlined while the user asks for such.
+    void drawCaption(HDC dc, const std::string& text, const RECT& area, UINT format, char accessKey) const;
+    // Asks for WM_MOUSELEAVE: the pointer may leave to another window, which tells the page nothing.
+    void reportLeaving() const;
 };
 
 class LabelWindow final : public PaintedWindow {
@@ -26,9 +30,12 @@ public:
     void update() override;
 
 private:
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void paint(HDC dc, const RECT& area) override;
     void paintSection(HDC dc, const RECT& area);
     Colour colour() const;
+    bool oneLine() const;
+    class TaskPictureWindow* picture() const;
     Label& label_;
     std::string shown_;  // the caption, cut if it is too long for its line
 };
@@ -51,7 +58,6 @@ protected:
     bool captured() const { return captured_; }
 
 private:
-    void reportLeaving() const;
     bool mouseMessage(UINT message, WPARAM wParam, POINT at);
     bool keyMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool captured_ = false;
@@ -72,13 +78,20 @@ private:
 class TaskPictureWindow final : public PressableWindow {
 public:
     TaskPictureWindow(FormWindow& owner, TaskPicture& picture);
+    void pointerGone() override { setHover(false); }
+    // The pointer came to the picture or its caption, or left one of them.
+    void followPointer();
 
 private:
+    void setHover(bool hover);
+    bool pointerOn() const;
     void paint(HDC dc, const RECT& area) override;
     void pressed(POINT at) override;
     void released(POINT at) override;
+    void moved(POINT at, bool buttonHeld) override;
     void rest() override;
     TaskPicture& picture_;
+    bool hover_ = false;
 };
 
 class ImageButtonWindow final : public PressableWindow {
@@ -87,6 +100,7 @@ public:
     void layout() override;
     void update() override;
     bool press() override;
+    const Control* standIn() const override { return button_.counterpart; }
 
 private:
     void paint(HDC dc, const RECT& area) override;

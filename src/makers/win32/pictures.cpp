@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numbers>
+#include <utility>
 
 namespace vrix {
 
@@ -32,12 +33,15 @@ void drawRing(Canvas& canvas, const Palette& palette) {
     }
 }
 
-// The ring as a small mark.
+// Some sheets of the set, fanned out, as a small mark.
 void drawEmblem(Canvas& canvas, const Palette& palette) {
-    for (int i = 0; i < sheets; ++i) {
-        const double angle = 2 * std::numbers::pi * i / sheets;
-        canvas.circle(turned({{24, 9}}, angle, {24, 24}).front(), 6, sheetColour(palette, i));
+    const Point foot{24, 44};
+    for (const auto& [sheet, angle] : {std::pair(1, -0.42), std::pair(3, 0.42), std::pair(0, 0.0)}) {
+        canvas.polygon(turned({{12, 6}, {28, 6}, {36, 14}, {36, 42}, {12, 42}}, angle, foot), palette.face);
+        canvas.polygon(turned({{14, 8}, {27, 8}, {34, 15}, {34, 40}, {14, 40}}, angle, foot),
+                       sheetColour(palette, sheet));
     }
+    for (const double line : {20.0, 27.0, 34.0}) canvas.stroke({{18, line}, {30, line}}, 2.6, palette.face);
 }
 
 void drawSheet(Canvas& canvas, const Palette& palette, double x, double y) {
@@ -82,11 +86,12 @@ void drawPencil(Canvas& canvas, const Palette& palette, double x, double y) {
     canvas.polygon(pencil(23, 27.5, 3.8), palette.accent);
 }
 
-void drawTile(Canvas& canvas, bool pressed, bool focused, const Palette& palette) {
-    const double line = pressed ? 2.4 : 1;
-    canvas.box({0, 0}, {artSize, artSize}, 4, pressed ? palette.accent : palette.rule);
-    const Colour fill =
-        palette.systemColoursOnly ? palette.window : mixed(palette.window, palette.accent, pressed ? 0.2 : 0.03);
+void drawTile(Canvas& canvas, Tile tile, bool focused, const Palette& palette) {
+    const bool live = tile != Tile::rest;
+    const double line = tile == Tile::pressed ? 2.4 : live ? 1.6 : 1;
+    const double tint = tile == Tile::pressed ? 0.2 : live ? 0.1 : 0.03;
+    canvas.box({0, 0}, {artSize, artSize}, 4, live ? palette.accent : palette.rule);
+    const Colour fill = palette.systemColoursOnly ? palette.window : mixed(palette.window, palette.accent, tint);
     canvas.box({line, line}, {artSize - line, artSize - line}, 4 - line, fill);
     if (!focused) return;
     canvas.box({2.2, 2.2}, {artSize - 2.2, artSize - 2.2}, 2.4, palette.text);
@@ -99,7 +104,7 @@ void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const P
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
     Canvas canvas(width, height, std::min(width, height) / artSize, background);
-    if (tile != Tile::none) drawTile(canvas, tile == Tile::pressed, focused, palette);
+    if (tile != Tile::none) drawTile(canvas, tile, focused, palette);
     const double shift = tile == Tile::pressed ? 1.5 : 0;
     switch (art) {
         case Art::logo: drawRing(canvas, palette); break;
@@ -153,11 +158,16 @@ void drawMark(HDC dc, const RECT& area, bool marked, bool enabled, const Palette
     const int side = area.right - area.left;
     Canvas canvas(side, side, side / 13.0, palette.window);
     const Colour ink = enabled ? palette.text : palette.greyText;
-    const Colour fill = marked && enabled && !palette.systemColoursOnly ? palette.accent : palette.window;
-    const Colour edge = !enabled ? ink : fill == palette.window ? palette.edge : fill;
+    const bool filled = marked && enabled && !palette.systemColoursOnly;
+    Colour edge = filled ? palette.accent : palette.edge;
+    Colour fill = filled ? palette.accent : palette.window;
+    if (!enabled) {
+        edge = palette.systemColoursOnly ? ink : palette.rule;
+        fill = palette.systemColoursOnly ? palette.window : mixed(palette.window, palette.rule, 0.5);
+    }
     canvas.box({0, 0}, {13, 13}, 2, edge);
     canvas.box({1, 1}, {12, 12}, 1, fill);
-    if (marked) canvas.stroke({{3.2, 6.8}, {5.5, 9.2}, {9.9, 4}}, 1.5, fill == palette.window ? ink : palette.window);
+    if (marked) canvas.stroke({{3.2, 6.8}, {5.5, 9.2}, {9.9, 4}}, 1.5, filled ? palette.window : ink);
     draw(dc, area.left, area.top, canvas);
 }
 

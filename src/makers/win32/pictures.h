@@ -8,8 +8,9 @@ namespace vrix {
 
 // The pictures of the program, drawn by code. Each fills a rectangle of `dc` whole, on a background colour.
 
-// Without `tile` the picture stands free; with it, on a tile that tells whether it is pressed and has the focus.
-enum class Tile { none, rest, pressed };
+// Without `tile` the picture stands free; with it, on a tile that tells whether the pointer is on it, whether it is
+// pressed and whether it has the focus.
+enum class Tile { none, rest, hover, pressed };
 void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const Palette& palette, Colour background);
 
 // The face of an image button without its caption.

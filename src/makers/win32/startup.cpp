@@ -48,6 +48,15 @@ std::wstring temporaryFolder() {
     return path;
 }
 
+// The guide as the packages put it beside the program.
+std::string guide() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    path = path.substr(0, path.rfind(L'\\') + 1) + L"Guide.html";
+    const bool there = GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    return there ? narrow(path, CP_UTF8) : "Guide.html, in the package of the program";
+}
+
 }  // namespace
 
 void hardenProcess() {
@@ -70,6 +79,11 @@ std::string localDataFile(const std::string& folder, const std::string& file) {
 std::optional<std::string> environmentText(const std::string& name) {
     const auto text = variable(wide(name).c_str());
     return text ? std::optional(narrow(*text)) : std::nullopt;
+}
+
+std::string aboutProgram(const std::string& name, const std::string& version, const std::string& store) {
+    return name + "\r\nVersion " + version + ", " + std::to_string(programWidth) + "-bit\r\n\r\nStore: " + store +
+           "\r\n\r\nGuide: " + guide();
 }
 
 void tell(const std::string& sentence, const std::string& title) {

@@ -18,6 +18,12 @@ std::string localDataFile(const std::string& folder, const std::string& file);
 // A variable of the environment. None where there is no such.
 std::optional<std::string> environmentText(const std::string& name);
 
+// What the running program says of itself, in UTF-8: its version, its width, the store that it edits, and where its
+// guide lies.
+std::string aboutProgram(const std::string& name, const std::string& version, const std::string& store);
+// The width of the running program, in bits.
+inline constexpr int programWidth = static_cast<int>(8 * sizeof(void*));
+
 // Says a sentence in UTF-8 in a message box.
 void tell(const std::string& sentence, const std::string& title);
 

@@ -43,4 +43,9 @@ void Tips::set(HWND owner, HWND child, const std::string& text) {
     SendMessageA(window_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
 }
 
+void Tips::pointerMoved(HWND child, LPARAM place) const {
+    MSG move{child, WM_MOUSEMOVE, 0, place, GetTickCount(), {}};
+    if (tools_.contains(child)) SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+}
+
 }  // namespace vrix

@@ -177,6 +177,10 @@ void Win32Screen::catchUp() {
         for (Form* form : forms) {
             if (!form->visible()) hide(*form);
         }
+        const Control* wanted = std::exchange(wanted_, nullptr);
+        for (const auto& frame : frames_) {
+            if (frame->page() != nullptr) frame->page()->settle(wanted);
+        }
     });
 }
 

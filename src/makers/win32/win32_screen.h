@@ -13,6 +13,12 @@ struct tagMSG;
 
 namespace vrix {
 
+// What the windows say of the program.
+struct Identity {
+    std::string captionEnd;  // behind each caption
+    std::string about;       // in UTF-8, told by an entry of the window's menu; empty for no entry
+};
+
 class FormWindow;
 class FrameWindow;
 class Styles;
@@ -27,11 +33,14 @@ public:
     void formChanged(Form& form) override;
     void controlChanged(Control& control) override;
     void rowsChanged(Control& list, RowChange change) override;
+    void focusWanted(Control& control) override { wanted_ = &control; }
     void timerChanged(Timer& timer) override;
     Answer ask(const std::string& text, const std::string& title, Buttons buttons) override;
     Size screenSize() override;
     void quit() override;
     void quitByFailure() override;
+
+    Identity identity;  // to be set before the first window is shown
 
     // Called after each event of the program, and before a message box or a dialog in the middle of one.
     std::function<void()> onPause = [] {};
@@ -67,7 +76,8 @@ private:
     std::vector<const Form*> way_;                      // the forms that led to the one in front, which is the last
     std::vector<Form*> changedForms_;                   // in the order of their first change
     std::set<Control*> changedControls_;
-    HWND__* timers_;  // receives the timers' messages and is never shown
+    const Control* wanted_ = nullptr;  // what is to have the focus at the end of the event
+    HWND__* timers_;                   // receives the timers' messages and is never shown
     bool quiet_ = false;
     bool ended_ = false;
     int exitCode_ = 0;

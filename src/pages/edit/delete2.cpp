@@ -8,6 +8,7 @@
 namespace vrix {
 
 Delete2::Delete2(Toolkit& owner) : Page(owner, "Delete2", "Confirm Product Deletion", deleteTask) {
+    firstFocus = &BackBtn;  // Enter alone deletes nothing
     NextBtnLbl.setCaption("Finish");
     NextBtn.action = [this] { DeleteProduct(); };
     BackBtn.action = [this] { returnToDelete1(); };

@@ -13,6 +13,7 @@
 namespace vrix {
 
 Create19::Create19(Toolkit& owner) : Page(owner, "Create19", "SmartFields") {
+    SmartFieldText.enterPresses = &CreateBtn;
     SmartFields.onClick = [this] { showCurrent(); };
     CreateBtn.action = [this] { createThis19(); };
     UpdateBtn.action = [this] { updateThis19(); };
@@ -79,6 +80,7 @@ void Create19::createThis19() {
         SmartFieldText.clear();
     }
     if (SmartFieldCount > 0) SmartFieldsDefault.setValue(1);
+    SmartFieldText.takeFocus();
 }
 
 void Create19::updateThis19() {

@@ -17,9 +17,9 @@ public:
     Label SmartFieldTextLbl{Frame2, "SmartFieldTextLbl", {0, 68, 0, 18}, "SmartField Text:"};
     TextBox SmartFieldText{Frame2, "SmartFieldText", {24, 90, 352, 24}};
     Label CloseLbl{Frame2, "CloseLbl", {382, 93, 20, 18}, "!>"};
-    ImageButton CreateBtn{Frame2, "CreateBtn", {0, 140, 88, 28}, "Create"};
-    ImageButton UpdateBtn{Frame2, "UpdateBtn", {100, 140, 88, 28}, "Update"};
-    ImageButton DeleteBtn{Frame2, "DeleteBtn", {200, 140, 88, 28}, "Delete"};
+    ImageButton CreateBtn{Frame2, "CreateBtn", {0, 140, 88, 28}, "Create", 'C'};
+    ImageButton UpdateBtn{Frame2, "UpdateBtn", {100, 140, 88, 28}, "Update", 'U'};
+    ImageButton DeleteBtn{Frame2, "DeleteBtn", {200, 140, 88, 28}, "Delete", 'D'};
     CheckBox SmartFieldsDefault{Frame2, "SmartFieldsDefault", {0, 196, 0, 22}, "SmartFields Updated By Default"};
 
     std::int16_t SmartFieldCount = 0;

@@ -17,6 +17,9 @@ ToolkitMain::ToolkitMain(Toolkit& toolkit)
     EditImg.onRelease = [this](bool inside) { startEdit(inside); };
     DeleteImg.onRelease = [this](bool inside) { startDelete(inside); };
     Image2.onClick = [this] { DeleteImg.setPressed(true); };
+    Label3.presses = &CreateImg;
+    Label4.presses = &EditImg;
+    Label5.presses = &DeleteImg;
     ExitBtn.action = [this] { screen().quit(); };
 }
 

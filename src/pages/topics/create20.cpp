@@ -1,5 +1,7 @@
 #include "pages/topics/create20.h"
 
+#include <cstdlib>
+
 #include "common/number.h"
 #include "pages/smartfields/create19.h"
 #include "pages/topics/create8.h"
@@ -20,6 +22,14 @@ Create20::Create20(Toolkit& owner) : Page(owner, "Create20", "Reorder Topics") {
     MoveDownBtn.action = [this] { toolkit.topicOrderModule.moveOrderRow(OrderChosenOption, Direction::down); };
     PageUpBtn.action = [this] { turnPage(1, toolkit.topicOrderModule.OrderPageCount); };
     PageDownBtn.action = [this] { turnPage(-1, 1); };
+    MoveDownBtn.tip = "Move the Topic up (Alt+Up)";
+    MoveUpBtn.tip = "Move the Topic down (Alt+Down)";
+    PageDownBtn.counterpart = &PageUpBtn;
+    PageUpBtn.counterpart = &PageDownBtn;
+    shortcuts = {{Key::altUp, MoveDownBtn.action},
+                 {Key::altDown, MoveUpBtn.action},
+                 {Key::home, [this] { moveTo(0, MoveDownBtn); }},
+                 {Key::end, [this] { moveTo(toolkit.topicOrderModule.OrderRowCount - 1, MoveUpBtn); }}};
     NextBtn.action = [this] { nextThis20(); };
     BackBtn.action = [this] { backInGroup(Edit, toolkit.create8); };
     ExitBtn.action = [this] { exitThis20(); };
@@ -38,6 +48,11 @@ void Create20::initThis20() {
 void Create20::turnPage(int step, int lastPage) {
     if (OrderCurrentView != lastPage) OrderCurrentView = add16(OrderCurrentView, step);
     toolkit.topicOrderModule.showOrderPage(OrderCurrentView);
+}
+
+void Create20::moveTo(int row, const ImageButton& button) {
+    const int chosen = (OrderCurrentView - 1) * optionCount + OrderChosenOption;
+    for (int steps = std::abs(row - chosen); steps > 0; --steps) button.action();
 }
 
 void Create20::nextThis20() {

@@ -39,6 +39,8 @@ public:
 private:
     void load() override;
     void turnPage(int step, int lastPage);
+    // Moves the chosen Topic to a row, one step of the button after the other.
+    void moveTo(int row, const ImageButton& button);
     void nextThis20();
     void rewriteTopicKeys();
     void exitThis20();

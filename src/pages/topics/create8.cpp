@@ -14,6 +14,7 @@
 namespace vrix {
 
 Create8::Create8(Toolkit& owner) : Page(owner, "Create8", "Topics") {
+    TopicName.enterPresses = TopicPath.enterPresses = &CreateBtn;
     Topics.onClick = [this] { showCurrentTopic(); };
     Browse1Btn.action = [this] { browse(CommonDialog1, TopicPath); };
     CreateBtn.action = [this] { createThis8(); };
@@ -63,10 +64,12 @@ void Create8::emptyBoxes() {
 
 void Create8::createThis8() {
     if (TopicName.text().empty()) {
+        TopicName.takeFocus();
         tell("Empty Topic Name", "You have not entered a name for your topic.");
         return;
     }
     if (TopicPath.text().empty()) {
+        TopicPath.takeFocus();
         tell("Empty Topic Path", "You have not entered a path for your topic.");
         return;
     }
@@ -75,6 +78,7 @@ void Create8::createThis8() {
     TopicNames.at(i) = name;
     TopicPaths.at(i) = TopicPath.text();
     appendRow(name);
+    TopicName.takeFocus();
 }
 
 void Create8::growTables() {

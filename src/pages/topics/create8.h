@@ -18,9 +18,9 @@ public:
     Label TopicPathLbl{Frame2, "TopicPathLbl", {0, 128, 0, 18}, "Topic File:"};
     TextBox TopicPath{Frame2, "TopicPath", {0, 150, -102, 24}};
     ImageButton Browse1Btn{Frame2, "Browse1Btn", {-88, 148, 88, 28}, "Browse"};
-    ImageButton CreateBtn{Frame2, "CreateBtn", {0, 204, 88, 28}, "Create"};
-    ImageButton UpdateBtn{Frame2, "UpdateBtn", {100, 204, 88, 28}, "Update"};
-    ImageButton DeleteBtn{Frame2, "DeleteBtn", {200, 204, 88, 28}, "Delete"};
+    ImageButton CreateBtn{Frame2, "CreateBtn", {0, 204, 88, 28}, "Create", 'C'};
+    ImageButton UpdateBtn{Frame2, "UpdateBtn", {100, 204, 88, 28}, "Update", 'U'};
+    ImageButton DeleteBtn{Frame2, "DeleteBtn", {200, 204, 88, 28}, "Delete", 'D'};
 
     CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Course Briefing", wordDocuments, ".doc"};
 
