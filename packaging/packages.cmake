@@ -1,5 +1,18 @@
-# The target "packages": the programs of this width as a ZIP and as a setup in build/packages.
+# The target "packages": this width as a ZIP, a setup and an MSI, with its list of materials, in build/packages.
+
+# What every package holds, besides the texts. To pack one more file, name it here.
+set(files $<TARGET_FILE:VrixToolkit> $<TARGET_FILE:VrixToolkitTrial>)
+
+# A step of the MSI, in a library of its own, whose name Windows Installer finds without decoration.
+add_library(vrix_guard MODULE EXCLUDE_FROM_ALL packaging/guard.cpp)
+target_link_libraries(vrix_guard PRIVATE vrix_options msi)
+target_compile_options(vrix_guard PRIVATE -fno-exceptions)
+target_link_options(vrix_guard PRIVATE -s -Wl,--gc-sections -Wl,--kill-at -Wl,-Map=libvrix_guard.map)
+
+set(packaged $<TARGET_FILE:vrix_guard> ${files})
+set(width $<IF:$<EQUAL:${CMAKE_SIZEOF_VOID_P},8>,x64,x86>)
+set(packages ${CMAKE_SOURCE_DIR}/build/packages)
 add_custom_target(packages
-    COMMAND ${CMAKE_CURRENT_LIST_DIR}/pack ${PROJECT_VERSION} $<IF:$<EQUAL:${CMAKE_SIZEOF_VOID_P},8>,x64,x86>
-            ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR}/build/packages
-    DEPENDS VrixToolkit VrixToolkitTrial VERBATIM)
+    COMMAND ${CMAKE_CURRENT_LIST_DIR}/notices ${PROJECT_VERSION} ${width} ${CMAKE_BINARY_DIR} ${packages} ${packaged}
+    COMMAND ${CMAKE_CURRENT_LIST_DIR}/pack ${PROJECT_VERSION} ${width} ${packages} ${packaged}
+            ${CMAKE_BINARY_DIR}/Notices.txt VERBATIM)

@@ -8,6 +8,16 @@ fail() {
     exit 1
 }
 
+# as_root COMMAND ...: runs it with all rights.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        command -v sudo >/dev/null || fail "Please run as root: $*"
+        sudo "$@"
+    fi
+}
+
 # need PACKAGE ...: installs the Debian packages that are missing, and says which.
 need() {
     local missing=() package
@@ -16,16 +26,11 @@ need() {
     done
     [ ${#missing[@]} -eq 0 ] && return
     command -v apt-get >/dev/null || fail "This machine has no apt-get. Please install by hand: ${missing[*]}"
-    local as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        command -v sudo >/dev/null || fail "Please run this as root, or install as root: ${missing[*]}"
-        as_root=(sudo)
-    fi
     say "Installing what this machine lacks: ${missing[*]}"
     mkdir -p build/logs
     {
-        "${as_root[@]}" apt-get update &&
-            "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
+        as_root apt-get update &&
+            as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"
     } >build/logs/install.log 2>&1 </dev/null ||
         fail "The packages could not be installed; build/logs/install.log says why. They are: ${missing[*]}"
 }

@@ -1,8 +1,11 @@
 # shellcheck shell=bash
 # Sourced by the scripts that run Windows programs: a Wine of this folder's own, and a display that nobody sees.
 
+# The build whose programs are run, win64 or win32.
+export preset=${preset:-win64}
+
 # Neither a debugger that waits for someone, nor entries in the user's own menus.
-export WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES='winedbg.exe=d;winemenubuilder.exe=d;mscoree=d;mshtml=d'
+export WINEDEBUG=-all WINEARCH=$preset WINEDLLOVERRIDES='winedbg.exe=d;winemenubuilder.exe=d;mscoree=d;mshtml=d'
 
 # The path as a Windows program sees it.
 windows_path() {
@@ -72,6 +75,6 @@ drive() {
     local folder
     folder=$(windows_path "$3")
     mkdir -p "$3"
-    timeout 300 wine build/win64/tools/driver/vrix_driver.exe "$1" "program=$(windows_path "$2")" \
+    timeout 300 wine "build/$preset/tools/driver/vrix_driver.exe" "$1" "program=$(windows_path "$2")" \
         "pictures=$folder\\" "folder=$folder\\" "${@:4}" </dev/null
 }

@@ -163,16 +163,16 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
     registry.sync();
     registry.sync();  // tried again
     EXPECT_EQ(disk.log, "sync sync sync ");
-    write(999);
 
     for (const bool syncs : {false, true}) {
         StubDisk other;
         other.syncs = syncs;
-        JournalFile file(path, other);
+        JournalFile file(path + "2", other);
         file.start([](const std::string&) { return true; });
-        file.rewrite([](const JournalFile::Writer&) {});
+        ASSERT_TRUE(file.append("x"));
+        file.rewrite([](const journal::Writer&) {});
         EXPECT_EQ(other.log, syncs ? "sync replace " : "sync ");
-        EXPECT_EQ(bytesOf(path).size() == signature, syncs);
+        EXPECT_EQ(bytesOf(path + "2").size() == signature, syncs);
     }
 }
 

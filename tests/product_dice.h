@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/code_page.h"
+#include "makers/embedded/memory_registry.h"
 #include "product/compare.h"
 #include "product/plan.h"
 #include "product/product.h"
@@ -26,6 +27,7 @@ public:
     explicit Dice(unsigned seed) : random_(seed) {}
 
     unsigned below(unsigned count) { return std::uniform_int_distribution<unsigned>(0, count - 1)(random_); }
+    int row(int count) { return static_cast<int>(below(static_cast<unsigned>(count))); }
     bool once(unsigned in) { return below(in) == 0; }
     std::string any(const std::vector<std::string>& texts) { return texts[below(static_cast<unsigned>(texts.size()))]; }
 

@@ -125,16 +125,13 @@ void work(Walk& walk, Dice& dice) {
         if (!target.visible() || !target.enabled() || name == "ExitBtn" || name == "SettingsPath") continue;
         const std::string text =
             dice.any({"Intro", "The \"Tools\"", "a\"=\"b", "C:\\a\\b.doc", "\\\\s\\c.doc", "\xE4\\x", " "});
-        const ControlKind kind = target.kind();
-        if (kind == ControlKind::imageButton) walk.user.press(name);
-        if (kind == ControlKind::checkBox) walk.user.check(name, dice.once(2));
-        if (kind == ControlKind::textBox) walk.user.type(name, text);
+        if (dynamic_cast<ImageButton*>(&target) != nullptr) walk.user.press(name);
+        if (dynamic_cast<CheckBox*>(&target) != nullptr) walk.user.check(name, dice.once(2));
+        if (dynamic_cast<TextBox*>(&target) != nullptr) walk.user.type(name, text);
         const auto* box = dynamic_cast<ComboBox*>(&target);
-        if (box != nullptr && box->count() > 0)
-            walk.user.choose(name, static_cast<int>(dice.below(static_cast<unsigned>(box->count()))));
+        if (box != nullptr && box->count() > 0) walk.user.choose(name, dice.row(box->count()));
         const auto* list = dynamic_cast<MarkList*>(&target);
-        if (list != nullptr && list->count() > 0)
-            walk.user.mark(name, static_cast<int>(dice.below(static_cast<unsigned>(list->count()))), dice.once(2));
+        if (list != nullptr && list->count() > 0) walk.user.mark(name, dice.row(list->count()), dice.once(2));
     }
 }
 

@@ -138,43 +138,27 @@ TEST_F(StoreTest, DeletesOneValueOrAKeyWithoutSubkeys) {
 
 TEST_F(StoreTest, FileTypesAreRegisteredWithTheirVerbs) {
     cRegistry classes(walk.registry);
-    classes.CreateEXEAssociation({.sExePath = " C:\\v.exe ",
-                                  .sClassName = "Vrix.Doc",
-                                  .sClassDescription = "Vrix document",
-                                  .sAssociation = "vdc",
-                                  .bSupportPrint = true,
-                                  .bSupportInstall = true,
-                                  .lDefaultIconIndex = 2});
-    EXPECT_EQ(classes.ClassKey, hive::localMachine);
-    classes.ClassKey = hive::classesRoot;
-    classes.CreateAdditionalEXEAssociations("Vrix.Doc", {"mail", "&Mail", "m.exe", "odd"});
-    classes.CreateAdditionalEXEAssociations("Vrix.None", {"mail", "&Mail", "m.exe"});
-    classes.ClassKey = hive::classesRoot;
-    classes.CreateAdditionalEXEAssociations("Vrix.Doc", {"mail", "&Mail", "m.exe"});
-    const std::vector<std::pair<std::string, std::string>> expected{
-        {".vdc", "Vrix.Doc"},
-        {"Vrix.Doc", "Vrix document"},
-        {"Vrix.Doc\\shell\\open", "&Open"},
-        {"Vrix.Doc\\shell\\open\\command", "\"C:\\v.exe\" \"%1\""},
-        {"Vrix.Doc\\shell\\print\\command", "\"C:\\v.exe\" /p \"%1\""},
-        {"Vrix.Doc\\shell\\add", "&Install vdc"},
-        {"Vrix.Doc\\DefaultIcon", "\"C:\\v.exe\",2"},
-        {"Vrix.Doc\\shell\\mail\\command", "m.exe"},
-    };
-    for (const auto& [section, text] : expected) {
+    const auto add = [&](const std::string& name, const std::vector<std::string>& verb) {
         classes.ClassKey = hive::classesRoot;
-        classes.SectionKey = section;
-        EXPECT_TRUE(classes.KeyExists()) << section;
-        EXPECT_EQ(textOf(classes.Value()), text) << section;
-    }
+        classes.CreateAdditionalEXEAssociations(name, verb);
+    };
+    classes.CreateEXEAssociation({" C:\\v ", "V.Doc", "Vrix document", "vdc", "", true, "", true, "", true, "", 2});
+    EXPECT_EQ(classes.ClassKey, hive::localMachine);
+    classes.CreateEXEAssociation({"\"w", "W", "", "w", "Open", true, "Print", true, "New", true, "Install", 0});
+    classes.CreateEXEAssociation({"\"x\"", "X", "", "x"});
+    add("V.Doc", {"mail", "&Mail", "m.exe", "odd"});
+    add("V.None", {"mail", "&Mail", "m.exe"});
+    add("X", {"mail", "&Mail", "m.exe", "fax", "&Fax", "f.exe"});
+    EXPECT_EQ(walk.tree("", "Software\\Classes\\"), expected("classes.tree"));
     std::vector<std::string> verbs;
     std::int32_t count = 0;
-    classes.SectionKey = "Vrix.Doc\\shell";
-    EXPECT_TRUE(classes.EnumerateSections(verbs, count));
-    EXPECT_EQ(verbs, (std::vector<std::string>{"open", "print", "add", "mail"}));
-    classes.SectionKey = "Vrix.None";
+    classes.ClassKey = hive::classesRoot;
+    classes.SectionKey = "V.Doc\\shell";
+    EXPECT_TRUE(classes.KeyExists() && classes.EnumerateSections(verbs, count) && count == 4);
+    EXPECT_EQ(verbs, (std::vector<std::string>{"open", "print", "add", "new"}));
+    classes.SectionKey = "V.None";
     EXPECT_FALSE(classes.KeyExists());
-    EXPECT_TRUE(classes.EnumerateSections(verbs, count) && count == 0);
+    EXPECT_TRUE(classes.EnumerateSections(verbs, count) && count == 0 && verbs.empty());
     EXPECT_TRUE(classes.CreateKey() && classes.KeyExists());
 }
 

@@ -10,8 +10,8 @@ namespace vrix {
 
 namespace {
 
-void dump(cRegistry& cursor, const std::string& section, std::string& out) {
-    cursor.SectionKey = "Software\\Vrix\\" + section;
+void dump(cRegistry& cursor, const std::string& root, const std::string& section, std::string& out) {
+    cursor.SectionKey = root + section;
     if (!cursor.KeyExists()) return;
     out += '[' + section + "]\n";
     std::vector<std::string> names;
@@ -22,7 +22,7 @@ void dump(cRegistry& cursor, const std::string& section, std::string& out) {
         out += name + '=' + textOf(cursor.Value()) + '\n';
     }
     cursor.EnumerateSections(names, count);
-    for (const std::string& name : names) dump(cursor, section.empty() ? name : section + '\\' + name, out);
+    for (const std::string& name : names) dump(cursor, root, section.empty() ? name : section + '\\' + name, out);
 }
 
 }  // namespace
@@ -122,11 +122,11 @@ void Walk::put(const std::string& section, const std::string& name, const std::s
     pages.settings.SaveSetting(application, section, name, data);
 }
 
-std::string Walk::tree(const std::string& section) {
+std::string Walk::tree(const std::string& section, const std::string& root) {
     std::string out;
     cRegistry cursor(registry);
     cursor.ClassKey = hive::localMachine;
-    dump(cursor, section, out);
+    dump(cursor, root, section, out);
     return out;
 }
 

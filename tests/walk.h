@@ -62,8 +62,9 @@ public:
     std::string file(const std::string& name) const { return bytesOf(path(name)); }
 
     void put(const std::string& section, const std::string& name, const std::string& data);
-    // All keys and values below a section of the family key, in the registry's order: "[key]" and "name=text" lines.
-    std::string tree(const std::string& section = "");
+    // All keys and values below a section of the family key, or of another key of the machine, in the registry's order:
+    // "[key]" and "name=text" lines.
+    std::string tree(const std::string& section = "", const std::string& root = "Software\\Vrix\\");
 
 private:
     TemporaryFolder folder_;

@@ -204,8 +204,7 @@ void measureTools(const Scale& scale, const std::string& folder) {
         finish();
         chooseProduct(running.pages);
         const Work exportIt = [&] {
-            const SelectedProduct& selected = running.pages.selectedProduct;
-            ProductExport(running.pages.settings, selected.ProductRegKey, selected.isDeveloper)
+            ProductExport(running.pages.settings, running.pages.selectedProduct)
                 .write(running.pages.platform.files, file, running.pages.edit1.ProductList.text());
             endEvent(*store);
         };

@@ -13,6 +13,7 @@ constexpr unsigned utf8 = 65001;
 struct Chosen {
     unsigned number = western;
     LowerCaser lower = nullptr;
+    bool oneByteEach = true;  // every character has one byte
 };
 Chosen chosen;
 
@@ -63,7 +64,10 @@ char lowerByte(char c) {
 
 }  // namespace
 
-void useCodePage(unsigned number, LowerCaser lower) { chosen = {number, lower}; }
+void useCodePage(unsigned number, LowerCaser lower) {
+    chosen = {number, lower, false};
+    chosen.oneByteEach = number != utf8 && !isLead(0x90);
+}
 
 unsigned codePage() { return chosen.number; }
 
@@ -76,6 +80,7 @@ std::size_t characterSize(std::string_view text, std::size_t at) {
 }
 
 std::size_t characterCount(std::string_view text) {
+    if (chosen.oneByteEach) return text.size();
     std::size_t count = 0;
     for (std::size_t at = 0; at < text.size(); at += characterSize(text, at)) ++count;
     return count;
@@ -88,6 +93,7 @@ std::size_t characterStart(std::string_view text, std::size_t index) {
 }
 
 std::size_t findCharacter(std::string_view text, char sign, std::size_t from) {
+    if (chosen.oneByteEach) return text.find(sign, from);
     for (std::size_t at = from; at < text.size(); at += characterSize(text, at)) {
         if (text[at] == sign) return at;
     }
@@ -103,7 +109,7 @@ std::size_t findLastCharacter(std::string_view text, char sign) {
 std::string lowerCase(std::string text) {
     if (chosen.lower != nullptr) return chosen.lower(std::move(text));
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t size = characterSize(text, at);
+        const std::size_t size = chosen.oneByteEach ? 1 : characterSize(text, at);
         if (size == 1) text[at] = lowerByte(text[at]);
         at += size;
     }

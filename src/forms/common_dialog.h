@@ -19,13 +19,16 @@ public:
     std::string InitDir;
     std::string FileName;
 
-    void ShowOpen() { take(dialog_.askOpen(question())); }
-    void ShowSave() { take(dialog_.askSave(question())); }
+    // False where the user chose a file whose path cannot be written: nothing is to change then.
+    bool ShowOpen() { return take(dialog_.askOpen(question())); }
+    bool ShowSave() { return take(dialog_.askSave(question())); }
 
 private:
     FileQuestion question() const { return {DialogTitle, Filter, DefaultExt, InitDir, FileName}; }
-    void take(const std::optional<std::string>& chosen) {
-        if (chosen) FileName = *chosen;
+    bool take(const std::optional<std::string>& chosen) {
+        if (!chosen) return true;
+        if (!chosen->empty()) FileName = *chosen;
+        return !chosen->empty();
     }
     FileDialog& dialog_;
 };

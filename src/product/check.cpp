@@ -11,6 +11,7 @@
 #include "product/compare.h"
 #include "product/view.h"
 #include "store/option_table.h"
+#include "store/settings_file.h"
 #include "store/variant.h"
 
 namespace vrix {
@@ -183,9 +184,9 @@ private:
         const auto has = [&](const char* characters) { return text.find_first_of(characters) != std::string::npos; };
         if (has("\"")) findings_.add("quotation-mark", place, text);
         if (has("\r\n")) findings_.add("line-break", place, text);
-        if (!isPath && has("\\")) findings_.add("plain-backslash", place, text);
+        if (!isPath && findCharacter(text, '\\') != std::string::npos) findings_.add("plain-backslash", place, text);
         if (isExpandable(text)) findings_.add("percent-pair", place, text);
-        if (!encoding_.toUtf8(text)) findings_.add("undefined-bytes", place, text);
+        if (!exactUtf8(encoding_, text)) findings_.add("undefined-bytes", place, text);
     }
 
     void checkPath(const std::string& place, const std::string& path) {
@@ -193,7 +194,8 @@ private:
         const bool hasDrive = path.size() > 2 && path[1] == ':' && path[2] == '\\';
         const bool isHere = hasDrive && (path[0] == 'C' || path[0] == 'c');
         if (path.front() == ' ' || path.back() == ' ') findings_.add("blank-at-path-end", place, path);
-        if (path.find("\\\\", 1) != std::string::npos) findings_.add("path-with-double-backslash", place, path);
+        const bool goesAsNetwork = escapedPath(path).starts_with("\\\\\\\\");
+        if (goesAsNetwork != isNetwork) findings_.add("path-with-double-backslash", place, path);
         if (hasDrive && !isHere) findings_.add("drive-letter", place, path);
         if (!isNetwork && !hasDrive && path.front() != '%') findings_.add("relative-path", place, path);
     }

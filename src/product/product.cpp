@@ -29,6 +29,13 @@ bool comesBefore(const StoredKey& a, const StoredKey& b) {
     return a.path < b.path;
 }
 
+bool hasHighControl(const std::string& utf8) {
+    for (auto at = utf8.find('\xC2'); at != std::string::npos; at = utf8.find('\xC2', at + 1)) {
+        if (at + 1 < utf8.size() && static_cast<unsigned char>(utf8[at + 1]) < 0xA0) return true;
+    }
+    return false;
+}
+
 bool isText(std::uint32_t type) {
     return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
 }
@@ -132,7 +139,7 @@ std::string joined(const KeyPath& path) {
 KeyPath partsOf(std::string_view text) {
     KeyPath parts;
     for (std::size_t from = 0; from <= text.size();) {
-        const std::size_t end = std::min(text.find('\\', from), text.size());
+        const std::size_t end = std::min(findCharacter(text, '\\', from), text.size());
         if (end > from) parts.emplace_back(text.substr(from, end - from));
         from = end + 1;
     }
@@ -152,6 +159,12 @@ bool isWithin(const KeyPath& path, const KeyPath& above) {
 }
 
 bool samePath(const KeyPath& a, const KeyPath& b) { return a.size() == b.size() && isWithin(a, b); }
+
+std::optional<std::string> exactUtf8(const Encoding& encoding, const std::string& text) {
+    auto utf8 = encoding.toUtf8(text);
+    if (utf8 && (hasHighControl(*utf8) || encoding.fromUtf8(*utf8) != text)) utf8.reset();
+    return utf8;
+}
 
 std::string whyNoKey(const ProductId& id) {
     const KeyPath parts = partsOf(id.key);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/encoding.h"
 #include "platform/registry.h"
 
 namespace vrix {
@@ -103,6 +104,10 @@ bool sameName(std::string_view a, std::string_view b);
 bool samePath(const KeyPath& a, const KeyPath& b);
 // Whether `path` is `above` or lies below it. Without regard to case.
 bool isWithin(const KeyPath& path, const KeyPath& above);
+
+// The text as UTF-8, if that leads back to the same bytes. Nothing where a byte stands for no character, or for a
+// control character beyond ASCII, which is what some tables have for such bytes.
+std::optional<std::string> exactUtf8(const Encoding& encoding, const std::string& text);
 
 // Why a Product of that name and key cannot be written: an empty key, or one in the place of a list or of a tree. Empty
 // text when it can.

@@ -32,20 +32,32 @@ std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const Ke
     }
 }
 
-// The value of that name, for a listing that gives the name alone.
-StoredValue valueOf(Registry& registry, RegistryKey key, std::string name, const KeyPath& path) {
-    StoredValue value{std::move(name), 0, {}};
+// A value that the listing could not give.
+StoredValue valueOf(Registry& registry, RegistryKey key, const std::string& name, const KeyPath& path) {
+    StoredValue value{name, 0, {}};
     std::uint32_t size = 0;
     RegistryStatus status = RegistryStatus::moreData;
     while (status == RegistryStatus::moreData) {  // at first it tells the size
         value.data.resize(size);
         std::uint32_t none = 0;
         void* room = size == 0 ? static_cast<void*>(&none) : value.data.data();
-        status = registry.queryValue(key, value.name, value.type, room, size);
+        status = registry.queryValue(key, name, value.type, room, size);
     }
     expect(status, path);
     value.data.resize(size);
     return value;
+}
+
+// The status of a step of a listing. The room for the name grows: another program may have written a longer one.
+RegistryStatus listValue(Registry& registry, RegistryKey key, std::size_t index, std::string& room,
+                         std::uint32_t& length, std::optional<ValueData>& data) {
+    constexpr std::size_t mostRoom = 1 << 17;  // more than the longest name that can be
+    for (;; room.resize(2 * room.size())) {
+        length = static_cast<std::uint32_t>(room.size());
+        const RegistryStatus status =
+            registry.enumValue(key, static_cast<std::uint32_t>(index), room.data(), length, &data);
+        if (status != RegistryStatus::moreData || room.size() > mostRoom) return status;
+    }
 }
 
 constexpr std::uint32_t toRead = access::queryValue | access::enumerateSubKeys;
@@ -65,29 +77,18 @@ void onKey(Registry& registry, const KeyPath& path, const Use& use) {
 std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const KeyPath& path) {
     std::uint32_t longest = 0;
     expect(registry.queryInfoKey(key, longest), path);
+    constexpr std::size_t characterBytes = 4;  // at most, in any code page
+    std::string room(longest * characterBytes + 1, '\0');
     std::vector<StoredValue> values;
-    std::string name(longest + 1, '\0');
-    std::optional<ValueData> data;
-    for (std::uint32_t index = 0;; ++index) {
-        auto length = static_cast<std::uint32_t>(name.size());
-        RegistryStatus status = registry.enumValue(key, index, name.data(), length, &data);
-        // The longest name is told in characters, which may take more than a byte.
-        constexpr std::size_t mostBytes = std::size_t{4} * 16'384;
-        while (status == RegistryStatus::moreData && name.size() < mostBytes) {
-            name.resize(2 * name.size());
-            length = static_cast<std::uint32_t>(name.size());
-            status = registry.enumValue(key, index, name.data(), length, &data);
-        }
+    for (;;) {
+        std::optional<ValueData> data;
+        std::uint32_t length = 0;
+        const RegistryStatus status = listValue(registry, key, values.size(), room, length, data);
         if (status == RegistryStatus::noMoreItems) return values;
         expect(status, path);
-        StoredValue value{name.substr(0, length), 0, {}};
-        if (data) {
-            value.type = data->type;
-            value.data = std::move(data->bytes);
-        } else {
-            value = valueOf(registry, key, std::move(value.name), path);
-        }
-        values.push_back(std::move(value));
+        const std::string name = room.substr(0, length);
+        values.push_back(data ? StoredValue{name, data->type, std::move(data->bytes)}
+                              : valueOf(registry, key, name, path));
     }
 }
 

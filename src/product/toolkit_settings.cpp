@@ -2,6 +2,7 @@
 #include <functional>
 #include <set>
 
+#include "common/code_page.h"
 #include "product/settings_lines.h"
 #include "store/option_table.h"
 
@@ -37,9 +38,9 @@ bool isPathOption(std::string_view name) {
 // A path's data with each doubled backslash as one; nothing where one stands alone.
 std::optional<std::string> unescaped(std::string_view data) {
     std::string path;
-    for (std::size_t at = 0; at < data.size(); ++at) {
+    for (std::size_t at = 0; at < data.size(); at += characterSize(data, at)) {
         if (data[at] == '\\' && (++at == data.size() || data[at] != '\\')) return std::nullopt;
-        path += data[at];
+        path += data.substr(at, characterSize(data, at));
     }
     return path;
 }

@@ -39,8 +39,7 @@ void Page::exitGroup(bool& edit) { backInGroup(edit, vrix::form(toolkit, "Toolki
 void Page::tell(const std::string& title, const std::string& text) { screen().ask(text, title, Buttons::ok); }
 
 void Page::browse(CommonDialog& dialog, TextBox& box) {
-    dialog.ShowOpen();
-    box.setText(dialog.FileName);
+    if (dialog.ShowOpen()) box.setText(dialog.FileName);
 }
 
 }  // namespace vrix

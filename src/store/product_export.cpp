@@ -15,7 +15,7 @@ void ProductExport::write(Files& files, const std::string& path, const std::stri
     section(file, "\\Dependencies\\IndexTable", Data::plain);
     section(file, "\\Dependencies\\Matrix", Data::plain);
     section(file, "\\Topics", Data::path);
-    if (!isDeveloper_) addedTopics(file);
+    if (!product_.isDeveloper) statement_([&] { addedTopics(file); });
     statement_([&] { file.blank(); });
     options(file);
     smartFields(file);
@@ -27,7 +27,7 @@ std::string ProductExport::read(const std::string& section, const std::string& n
 }
 
 SettingsTable ProductExport::list(const std::string& below) const {
-    return settings_.GetAllSettings(application, root_ + below);
+    return settings_.GetAllSettings(application, product_.ProductRegKey + below);
 }
 
 // Half of the listing's cells, which are counted in 16 bits.
@@ -36,7 +36,7 @@ int ProductExport::rowsOf(const SettingsTable& table) const {
 }
 
 void ProductExport::header(SettingsFile& file, const std::string& below) {
-    statement_([&] { file.header(root_ + below); });
+    statement_([&] { file.header(product_.ProductRegKey + below); });
 }
 
 void ProductExport::section(SettingsFile& file, const std::string& below, Data data) {
@@ -53,13 +53,13 @@ void ProductExport::entries(SettingsFile& file, const SettingsTable& table, Data
 }
 
 void ProductExport::identity(SettingsFile& file, const std::string& name) {
-    file.header(isDeveloper_ ? "Toolkit\\Products" : "Products");
+    file.header(product_.listSection());
     // The leading separator doubles the one before it, and the registry takes both as one.
-    file.entry(name, read(isDeveloper_ ? "\\Toolkit\\Products" : "Products", name));
+    file.entry(name, read(product_.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
     file.blank();
-    file.header(root_);
+    file.header(product_.ProductRegKey);
     // Not the "Creation Date" of a new Product: the two names are on purpose.
-    file.entry("CreationDate", read(root_, "CreationDate"));
+    file.entry("CreationDate", read(product_.ProductRegKey, "CreationDate"));
     file.blank();
 }
 
@@ -90,7 +90,8 @@ void ProductExport::options(SettingsFile& file) {
     }
     for (const OptionRow& option : optionTable()) {
         if (option.kind != OptionKind::path) continue;
-        statement_([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
+        statement_(
+            [&] { file.entry(option.name, escapedPath(read(product_.ProductRegKey + "\\Options", option.name))); });
     }
     statement_([&] { file.blank(); });
 }

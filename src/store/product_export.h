@@ -4,6 +4,7 @@
 
 #include "common/runtime_failure.h"
 #include "platform/files.h"
+#include "store/selected_product.h"
 #include "store/settings_table.h"
 
 namespace vrix {
@@ -14,19 +15,18 @@ class SettingsFile;
 // Writes the settings file of a stored Product.
 class ProductExport {
 public:
-    // `root` is the Product's section; a Product of the develop tree has it below "Toolkit".
-    ProductExport(cRegistryFunctions& settings, const std::string& root, bool isDeveloper)
-        : settings_(settings), root_(root), isDeveloper_(isDeveloper) {}
+    ProductExport(cRegistryFunctions& settings, const SelectedProduct& product)
+        : settings_(settings), product_(product) {}
 
-    // From the start all failures are ignored: a section without values stays empty.
+    // From the start each statement that fails is skipped: a section without values stays empty.
     ProductExport& ignoringFailures() {
         statement_.ignoreFailures = true;
         return *this;
     }
 
-    // `name` is the Product's in its list. Failures as in Files, and 13 or 9 for a listing without values; the file is
-    // left as far as written. On a Product of the installed tree failures are ignored, statement by statement, from its
-    // added Topics to the end; on another one, from its SmartFields.
+    // `name` is the Product's in its list. Failures as in Files, and 13 or 9 for a listing without values; what was
+    // written until then stays in the file. From some point to the end each statement that fails is skipped: in the
+    // installed tree from the added Topics on, in the develop tree from the SmartFields on.
     void write(Files& files, const std::string& path, const std::string& name);
 
 private:
@@ -44,8 +44,7 @@ private:
     void smartFields(SettingsFile& file);
 
     cRegistryFunctions& settings_;
-    std::string root_;
-    bool isDeveloper_;
+    SelectedProduct product_;
     StatementRunner statement_;
 };
 

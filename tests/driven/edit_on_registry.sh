@@ -13,7 +13,7 @@ in_words tests/expected/sample.kls | iconv -f UTF-8 -t "$code_page" >"$out/sampl
 merge "$out/sample.kls"
 store >"$out/before"
 in_words tests/walks/edit.walk >"$out/edit.walk"
-drive "$out/edit.walk" build/win64/VrixToolkit.exe "$out"
+drive "$out/edit.walk" "build/$preset/VrixToolkit.exe" "$out"
 store >"$out/store"
 
 # What was edited, and only that. An unnamed value stands behind the rewritten Topics' index and matrix.
@@ -45,5 +45,5 @@ merge "$out/edited.kls"
 store | values | grep -v Dependencies | diff - <(values <"$out/store" | grep -v Dependencies)
 
 in_words tests/walks/delete.walk >"$out/delete.walk"
-drive "$out/delete.walk" build/win64/VrixToolkit.exe "$out/delete"
+drive "$out/delete.walk" "build/$preset/VrixToolkit.exe" "$out/delete"
 [ "$(store)" = '\Toolkit\Products|'$'\n''\Toolkit|' ]

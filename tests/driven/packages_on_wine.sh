@@ -1,51 +1,62 @@
 #!/usr/bin/env bash
-# The packages as one command leaves them: the programs in them as they were built, the same bytes again, and the
-# 64-bit setup through a life on a machine. The 32-bit one cannot run here, where Wine has 64 bits only.
+# Setup and MSI of one width through a life on a machine, with the packages that packages_on_this_machine.sh left.
 set -euo pipefail
+. scripts/machine.sh
 . scripts/wine.sh
 trap - EXIT
 out=build/driven/packages
-rm -rf "$out" && mkdir -p "$out"
-./package
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
-
-# Made again from copies of another time, in another folder, with other rights.
-for kind in win64,x64 win32,x86; do
-    copy=$out/VrixToolkit-$version-${kind#*,}
-    cmake -E chdir "$out" cmake -E tar xf "$PWD/build/packages/${copy##*/}.zip" --touch && chmod 600 "$copy"/*
-    cmp <(cat build/"${kind%,*}"/VrixToolkit{,Trial}.exe) <(cat "$copy"/VrixToolkit{,Trial}.exe)
-    TZ=Asia/Tokyo packaging/pack "$version" "${kind#*,}" "$copy" "$out/again"
-done
-diff -r build/packages "$out/again"
-[ "$(objdump -f build/packages/*.exe | awk '/format/ { print $NF }' | paste -sd' ')" = 'pei-x86-64 pei-i386' ]
-
-# All files and keys of the machine, and the values where a setup may leave any.
-state() {
-    timeout 60 wineserver -w
-    find "$WINEPREFIX"/drive_c/{Program*,users} ! -path '*/Temp*' | sort
-    awk '/^\[/ { sub(/ [0-9]+$/, ""); all = /Uninstall|Environment|Vrix/; print } /^["@]/ && all' "$WINEPREFIX"/*.reg
-}
-setup() { timeout 120 wine "build/packages/VrixToolkit-$version-x64-setup.exe" /S; }
+width=x64 name='Vrix Toolkit'
+[ "$preset" = win64 ] || width=x86 name='Vrix Toolkit (32-bit)'
 app='C:\Program Files\Vrix Toolkit' home="$WINEPREFIX/drive_c/Program Files/Vrix Toolkit"
-menu="$WINEPREFIX/drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs/Vrix Toolkit"
-entry='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Vrix Toolkit'
-# What a run that failed may have left.
-rm -rf "$home" "$menu" && { wine reg delete "$entry" /f || true; }
+now=build/packages/VrixToolkit-$version-$width older=$out/older/VrixToolkit-1.0.0-$width
+printf 'start /wait "" "%s\\uninstall.exe" /S _?=%s\r\nexit %%errorlevel%%\r\n' "$app" "$app" >"$out/remove.bat"
 
+# All files and keys of the machine, but for the installer's own roots, and the values where a package may leave any.
+state() {
+    timeout 60 wineserver -k && timeout 60 wineserver -w
+    find "$WINEPREFIX"/drive_c/{Program*,users} ! -path '*/Temp*' | sort
+    awk '/Installer.*\\(Features|Products|Components|UpgradeCodes)\]/ { next }
+        /^\[/ { sub(/ [0-9]+$/, ""); all = /Uninstall|Environment|Vrix/; print } /^["@]/ && all' "$WINEPREFIX"/*.reg
+}
+setup() { timeout 120 wine "$1-setup.exe" /S "/LOG=$(windows_path "$out/log")"; }
+msi() { timeout 120 wine msiexec /i "$(windows_path "$1.msi")" /qn "${@:2}"; }
+remove_setup() { timeout 120 wine cmd /c "$(windows_path "$out/remove.bat")" && rm "$home/uninstall.exe" && rmdir "$home"; }
+remove_msi() { timeout 120 wine msiexec /x "$(windows_path "$now.msi")" /qn; }
+# expect CODE COMMAND ...: of an exit code, this side sees the last eight bits.
+expect() {
+    local code=0
+    "${@:2}" || code=$?
+    echo "$code: ${*:2}"
+    [ "$code" -eq $(($1 & 255)) ]
+}
+runs() { grep -qsF "$home/VrixToolkit.exe" /proc/[0-9]*/maps; }
+
+# life KIND NEWER BUSY OTHER CODE: with the codes of a refusal because of a newer one and of a running program, and the
+# code of the other kind, which refuses too.
+life() {
+    state >"$out/before"
+    expect 0 "$1" "$older"
+    expect 0 "$1" "$now"
+    expect "$2" "$1" "$older"
+    expect "$5" "$4" "$now"
+    echo spoilt >"$home/VrixToolkit.exe" && rm "$home/Guide.html"
+    expect 0 "$1" "$now" REINSTALL=ALL REINSTALLMODE=amus
+    diff -r -x uninstall.exe "$out/VrixToolkit-$version-$width" "$home"
+    wine reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' /s | tr -d '\r' |
+        sed -nE 's/^ +(Display(Name|Version)|InstallLocation|Publisher|No\w+) +\S+ +/\1=/p' | sed 's/\\$//' | sort >"$out/entry"
+    diff "$out/entry" - < <(printf '%s\n' "DisplayName=Vrix Administrative Toolkit ($width)" "DisplayVersion=$version" \
+        "InstallLocation=$app" NoModify=0x1 $([ "$1" = msi ] || echo NoRepair=0x1) Publisher=Vrix)
+    find "$WINEPREFIX" -path "*/Programs/$name/*.lnk" -exec cat {} + | grep -aoE 'Toolkit.(VrixToolkit(Trial)?\.exe|Guide\.html)' |
+        sort -u | wc -l | grep -x 3
+    wine "$app\\VrixToolkit.exe" &
+    for ((i = 0; i < 30; ++i)); do ! runs || break; sleep 1; done
+    expect "$3" "$1" "$now"
+    expect "$3" "remove_$1"
+    wine taskkill /f /im VrixToolkit.exe && wait
+    expect 0 "remove_$1"
+    state | diff "$out/before" -
+}
 wine reg add 'HKLM\Software\Vrix\Toolkit' /v Kept /d here /f
-state >"$out/before"
-setup
-echo older >"$home/VrixToolkit.exe"
-setup
-diff -r -x uninstall.exe "$out/VrixToolkit-$version-x64" "$home"
-wine reg query "$entry" | sed -nE 's/\r//; s/0x...$/n/; s/^ +(\S+) +\S+ +/\1=/p' | sort | paste -sd'|||\n' >"$out/entry"
-diff "$out/entry" - <<END
-DisplayIcon=$app\VrixToolkit.exe|DisplayName=Vrix Administrative Toolkit (x64)|DisplayVersion=$version|EstimatedSize=n
-InstallLocation=$app|NoModify=0x1|NoRepair=0x1|Publisher=Vrix
-QuietUninstallString="$app\uninstall.exe" /S|UninstallString="$app\uninstall.exe"
-END
-[ "$(cat "$menu"/*.lnk | grep -aoE 'Toolkit.VrixToolkit(Trial)?\.exe' | sort -u | wc -l)" = 2 ]
-printf '%s\n' 'start {program}' 'page main "Please Select A Task:"' 'press "Exit"' end >"$out/start.walk"
-drive "$out/start.walk" "$home/VrixToolkit.exe" "$out"
-wine "$app\\uninstall.exe" /S
-state | diff "$out/before" -
+life setup 1638 1618 msi 1603
+life msi 1603 1602 setup 1638

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The sample walk on the machine's registry: what the platform's own tool reads there is the Product, and the settings
 # file merged by the platform's own editor into an empty store gives it back. Libraries that somebody laid beside the
-# program are not loaded: with these the walk would end at its first dialog.
+# 64-bit program are not loaded: with these the walk would end at its first dialog.
 set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
@@ -10,8 +10,9 @@ trap - EXIT
 out=build/driven/registry${words:+/$code_page}
 rm -rf "$out"
 mkdir -p "$out/program"
-cp build/win64/VrixToolkit.exe "$out/program"
+cp "build/$preset/VrixToolkit.exe" "$out/program"
 for library in comdlg32 comctl32; do
+    [ "$preset" = win64 ] || break
     echo 'int planted;' | x86_64-w64-mingw32-gcc-posix -shared -x c - -o "$out/program/$library.dll"
 done
 empty_store

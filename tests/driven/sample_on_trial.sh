@@ -10,7 +10,7 @@ for hands in mouse keyboard; do
     out=build/driven/trial-$hands
     rm -rf "$out"
     forget_trial
-    drive tests/walks/sample.walk build/win64/VrixToolkitTrial.exe "$out" "hands=$hands"
+    drive tests/walks/sample.walk "build/$preset/VrixToolkitTrial.exe" "$out" "hands=$hands"
     diff <(without_time tests/expected/sample.kls) <(without_time "$out/sample.kls")
     grep -qE '"CreationDate"="[0-9/.-]+ [0-9:]+.*"' "$out/sample.kls"
 done

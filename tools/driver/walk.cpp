@@ -2,7 +2,7 @@
 //     vrix_driver WALK [NAME=VALUE ...]
 // A walk is UTF-8 and has a step on each line; empty lines and lines that begin with "#" are none. Texts stand in
 // double quotes as they are on the screen, single words need none, a name in braces stands for a value given to the
-// driver. "pictures" names the folder for pictures, where any are wanted; "hands=keyboard" leaves the mouse alone. What
+// driver. "pictures" names the folder for pictures; "hands=keyboard" leaves the mouse alone. What
 // each window gives a screen reader to say is printed. The exit code is 0 for a walk that came true in every step.
 
 #include <objbase.h>
@@ -283,14 +283,12 @@ private:
     // Takes the window's picture if there is none yet. The pointer goes aside first, to where it is over no control.
     void leave() {
         if (name_.empty()) return;
+        POINT corner{3, 3};
+        ClientToScreen(window_, &corner);
+        moveTo(corner);
+        const std::string number = std::to_string(pictured_.size());
         speak();
-        if (!pictures_.empty()) {
-            POINT corner{3, 3};
-            ClientToScreen(window_, &corner);
-            moveTo(corner);
-            const std::string number = std::to_string(pictured_.size());
-            takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
-        }
+        takePicture(areaOf(window_), pictures_ + (number.size() < 2 ? "0" : "") + number + '-' + name_ + ".png");
         name_.clear();
     }
 

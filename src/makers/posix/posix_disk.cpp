@@ -29,6 +29,8 @@ public:
         return std::rename(by.c_str(), path.c_str()) == 0;
     }
 
+    bool sync(std::FILE* file) override { return fsync(fileno(file)) == 0; }
+
 private:
     int lock_ = -1;
 };

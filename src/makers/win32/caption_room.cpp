@@ -9,8 +9,6 @@ namespace vrix {
 
 namespace {
 
-bool isDialog(HWND window) { return GetClassLongPtrA(window, GCW_ATOM) == 32770; }  // the platform's own class
-
 // The width of a dialog's caption with all that stands beside it.
 int captionWidth(HWND box) {
     std::array<wchar_t, 256> caption{};
@@ -39,7 +37,8 @@ RECT areaOf(HWND window) {
 std::vector<HWND> buttonsOf(HWND box) {
     std::vector<HWND> buttons;
     for (HWND child = GetWindow(box, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        if ((SendMessageA(child, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0) buttons.push_back(child);
+        const bool shown = (GetWindowLongA(child, GWL_STYLE) & WS_VISIBLE) != 0;
+        if (shown && (SendMessageA(child, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0) buttons.push_back(child);
     }
     return buttons;
 }
@@ -62,15 +61,16 @@ void widen(HWND box) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-LRESULT CALLBACK activated(int code, WPARAM wParam, LPARAM lParam) {
-    const auto window = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && isDialog(window)) widen(window);
+// When a box has handled WM_INITDIALOG, everything on it has its place.
+LRESULT CALLBACK handled(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& message = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+    if (code == HC_ACTION && message.message == WM_INITDIALOG) widen(message.hwnd);
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 }  // namespace
 
-CaptionRoom::CaptionRoom() : hook_(SetWindowsHookExA(WH_CBT, &activated, nullptr, GetCurrentThreadId())) {}
+CaptionRoom::CaptionRoom() : hook_(SetWindowsHookExA(WH_CALLWNDPROCRET, &handled, nullptr, GetCurrentThreadId())) {}
 
 CaptionRoom::~CaptionRoom() { UnhookWindowsHookEx(hook_); }
 

@@ -67,8 +67,8 @@ std::optional<LRESULT> Keyboard::message(UINT message, WPARAM wParam, LPARAM lPa
 }
 
 void Keyboard::restoreFocus() {
-    constexpr LONG needed = WS_VISIBLE | WS_DISABLED;
-    if (lastFocus_ != nullptr && (GetWindowLongA(lastFocus_, GWL_STYLE) & needed) == WS_VISIBLE) {
+    const LONG state = lastFocus_ == nullptr ? 0 : GetWindowLongA(lastFocus_, GWL_STYLE) & (WS_VISIBLE | WS_DISABLED);
+    if (state == WS_VISIBLE) {
         screen_.quietly([&] { SetFocus(lastFocus_); });
     } else if (const ControlWindow* first = firstInput()) {
         focus(first->handle());

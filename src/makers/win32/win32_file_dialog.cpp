@@ -82,7 +82,7 @@ std::optional<std::string> ask(Win32Screen& screen, const FileQuestion& question
     if (narrowExactly(*path, text) || narrowExactly(shortPath(*path), text)) return text;
     screen.ask("The path of this file has characters that the code page of this system cannot write.",
                "Path Cannot Be Written", Buttons::ok);
-    return std::nullopt;
+    return "";
 }
 
 }  // namespace

@@ -29,8 +29,7 @@ void Create18::initThis18() {
 std::string Create18::regslashes(const std::string& path) { return escapedPath(path); }
 
 void Create18::browse1This18() {
-    CommonDialog1.ShowSave();
-    SettingsPath.setText(CommonDialog1.FileName);
+    if (CommonDialog1.ShowSave()) SettingsPath.setText(CommonDialog1.FileName);
 }
 
 void Create18::nextThis18() {
@@ -60,9 +59,8 @@ void Create18::finish() {
 // Without a path nothing is written and the page stays, also after an OK.
 void Create18::exportProduct() {
     if (SettingsPath.text().empty()) return;
-    const Edit1& selected = toolkit.edit1;
-    ProductExport(toolkit.settings, selected.ProductRegKey, selected.isDeveloper)
-        .write(toolkit.platform.files, SettingsPath.text(), selected.ProductList.text());
+    ProductExport(toolkit.settings, toolkit.selectedProduct)
+        .write(toolkit.platform.files, SettingsPath.text(), toolkit.edit1.ProductList.text());
     endEdit(Edit);
 }
 

@@ -12,8 +12,7 @@ namespace vrix {
 
 namespace {
 
-// Options of one kind, and the page and control that they are written from. The page of a user defined field depends on
-// its number.
+// Options of one kind, and the page and control that hold them. The page of a user defined field depends on its number.
 struct Row {
     std::string_view value;
     std::string_view page;

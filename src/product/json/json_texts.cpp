@@ -36,14 +36,6 @@ std::string unhex(const Json& text, const std::string& place) {
     return bytes;
 }
 
-// Control characters beyond ASCII: in some tables they stand for bytes that mean nothing.
-bool hasHighControl(const std::string& utf8) {
-    for (auto at = utf8.find('\xC2'); at != std::string::npos; at = utf8.find('\xC2', at + 1)) {
-        if (at + 1 < utf8.size() && static_cast<unsigned char>(utf8[at + 1]) < 0xA0) return true;
-    }
-    return false;
-}
-
 Json typeOf(std::uint32_t type) {
     const std::string name = typeName(type);
     return name.starts_with("REG_") ? Json(name) : Json(type);
@@ -61,8 +53,7 @@ std::uint32_t typeNumber(const Json& type, const std::string& place) {
 }  // namespace
 
 Json JsonTexts::text(const std::string& bytes) const {
-    const auto utf8 = encoding_.toUtf8(bytes);
-    if (utf8 && !hasHighControl(*utf8) && encoding_.fromUtf8(*utf8) == bytes) return *utf8;
+    if (const auto utf8 = exactUtf8(encoding_, bytes)) return *utf8;
     return {{"bytes", hex(bytes)}};
 }
 

@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# The packages as one command leaves them: the programs in them as they were built, the same bytes again, what they tell
+# of others' parts, and signatures on all that Windows runs. Older ones are left for the check under Wine.
+set -euo pipefail
+out=$PWD/build/driven/packages
+rm -rf "$out" && mkdir -p "$out"
+export SOURCE_DATE_EPOCH=1700000000
+./package
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
+
+openssl req -x509 -newkey rsa:2048 -nodes -keyout "$out/key" -out "$out/cert" -subj /CN=Test -days 2 \
+    -addext extendedKeyUsage=codeSigning
+printf '#!/bin/sh\nosslsigncode sign -certs %s/cert -key %s/key -in "$1" -out "$1.signed" && mv "$1.signed" "$1" && basename "$1" >>%s/order\n' \
+    "$out" "$out" "$out" >"$out/sign" && chmod +x "$out/sign"
+
+for kind in win64,x64 win32,x86; do
+    preset=${kind%,*} width=${kind#*,}
+    # Made again from copies of another time, in another folder, with other rights.
+    copy=$out/VrixToolkit-$version-$width
+    cmake -E chdir "$out" cmake -E tar xf "$PWD/build/packages/${copy##*/}.zip" --touch && chmod 600 "$copy"/*
+    cmp <(cat "build/$preset"/VrixToolkit{,Trial}.exe) <(cat "$copy"/VrixToolkit{,Trial}.exe)
+    again=("$width" "$out/again" "build/$preset/libvrix_guard.dll" "$copy"/{*.exe,Notices.txt})
+    TZ=Asia/Tokyo packaging/pack "$version" "${again[@]}"
+    packaging/pack 1.0.0 "$width" "$out/older" "${again[@]:2}"
+    SIGN=$out/sign packaging/pack "$version" "$width" "$out/signed" "${again[@]:2}"
+    cmake -E chdir "$out/signed" cmake -E tar xf "${copy##*/}.zip"
+    for file in "$out/signed/${copy##*/}"{-setup.exe,.msi,/*.exe}; do osslsigncode verify -CAfile "$out/cert" -in "$file"; done
+    [ "$(ls "$copy" | paste -sd' ')" = 'Guide.html Notices.txt README.txt VrixToolkit.exe VrixToolkitTrial.exe' ]
+    python3 -c 'import json, sys; print(*[part["name"] for part in json.load(sys.stdin)["packages"]])' \
+        <"build/packages/${copy##*/}.spdx.json" | grep -x 'VrixToolkit gcc-mingw-w64 mingw-w64 nsis'
+done
+diff -r -x '*.json' build/packages "$out/again"
+sed 's/^makensis.*/uninstaller/' "$out/order" | head -n 6 | diff - <(printf '%s\n' VrixToolkit.exe VrixToolkitTrial.exe \
+    guard.dll uninstaller "VrixToolkit-$version-x64-setup.exe" "VrixToolkit-$version-x64.msi")
+[ "$(objdump -f build/packages/*.exe | awk '/format/ { print $NF }' | paste -sd' ')" = 'pei-x86-64 pei-i386' ]
