@@ -2,8 +2,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
+#include <sstream>
 #include <string>
 
 namespace vrix {
@@ -23,7 +23,9 @@ inline void writeBytes(const std::string& path, const std::string& bytes) {
 
 inline std::string bytesOf(const std::string& path) {
     std::ifstream stream(path.c_str(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ostringstream bytes;  // a folder gives none, and throws nothing
+    bytes << stream.rdbuf();
+    return bytes.str();
 }
 
 }  // namespace vrix
