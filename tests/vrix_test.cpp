@@ -19,6 +19,7 @@ public:
     std::string readAll() override { return input; }
     void write(const std::string& text) override { out += text; }
     void writeError(const std::string& text) override { err += text; }
+    void flush() override {}
     std::optional<std::string> readFile(const std::string& path) override {
         const auto found = files.find(path);
         return found == files.end() ? std::nullopt : std::optional(found->second);
@@ -68,9 +69,8 @@ protected:
     // The code alone.
     char code(const std::vector<std::string>& arguments) { return run(arguments)[0]; }
     void write(const std::string& name, const std::string& text) {
-        Caller caller(host.wide);
-        ASSERT_EQ(caller.answer({Do::open, "Software\\Vrix\\Toolkit\\SampleKey\\Options", "0", 8, 63, 1}), "0");
-        ASSERT_EQ(caller.answer({Do::set, name, "0", 1, 1, 0, text}), "0");
+        ASSERT_TRUE(host.wide.replay(Change(Change::Kind::setValue, "Software\\Vrix\\Toolkit\\SampleKey\\Options", name,
+                                            valuetype::string, text + '\0')));
     }
     std::string latest() {
         run({"backups", "--json"});
@@ -99,17 +99,19 @@ TEST_F(Vrix, BringsAProductBackFromEachFormThatItWasKeptIn) {
         EXPECT_EQ(host.tree(), whole) << back[1];
         EXPECT_EQ(run({"compare", "SampleKey", "sample.kls"}), "0|No differences.\n");
     }
+    EXPECT_EQ(code({"--store", latest(), "show", "SampleKey"}), '3');  // as it was before the last restore
     write("AllowNoTOC", "1");
     EXPECT_EQ(run({"compare", "sample.kls", "SampleKey"}), "1|options\n  - AllowNoTOC = 0\n  + AllowNoTOC = 1\n");
     EXPECT_EQ(run({"apply", "kept.json", "--dry-run"}),
               "0|kept.json: \"Sample Manual\" (toolkit:SampleKey):\n"
               "  set Toolkit\\SampleKey\\Options\\AllowNoTOC = 0 (was 1)\n1 change to make; nothing was written.\n");
-    EXPECT_EQ(code({"--store", latest(), "export", "SampleKey", "backup.json"}), '0');
-    EXPECT_EQ(host.files["backup.json"], host.files["kept.json"]);
-    EXPECT_EQ(code({"apply", "backup.json"}), '0');
-    EXPECT_EQ(run({"apply", "backup.json"}),
-              "0|backup.json: \"Sample Manual\" (toolkit:SampleKey): nothing to change\n");
+    const std::string edited = host.tree();
+    EXPECT_EQ(code({"apply", "kept.json"}), '0');
     EXPECT_EQ(host.tree(), whole);
+    EXPECT_EQ(run({"apply", "kept.kls"}), "0|kept.kls: \"Sample Manual\" (toolkit:SampleKey): nothing to change\n");
+    EXPECT_EQ(code({"--store", "latest", "export", "SampleKey", "backup.json"}), '0');
+    EXPECT_EQ(code({"apply", "backup.json"}), '0');
+    EXPECT_EQ(host.tree(), edited);
 }
 
 TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
@@ -138,7 +140,7 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
              {{"--store", "none.journal", "list"}, '3', "none.journal"},
              {{"restore", "none"}, '3', "no backup \"none\""},
              {{"export", "X", "full/x.kls"}, '4', "full/x.kls"},
-             {{"apply", "bad.kls"}, '5', "bad.kls: line"},
+             {{"apply", "bad.kls"}, '5', "bad.kls: the file does not end"},
              {{"apply", "bad.json"}, '5', "bad.json: /colour"},
              {{"apply", "sample.kls", "bad.json", "--json"}, '5', "bad.json"},
          }) {

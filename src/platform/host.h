@@ -32,6 +32,8 @@ public:
     virtual std::string readAll() = 0;
     virtual void write(const std::string& text) = 0;
     virtual void writeError(const std::string& text) = 0;
+    // Hands on all that was written, which may wait until then. Throws HostRefused where some of it was lost.
+    virtual void flush() = 0;
 
     // ---- Files ----
     // What a file holds; nothing where no file is. Throws HostRefused.

@@ -274,8 +274,9 @@ std::vector<Finding> checkStore(const ProductStore& store) {
 
 std::vector<Finding> checkViews(const ProductStore& store, const ProductStore& otherView) {
     Findings findings;
+    const std::vector<ProductId> listed = store.list();
     for (const ProductId& other : otherView.list()) {
-        for (const ProductId& id : store.list()) {
+        for (const ProductId& id : listed) {
             if (id.tree == other.tree && sameName(id.name, other.name)) findings.add("other-view", rowPlace(id));
         }
     }

@@ -25,16 +25,6 @@ constexpr std::array typeNames{"REG_NONE",
                                "REG_RESOURCE_REQUIREMENTS_LIST",
                                "REG_QWORD"};
 
-std::string hexBytes(const std::string& data) {
-    std::string text;
-    for (const char c : data) {
-        constexpr std::string_view digits = "0123456789ABCDEF";
-        const auto byte = static_cast<unsigned char>(c);
-        text += {' ', digits[byte / 16], digits[byte % 16]};
-    }
-    return text;
-}
-
 std::string commaSeparated(const std::vector<std::string>& texts) {
     std::string list;
     for (const std::string& text : texts) list += (list.empty() ? "" : ", ") + text;
@@ -85,7 +75,6 @@ private:
         const auto tell = [&](const char* what, const std::string& a, const std::string& b) {
             if (a != b) found_.push_back({Group::identity, what, a, b});
         };
-        const auto treeName = [](Tree tree) { return std::string(tree == Tree::toolkit ? "toolkit" : "installed"); };
         if (!left.name.empty() && !right.name.empty()) tell("name", left.name, right.name);
         tell("key", left.key, right.key);
         tell("tree", treeName(left.tree), treeName(right.tree));
@@ -158,7 +147,8 @@ Group groupOf(const KeyPath& path) {
 std::vector<Difference> compare(const Product& left, const Product& right) { return Comparison(left, right).run(); }
 
 std::string shown(const StoredValue& value) {
-    return isPlainText(value) ? textOf(value) : typeName(value.type) + hexBytes(value.data);
+    if (isPlainText(value)) return textOf(value);
+    return typeName(value.type) + (value.data.empty() ? "" : " ") + hexDigits(value.data, " ");
 }
 
 std::string typeName(std::uint32_t type) { return type < typeNames.size() ? typeNames.at(type) : std::to_string(type); }

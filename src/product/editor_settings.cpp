@@ -13,10 +13,6 @@ struct Section {
     GrowingKey values{};
 };
 
-bool isText(std::uint32_t type) {
-    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
-}
-
 std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) return {};

@@ -22,15 +22,6 @@ ByName byName(const std::vector<StoredValue>& values) {
     return found;
 }
 
-KeyPath joinedPaths(KeyPath path, const KeyPath& more) {
-    path.insert(path.end(), more.begin(), more.end());
-    return path;
-}
-
-bool sameProduct(const ProductId& a, const ProductId& b) {
-    return a.tree == b.tree && samePath(partsOf(a.key), partsOf(b.key));
-}
-
 // ---- What may be written ----
 
 void refuseBadKey(const ProductId& id) {
@@ -41,7 +32,7 @@ void refuseBadKey(const ProductId& id) {
 void refuseShared(const std::vector<ProductId>& listed, const ProductId& id, bool mayLieWithin) {
     const KeyPath root = rootPath(id);
     for (const ProductId& other : listed) {
-        if (sameProduct(other, id) || !whyNoKey(other).empty()) continue;
+        if (isSameProduct(other, id) || !whyNoKey(other).empty()) continue;
         const KeyPath otherRoot = rootPath(other);
         if (isWithin(otherRoot, root) || (!mayLieWithin && isWithin(root, otherRoot))) {
             throw PlanRefused("the settings of \"" + other.name + "\" and those of the key " + id.key +
@@ -187,12 +178,31 @@ void planKeysToGo(Plan& plan, const ProductId& id, const std::vector<KeyPath>& p
 
 }  // namespace
 
-// Keys go before others are made, for the same reason as rows.
 Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed) {
     refuseBadKey(product.id);
     refuseShared(store.list(), product.id, false);
     Plan plan;
     planRows(plan, store, product.id, unnamed);
+    const Plan settings = planSettings(store, product, unnamed);
+    plan.insert(plan.end(), settings.begin(), settings.end());
+    return plan;
+}
+
+Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed) {
+    Plan plan;
+    for (const Tree tree : {Tree::installed, Tree::toolkit}) {
+        const std::vector<StoredValue> rows = wanted.values(listPath(tree));
+        const std::vector<StoredValue> there = store.values(listPath(tree));
+        KeyPlan changes(plan, listPath(tree), rows, there);
+        changes.removeUnwanted(unnamed);
+        changes.setInOrder();
+    }
+    return plan;
+}
+
+// Keys go before others are made, for the same reason as rows.
+Plan planSettings(const ProductStore& store, const Product& product, Unnamed unnamed) {
+    Plan plan;
     const Product stored = store.read(product.id);
     Product wanted = product;
     wanted.at(part::root);

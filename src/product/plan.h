@@ -43,6 +43,11 @@ enum class Unnamed { removed, kept };
 // removed and set again, one by one. Throws PlanRefused, and StoreRefused from reading.
 Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed);
 
+// The two halves of bringing a whole store back: what makes both lists what another store's are, and what makes the
+// settings below a Product's root what the given ones are. Neither looks whether Products share a root.
+Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed);
+Plan planSettings(const ProductStore& store, const Product& product, Unnamed unnamed);
+
 // What removes the Product, all that its root holds and all rows of the list that name its key. Throws as above. Empty
 // where there is neither.
 Plan planRemoval(const ProductStore& store, const ProductId& id);

@@ -36,10 +36,6 @@ bool hasHighControl(const std::string& utf8) {
     return false;
 }
 
-bool isText(std::uint32_t type) {
-    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
-}
-
 std::uint32_t numberOf(const StoredValue& value) {
     std::array<unsigned char, 4> bytes{};
     if (value.data.size() <= bytes.size()) std::memcpy(bytes.data(), value.data.data(), value.data.size());
@@ -71,6 +67,12 @@ StoredKey& Product::at(const KeyPath& path) {
 
 void Product::sortKeys() { std::stable_sort(keys.begin(), keys.end(), comesBefore); }
 
+bool isSameProduct(const ProductId& a, const ProductId& b) {
+    return a.tree == b.tree && samePath(partsOf(a.key), partsOf(b.key));
+}
+
+const char* treeName(Tree tree) { return tree == Tree::toolkit ? "toolkit" : "installed"; }
+
 bool orderCounts(const KeyPath& path) {
     const auto is = [&](const KeyPath& known) { return samePath(path, known); };
     return is(part::topics) || is(part::addedTopics) || is(part::indexTable) || is(part::smartFields);
@@ -83,6 +85,21 @@ const StoredValue* findValue(const StoredKey* key, std::string_view name) {
     const auto found = std::find_if(key->values.begin(), key->values.end(),
                                     [&](const StoredValue& value) { return sameName(value.name, name); });
     return found == key->values.end() ? nullptr : &*found;
+}
+
+bool isText(std::uint32_t type) {
+    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
+}
+
+std::string hexDigits(std::string_view bytes, std::string_view between) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (!text.empty()) text += between;
+        text += {digits[byte / 16], digits[byte % 16]};
+    }
+    return text;
 }
 
 std::string textOf(const StoredValue& value) {
@@ -125,9 +142,7 @@ std::string createdOf(const Product& product) {
 KeyPath listPath(Tree tree) { return tree == Tree::toolkit ? KeyPath{"Toolkit", "Products"} : KeyPath{"Products"}; }
 
 KeyPath rootPath(const ProductId& id) {
-    KeyPath path = partsOf(id.key);
-    if (id.tree == Tree::toolkit) path.insert(path.begin(), "Toolkit");
-    return path;
+    return joinedPaths(id.tree == Tree::toolkit ? KeyPath{"Toolkit"} : KeyPath{}, partsOf(id.key));
 }
 
 std::string joined(const KeyPath& path) {
@@ -152,6 +167,15 @@ bool isKeyName(const std::string& name) {
 
 bool sameName(std::string_view a, std::string_view b) {
     return a == b || lowerCase(std::string(a)) == lowerCase(std::string(b));
+}
+
+KeyPath joinedPaths(KeyPath path, const KeyPath& more) {
+    path.insert(path.end(), more.begin(), more.end());
+    return path;
+}
+
+KeyPath belowRoot(const KeyPath& path, const KeyPath& root) {
+    return {path.begin() + static_cast<std::ptrdiff_t>(root.size()), path.end()};
 }
 
 bool isWithin(const KeyPath& path, const KeyPath& above) {

@@ -69,12 +69,21 @@ struct Product {
     void sortKeys();
 };
 
+// Whether both are one tree and key.
+bool isSameProduct(const ProductId& a, const ProductId& b);
+// "toolkit" or "installed".
+const char* treeName(Tree tree);
+
 // Whether the order of the values says something there.
 bool orderCounts(const KeyPath& path);
 
 // The value of that name in the key, without regard to case, or null. A null key has no values.
 const StoredValue* findValue(const StoredKey* key, std::string_view name);
 
+// Whether values of that type are texts, whose bytes end with a terminator.
+bool isText(std::uint32_t type);
+// Bytes as pairs of hexadecimal digits, in capitals.
+std::string hexDigits(std::string_view bytes, std::string_view between = "");
 // What the Toolkit reads, but for names of the environment, which stay as they are: texts without their terminator,
 // numbers in decimal, other values as their bytes.
 std::string textOf(const StoredValue& value);
@@ -102,6 +111,9 @@ bool isKeyName(const std::string& name);
 // Without regard to case.
 bool sameName(std::string_view a, std::string_view b);
 bool samePath(const KeyPath& a, const KeyPath& b);
+// A path with more names behind it, and what a path has behind those of `root`.
+KeyPath joinedPaths(KeyPath path, const KeyPath& more);
+KeyPath belowRoot(const KeyPath& path, const KeyPath& root);
 // Whether `path` is `above` or lies below it. Without regard to case.
 bool isWithin(const KeyPath& path, const KeyPath& above);
 

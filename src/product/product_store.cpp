@@ -11,11 +11,6 @@ namespace vrix {
 
 namespace {
 
-KeyPath below(KeyPath path, const std::string& name) {
-    path.push_back(name);
-    return path;
-}
-
 void expect(RegistryStatus status, const KeyPath& path) {
     if (status != RegistryStatus::success) throw StoreRefused(status, refusalText(path, status));
 }
@@ -72,6 +67,17 @@ void onKey(Registry& registry, const KeyPath& path, const Use& use) {
     use(open.key);
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): the platform ends it at 512 levels.
+void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const ProductStore::Visit& visit) {
+    visit(path, valuesOf(registry, key, path));
+    for (const std::string& name : subkeysOf(registry, key, path)) {
+        const KeyPath below = joinedPaths(path, {name});
+        OpenKey open(registry);
+        expect(registry.openKey(key, name, toRead, open.key), below);
+        walkKey(registry, open.key, below, visit);
+    }
+}
+
 }  // namespace
 
 std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const KeyPath& path) {
@@ -125,6 +131,10 @@ std::vector<std::string> ProductStore::subkeys(const KeyPath& path) const {
     return found;
 }
 
+void ProductStore::walk(const KeyPath& path, const Visit& visit) const {
+    onKey(registry_, path, [&](RegistryKey key) { walkKey(registry_, key, path, visit); });
+}
+
 std::vector<ProductId> ProductStore::list() const {
     std::vector<ProductId> products;
     for (const Tree tree : {Tree::installed, Tree::toolkit}) {
@@ -157,23 +167,12 @@ bool ProductStore::hasRoot(const ProductId& id) const {
 Product ProductStore::read(const ProductId& id) const {
     Product product{id, {}};
     if (!whyNoKey(id).empty()) return product;
-    onKey(registry_, rootPath(id), [&](RegistryKey key) { readKeys(key, {}, product); });
+    const KeyPath root = rootPath(id);
+    walk(root, [&](const KeyPath& path, std::vector<StoredValue> values) {
+        product.keys.push_back({belowRoot(path, root), std::move(values)});
+    });
     product.sortKeys();
     return product;
-}
-
-// NOLINTNEXTLINE(misc-no-recursion): the platform ends it at 512 levels.
-void ProductStore::readKeys(RegistryKey key, StoredKey found, Product& product) const {
-    const KeyPath place = found.path;
-    KeyPath whole = rootPath(product.id);
-    whole.insert(whole.end(), place.begin(), place.end());
-    found.values = valuesOf(registry_, key, whole);
-    product.keys.push_back(std::move(found));
-    for (const std::string& name : subkeysOf(registry_, key, whole)) {
-        OpenKey open(registry_);
-        expect(registry_.openKey(key, name, toRead, open.key), below(whole, name));
-        readKeys(open.key, {below(place, name), {}}, product);
-    }
 }
 
 }  // namespace vrix

@@ -35,11 +35,13 @@ public:
     // One key, by names from the family key downwards.
     std::vector<StoredValue> values(const KeyPath& path) const;
     std::vector<std::string> subkeys(const KeyPath& path) const;
+    // Hands a key, if it is there, and all below it to `visit`, each before those below it.
+    using Visit = std::function<void(const KeyPath& path, std::vector<StoredValue> values)>;
+    void walk(const KeyPath& path, const Visit& visit) const;
 
     Registry& registry() const { return registry_; }
 
 private:
-    void readKeys(RegistryKey key, StoredKey found, Product& product) const;
     Registry& registry_;
 };
 

@@ -24,9 +24,6 @@ std::string linePlace(std::size_t index);
 // deletion, and what is outside of the family key.
 KeyPath headerPath(std::string_view line, std::size_t index);
 
-// A path from the Product's root downwards.
-KeyPath belowRoot(const KeyPath& path, const KeyPath& root);
-
 // The values of a key in the making. As in the registry, a name that comes again gives the first one its new data.
 class GrowingKey {
 public:

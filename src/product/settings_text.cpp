@@ -115,10 +115,6 @@ KeyPath headerPath(std::string_view line, std::size_t index) {
     return belowRoot(path, family);
 }
 
-KeyPath belowRoot(const KeyPath& path, const KeyPath& root) {
-    return {path.begin() + static_cast<std::ptrdiff_t>(root.size()), path.end()};
-}
-
 void GrowingKey::put(StoredValue value) {
     const auto [place, isNew] = places_.emplace(lowerCase(value.name), values_.size());
     if (isNew) {
@@ -130,9 +126,7 @@ void GrowingKey::put(StoredValue value) {
 }
 
 StoredValue storable(StoredValue value) {
-    const bool isText = value.type == valuetype::string || value.type == valuetype::expandString ||
-                        value.type == valuetype::multiString;
-    if (isText && !value.data.empty() && value.data.back() != '\0') value.data += '\0';
+    if (isText(value.type) && !value.data.empty() && value.data.back() != '\0') value.data += '\0';
     return value;
 }
 

@@ -193,8 +193,10 @@ private:
 }  // namespace
 
 Product readToolkitSettings(std::string_view file) {
-    if (!file.ends_with("\r\n\r\n\r\n")) throw Malformed("", "the file is cut off: it should end with two empty lines");
-    return ToolkitReader(sectionsOf(linesOf(file))).read();
+    const auto lines = linesOf(file);
+    const bool isWhole = lines.size() > 2 && lines.back().empty() && lines[lines.size() - 2].empty();
+    if (!isWhole) throw Malformed("", "the file is cut off: it should end with two empty lines");
+    return ToolkitReader(sectionsOf(lines)).read();
 }
 
 }  // namespace vrix

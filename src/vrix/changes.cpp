@@ -40,24 +40,11 @@ Json asJson(const Run& run, const StoreChange& change) {
     return json;
 }
 
-// A store in memory that holds what the other one does.
-// NOLINTNEXTLINE(misc-no-recursion): the platform ends it at 512 levels.
-void copyKey(const ProductStore& from, const KeyPath& path, Registry& to) {
-    Plan plan{{Kind::makeKey, path}};
-    for (StoredValue& value : from.values(path)) plan.push_back({Kind::setValue, path, std::move(value)});
-    perform(to, plan);
-    for (const std::string& name : from.subkeys(path)) {
-        KeyPath below = path;
-        below.push_back(name);
-        copyKey(from, below, to);
-    }
-}
-
 // The plans one by one, each for the store that the ones before it leave.
 std::vector<Plan> plansOf(const ProductStore& store, const std::vector<Step>& steps) {
     if (steps.size() == 1) return {steps[0].plan(store)};
     MemoryRegistry rehearsal;
-    copyKey(store, {}, rehearsal);
+    copyStore(store, rehearsal);
     std::vector<Plan> plans;
     for (const Step& step : steps) {
         plans.push_back(step.plan(ProductStore(rehearsal)));
@@ -72,7 +59,8 @@ public:
     explicit Report(Run& run) : run_(run) {}
 
     void begin(const Step& step, const Plan& plan) {
-        if (!run_.request.json) run_.print(step.label + (plan.empty() ? ": nothing to change" : ":"));
+        if (!run_.request.json && !step.label.empty())
+            run_.print(step.label + (plan.empty() ? ": nothing to change" : ":"));
     }
     void add(const StoreChange& change) {
         ++count_;
@@ -84,8 +72,8 @@ public:
     }
     void end(const std::string& backup) {
         if (run_.request.json) {
-            run_.printJson(
-                Json{{"written", !run_.request.dryRun}, {"backup", backup}, {"changes", std::move(changes_)}});
+            run_.printJson(Json{
+                {"written", !run_.request.dryRun && count_ > 0}, {"backup", backup}, {"changes", std::move(changes_)}});
         } else if (count_ > 0) {
             run_.print(counted(count_, "change") + (run_.request.dryRun ? " to make; nothing was written." : " made."));
             if (!backup.empty()) run_.print("The store as it was is the backup " + quoted(backup) + ".");
@@ -100,6 +88,15 @@ private:
 
 }  // namespace
 
+void copyStore(const ProductStore& from, Registry& to) {
+    Plan plan;
+    from.walk({}, [&](const KeyPath& path, std::vector<StoredValue> values) {
+        plan.push_back({Kind::makeKey, path});
+        for (StoredValue& value : values) plan.push_back({Kind::setValue, path, std::move(value)});
+    });
+    perform(to, plan);
+}
+
 void perform(Run& run, Store& store, const std::vector<Step>& steps) {
     const std::vector<Plan> plans = plansOf(store.products(), steps);
     Report report(run);
@@ -109,7 +106,7 @@ void perform(Run& run, Store& store, const std::vector<Step>& steps) {
         if (run.request.dryRun) {
             for (const StoreChange& change : plans[i]) tell(change);
         } else {
-            perform(store.registry(), plans[i], tell);
+            store.change(plans[i], tell);
         }
     }
     report.end(store.backup());

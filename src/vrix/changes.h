@@ -13,9 +13,12 @@ namespace vrix {
 
 // One step of a command: from a store as it is then, what is to be changed in it.
 struct Step {
-    std::string label;  // for people
+    std::string label;  // for people; empty where its changes tell enough
     std::function<Plan(const ProductStore& store)> plan;
 };
+
+// Makes a registry hold what the store does.
+void copyStore(const ProductStore& from, Registry& to);
 
 // Plans all steps before the first change, then makes the changes, or with --dry-run none, and prints them. What later
 // steps find is what the earlier ones leave. Throws Failure, PlanRefused and StoreRefused.

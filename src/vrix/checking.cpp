@@ -50,15 +50,19 @@ Findings findInNamed(Run& run) {
     return all;
 }
 
+Json asJson(const FindingKind& kind) {
+    return {{"finding", kind.name},
+            {"severity", severityName(kind.severity)},
+            {"what", kind.what},
+            {"advice", kind.advice}};
+}
+
 Json asJson(const Run& run, const Findings& findings) {
     Json all = Json::array();
     for (const Finding& finding : findings) {
-        all.push_back({{"finding", finding.kind->name},
-                       {"severity", severityName(finding.kind->severity)},
-                       {"place", run.shown(finding.place)},
-                       {"detail", run.shown(finding.detail)},
-                       {"what", finding.kind->what},
-                       {"advice", finding.kind->advice}});
+        all.push_back(asJson(*finding.kind));
+        all.back()["place"] = run.shown(finding.place);
+        all.back()["detail"] = run.shown(finding.detail);
     }
     return all;
 }
@@ -95,6 +99,12 @@ ExitCode explain(Run& run) {
     const FindingKind* kind = findFindingKind(run.request.finding);
     if (kind == nullptr) {
         throw Failure(ExitCode::notFound, "there is no finding " + quoted(run.request.finding) + ", but: " + names());
+    }
+    if (run.request.json) {
+        Json json = asJson(*kind);
+        json["explain"] = kind->explain;
+        run.printJson(json);
+        return ExitCode::done;
     }
     run.print(std::string(kind->name) + " (" + severityName(kind->severity) + ")\n" + std::string(kind->what) + " " +
               std::string(kind->advice) + "\n\n" + std::string(kind->explain));

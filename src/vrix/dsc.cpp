@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "makers/embedded/memory_registry.h"
 #include "product/compare.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
+#include "vrix/changes.h"
 #include "vrix/commands.h"
 #include "vrix/products.h"
 
@@ -154,10 +156,15 @@ ExitCode dscSet(Run& run) {
     Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
     const Json changed = differences(run, wanted, readActual(store.products(), wanted.id));
     const Plan plan = planOf(store.products(), wanted);
-    if (!run.request.dryRun) perform(store.registry(), plan);
-    const auto wantedState = wanted.exists ? wanted.product : std::nullopt;
-    const auto after = run.request.dryRun ? wantedState : readActual(store.products(), wanted.id);
-    printLine(run, stateOf(run, wanted.id, after));
+    MemoryRegistry rehearsal;
+    if (run.request.dryRun) {
+        copyStore(store.products(), rehearsal);
+        perform(rehearsal, plan);
+    } else {
+        store.change(plan);
+    }
+    const ProductStore after(run.request.dryRun ? rehearsal : store.registry());
+    printLine(run, stateOf(run, wanted.id, readActual(after, wanted.id)));
     printLine(run, changed);
     return ExitCode::done;
 }
@@ -165,7 +172,7 @@ ExitCode dscSet(Run& run) {
 ExitCode dscDelete(Run& run) {
     const Wanted wanted = readWanted(run);
     Store store(run, Store::Use::writing);
-    perform(store.registry(), planRemoval(store.products(), wanted.id));
+    store.change(planRemoval(store.products(), wanted.id));
     return ExitCode::done;
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <set>
 
 #include "makers/embedded/memory_registry.h"
@@ -13,6 +14,8 @@
 namespace vrix::command {
 
 namespace {
+
+using Json = nlohmann::ordered_json;
 
 // The settings file of a Product: of its own store, or of one that holds nothing else.
 std::string settingsOf(const Product& product, Store* store) {
@@ -58,13 +61,18 @@ std::string fileName(const std::string& text) {
     return isDevice ? '_' + name : name;
 }
 
-void save(Run& run, const Product& product, Store* store, const std::string& path, const std::string& format) {
+// Writes a file, and tells it as a line of JSON.
+Json save(Run& run, const Product& product, Store* store, const std::string& path, const std::string& format) {
     run.host.writeFile(path, textOf(run, product, store, format));
     if (!run.request.json) run.print(labelOf(run, product.id) + " is in " + path);
+    Json line = identityOf(run, product.id);
+    line["file"] = path;
+    return line;
 }
 
 // Every Product in a file of its own, named by its key.
-void exportAll(Run& run) {
+Json exportAll(Run& run) {
+    Json lines = Json::array();
     Store store(run, Store::Use::reading);
     run.host.makeFolder(run.request.folder);
     const std::string format = run.request.format.empty() ? "kls" : run.request.format;
@@ -78,8 +86,16 @@ void exportAll(Run& run) {
         };
         for (int number = 2; isUsed(); ++number) name = first + " " + std::to_string(number);
         used.insert(name);
-        save(run, store.products().read(id), &store, run.request.folder + '/' + name + '.' + format, format);
+        const std::string path = run.request.folder + '/' + name + '.' + format;
+        lines.push_back(save(run, store.products().read(id), &store, path, format));
     }
+    return lines;
+}
+
+Json exportOne(Run& run, const std::string& text, const std::string& path) {
+    ProductSource source(run);
+    Store* store = source.find(text) ? &source.store() : nullptr;
+    return Json::array({save(run, source.read(text), store, path, formatOf(path))});
 }
 
 }  // namespace
@@ -90,13 +106,8 @@ ExitCode exportProducts(Run& run) {
     if (operands.size() != (all ? 0 : 2)) {
         throw Failure(ExitCode::wrongUse, "export takes a Product and a file, or --all with a folder");
     }
-    if (all) {
-        exportAll(run);
-    } else {
-        ProductSource source(run);
-        Store* store = source.find(operands[0]) ? &source.store() : nullptr;
-        save(run, source.read(operands[0]), store, operands[1], formatOf(operands[1]));
-    }
+    const Json lines = all ? exportAll(run) : exportOne(run, operands[0], operands[1]);
+    if (run.request.json) run.printJson(lines);
     return ExitCode::done;
 }
 

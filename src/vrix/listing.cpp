@@ -16,9 +16,7 @@ Product readOutline(const ProductStore& store, const ProductId& id) {
     Product outline{id, {}};
     if (!whyNoKey(id).empty()) return outline;
     for (const KeyPath& part : {part::root, part::topics, part::addedTopics}) {
-        KeyPath path = rootPath(id);
-        path.insert(path.end(), part.begin(), part.end());
-        outline.at(part).values = store.values(path);
+        outline.at(part).values = store.values(joinedPaths(rootPath(id), part));
     }
     return outline;
 }
@@ -29,11 +27,10 @@ std::size_t countIn(const Product& product, const KeyPath& path) {
 }
 
 Json lineOf(const Run& run, const Product& product) {
-    return {{"name", run.shown(product.id.name)},
-            {"key", run.shown(product.id.key)},
-            {"tree", treeName(product.id.tree)},
-            {"topics", countIn(product, part::topics) + countIn(product, part::addedTopics)},
-            {"created", run.shown(createdOf(product))}};
+    Json line = identityOf(run, product.id);
+    line["topics"] = countIn(product, part::topics) + countIn(product, part::addedTopics);
+    line["created"] = run.shown(createdOf(product));
+    return line;
 }
 
 }  // namespace

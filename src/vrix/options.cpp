@@ -20,13 +20,25 @@ constexpr auto exitCodes =
     "  vrix apply SiteSafety.kls\n"
     "\"vrix COMMAND --help\" has examples for each command.";
 
+// The name of a positional says itself how often it may stand.
+class HelpForm final : public CLI::Formatter {
+public:
+    HelpForm() { label("SUBCOMMAND", "COMMAND"); }
+    std::string make_option_opts(const CLI::Option* option) const override {
+        return option->get_positional() ? "" : Formatter::make_option_opts(option);
+    }
+    std::string make_option_usage(const CLI::Option* option) const override { return make_option_name(option, true); }
+};
+
+CLI::Validator oneOf(const std::vector<std::string>& texts) { return CLI::IsMember(texts).description(""); }
+
 // The command line as its parser knows it.
 class Options {
 public:
     Options() {
         app_.name("vrix");
         app_.set_version_flag("--version", std::string("vrix ") + VRIX_VERSION);
-        app_.set_help_all_flag("--help-all", "Print the help of all commands");
+        app_.formatter(std::make_shared<HelpForm>());
         app_.footer(exitCodes);
         app_.fallthrough();
         app_.require_subcommand(1);
@@ -34,6 +46,7 @@ public:
         addReaders();
         addWriters();
         addDsc();
+        app_.set_help_all_flag("--help-all", "Print the help of all commands");
     }
 
     Request read(std::vector<std::string> arguments) {
@@ -56,11 +69,12 @@ public:
 private:
     void addCommonOptions() {
         auto* store = app_.add_option("--store", store_,
-                                      "The store to work on: \"registry\", or the file of a journal or backup. "
-                                      "The registry if not given");
+                                      "The store to work on: \"registry\", the file of a journal, or a backup by its "
+                                      "file, its name or \"latest\". The registry if not given");
         store->type_name("registry|FILE");
         app_.add_option("--view", view_, "The registry of 64-bit or of 32-bit programs. The own width if not given")
-            ->check(CLI::IsMember({"64", "32"}));
+            ->type_name("64|32")
+            ->check(oneOf({"64", "32"}));
         app_.add_flag("--trial", trial_, "Work on the store of the Trial program")->excludes(store);
         app_.add_option("--code-page", codePage_, "The code page of a journal's texts, where not the system's")
             ->type_name("N");
@@ -71,7 +85,8 @@ private:
 
     CLI::App* add(CLI::App& above, const char* name, const char* what, Request::Command command, const char* example) {
         CLI::App* made = above.add_subcommand(name, what);
-        made->footer(std::string("Examples:\n") + example);
+        made->footer(std::string("\"vrix --help\" tells the options that go with every command.\n\nExamples:\n") +
+                     example);
         made->fallthrough();
         made->callback([this, command] { request_.command = command; });
         return made;
@@ -93,26 +108,27 @@ private:
         CLI::App* check =
             add("check", "Find what is wrong or sharp in Products", command::check,
                 "  vrix check\n  vrix check SiteSafety.kls --files\n  vrix check --explain missing-option");
-        takes(check, "PRODUCT", "The Products; all of the store if none is named");
+        takes(check, "[PRODUCT...]", "The Products; all of the store if none is named");
         check->add_flag("--files", request_.files, "Find also files that the Products name and that are not there");
         check->add_option("--explain", request_.finding, "Tell more of a kind of finding")->type_name("NAME");
         takes(add("compare", "Tell the differences of two Products", command::compare,
                   "  vrix compare \"Site Safety Manual\" SiteSafety.kls\n  vrix compare old.json new.json"),
-              "PRODUCT", "The two Products")
+              "PRODUCT PRODUCT", "The two Products")
             ->required()
             ->expected(2);
         CLI::App* save =
             add("export", "Write Products to files", command::exportProducts,
                 "  vrix export \"Site Safety Manual\" SiteSafety.kls\n"
                 "  vrix export SiteSafety.kls SiteSafety.json\n  vrix export --all products --format json");
-        takes(save, "PRODUCT FILE",
+        takes(save, "[PRODUCT FILE]",
               "The Product, and the file: *.json for JSON, *.xml for a collection of Group Policy preferences, any "
               "other for a settings file")
             ->expected(0, 2);
         save->add_option("--all", request_.folder, "Write every Product of the store into this folder")
             ->type_name("FOLDER");
         save->add_option("--format", request_.format, "What to write with --all")
-            ->check(CLI::IsMember({"kls", "json", "xml"}));
+            ->type_name("kls|json|xml")
+            ->check(oneOf({"kls", "json", "xml"}));
         add("schema", "Print the JSON schema of a Product", command::schema, "  vrix schema > product.schema.json");
     }
 
@@ -120,14 +136,15 @@ private:
         CLI::App* apply = add("apply", "Make the store's Products what the files say", command::apply,
                               "  vrix apply SiteSafety.kls\n  vrix apply --dry-run SiteSafety.json\n"
                               "  vrix apply --merge --yes products/*.json");
-        takes(apply, "FILE", "Settings files and JSON files")->required();
+        takes(apply, "FILE...", "Settings files and JSON files")->required();
         addPlanOptions(apply);
-        takes(add("remove", "Delete Products with all that they hold", command::remove,
-                  "  vrix remove \"Site Safety Manual\"\n  vrix remove --yes toolkit:SiteSafety"),
-              "PRODUCT", "The Products of the store; by their keys also what a deletion has left behind")
+        CLI::App* remove = add("remove", "Delete Products with all that they hold", command::remove,
+                               "  vrix remove \"Site Safety Manual\"\n  vrix remove --yes toolkit:SiteSafety");
+        takes(remove, "PRODUCT...", "The Products of the store; by their keys also what a deletion has left behind")
             ->required();
+        addDryRun(remove);
         add("backups", "List the backups of a store, with what changed since", command::backups,
-            "  vrix backups\n  vrix list --store \"$(vrix backups --json | jq -r '.[0].file')\"");
+            "  vrix backups\n  vrix list --store latest");
         CLI::App* restore = add("restore", "Bring back all Products of a backup, or some", command::restore,
                                 "  vrix restore latest\n  vrix restore \"2026-11-22 09-30-05\" SiteSafety --dry-run");
         takes(restore, "BACKUP [PRODUCT...]",
@@ -138,8 +155,9 @@ private:
     }
     void addPlanOptions(CLI::App* made) {
         made->add_flag("--merge", request_.merge, "Keep what is not named");
-        made->add_flag("--dry-run", request_.dryRun, "Print the changes and make none");
+        addDryRun(made);
     }
+    void addDryRun(CLI::App* made) { made->add_flag("--dry-run", request_.dryRun, "Print the changes and make none"); }
 
     void addDsc() {
         CLI::App* dsc = app_.add_subcommand("dsc", "Be the DSC resource Vrix/Product");

@@ -12,16 +12,6 @@ constexpr auto collectionClass = "{53B533F5-224C-47e3-B01B-CA3B3F3FF4BF}";
 constexpr auto itemClass = "{9CD4B2F4-923D-47f5-A062-E897DD1DAD50}";
 constexpr auto changed = "2000-01-01 00:00:00";  // never another, so that the same Product gives the same file
 
-std::string hex(const std::string& bytes) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text;
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        text += {digits[byte / 16], digits[byte % 16]};
-    }
-    return text;
-}
-
 // A hash of 64 bits, FNV-1a, from a start of one's choice.
 std::uint64_t hashOf(const std::string& text, std::uint64_t start) {
     for (const char c : text) start = (start ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
@@ -96,9 +86,9 @@ private:
         if (value.type == valuetype::expandString && endsOnce) {
             return {"6", "REG_EXPAND_SZ", attribute(value.data.c_str(), place)};
         }
-        if (value.type == valuetype::binary) return {"11", "REG_BINARY", hex(value.data)};
+        if (value.type == valuetype::binary) return {"11", "REG_BINARY", hexDigits(value.data)};
         if (value.type == valuetype::dword && value.data.size() == 4) {
-            return {"11", "REG_DWORD", hex({value.data.rbegin(), value.data.rend()})};
+            return {"11", "REG_DWORD", hexDigits(std::string(value.data.rbegin(), value.data.rend()))};
         }
         throw Malformed(place, "a policy's collection has no form for this value");
     }
@@ -122,8 +112,7 @@ std::string policyCollection(const Product& product, const Encoding& encoding, b
         collection.add(listPath(product.id.tree), textValue(product.id.name, product.id.key));
     }
     for (const StoredKey& key : product.keys) {
-        KeyPath path = rootPath(product.id);
-        path.insert(path.end(), key.path.begin(), key.path.end());
+        const KeyPath path = joinedPaths(rootPath(product.id), key.path);
         for (const StoredValue& value : key.values) collection.add(path, value);
     }
     return collection.whole();

@@ -1,6 +1,7 @@
 #include "vrix/products.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "product/json/product_json.h"
 #include "product/settings_text.h"
@@ -53,10 +54,8 @@ bool isJson(std::string_view bytes) {
 
 }  // namespace
 
-const char* treeName(Tree tree) { return tree == Tree::toolkit ? "toolkit" : "installed"; }
-
-bool isSameProduct(const ProductId& a, const ProductId& b) {
-    return a.tree == b.tree && samePath(partsOf(a.key), partsOf(b.key));
+nlohmann::ordered_json identityOf(const Run& run, const ProductId& id) {
+    return {{"name", run.shown(id.name)}, {"key", run.shown(id.key)}, {"tree", treeName(id.tree)}};
 }
 
 std::string labelOf(const Run& run, const ProductId& id) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 
@@ -16,11 +17,10 @@ namespace vrix {
 ProductId findProduct(Run& run, const ProductStore& store, const std::string& text);
 // The same, but nothing where there is none.
 std::optional<ProductId> lookFor(Run& run, const ProductStore& store, const std::string& text);
+// What a Product is known by, for machines: "name", "key" and "tree".
+nlohmann::ordered_json identityOf(const Run& run, const ProductId& id);
 // A Product for people, such as: "Site Safety Manual" (toolkit:SiteSafety).
 std::string labelOf(const Run& run, const ProductId& id);
-const char* treeName(Tree tree);
-// Whether both have one root.
-bool isSameProduct(const ProductId& a, const ProductId& b);
 
 // ---- Products of files ----
 

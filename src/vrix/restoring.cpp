@@ -18,35 +18,38 @@ bool isAmong(const std::vector<ProductId>& all, const ProductId& id) {
     return std::any_of(all.begin(), all.end(), [&](const ProductId& one) { return isSameProduct(one, id); });
 }
 
+std::vector<Product> readAll(const ProductStore& store) {
+    std::vector<Product> all;
+    for (const ProductId& id : store.list()) all.push_back(store.read(id));
+    return all;
+}
+
 // What became of the backup's Products: the labels of those that were changed, removed and added since.
-Json changesSince(Run& run, const ProductStore& then, const ProductStore& now) {
+Json changesSince(Run& run, const ProductStore& then, const std::vector<Product>& now) {
     Json changes = {{"changed", Json::array()}, {"removed", Json::array()}, {"added", Json::array()}};
     const std::vector<ProductId> before = then.list();
-    const std::vector<ProductId> after = now.list();
     for (const ProductId& id : before) {
-        const std::string label = labelOf(run, id);
         const auto same =
-            std::find_if(after.begin(), after.end(), [&](const ProductId& one) { return isSameProduct(one, id); });
-        if (same == after.end()) {
-            changes["removed"].push_back(label);
-        } else if (!vrix::compare(then.read(id), now.read(*same)).empty()) {
-            changes["changed"].push_back(label);
+            std::find_if(now.begin(), now.end(), [&](const Product& one) { return isSameProduct(one.id, id); });
+        if (same == now.end()) {
+            changes["removed"].push_back(labelOf(run, id));
+        } else if (!vrix::compare(then.read(id), *same).empty()) {
+            changes["changed"].push_back(labelOf(run, id));
         }
     }
-    for (const ProductId& id : after) {
-        if (!isAmong(before, id)) changes["added"].push_back(labelOf(run, id));
+    for (const Product& product : now) {
+        if (!isAmong(before, product.id)) changes["added"].push_back(labelOf(run, product.id));
     }
     return changes;
 }
 
 // A backup in the list; one that cannot be read says why.
-Json lineOf(Run& run, Store& store, const std::string& name) {
-    const std::string path = store.backups()->pathOf(name);
+Json lineOf(Run& run, const std::string& name, const std::string& path, const std::vector<Product>& now) {
     Json line = {{"backup", name}, {"file", path}};
     try {
         JournalSnapshot journal(path, Environment(), *run.host.journalDisk());
         line["products"] = ProductStore(journal).list().size();
-        line["since"] = changesSince(run, ProductStore(journal), store.products());
+        line["since"] = changesSince(run, ProductStore(journal), now);
     } catch (const JournalError& error) {
         line["error"] = error.what();
     }
@@ -76,7 +79,10 @@ ExitCode backups(Run& run) {
     Store store(run, Store::Use::reading);
     needBackups(store);
     Json lines = Json::array();
-    for (const std::string& name : store.backups()->names()) lines.push_back(lineOf(run, store, name));
+    const std::vector<Product> now = readAll(store.products());
+    for (const std::string& name : store.backups()->names()) {
+        lines.push_back(lineOf(run, name, store.backups()->pathOf(name), now));
+    }
     if (run.request.json) {
         run.printJson(lines);
     } else if (lines.empty()) {
@@ -92,24 +98,20 @@ namespace {
 // The file of a backup that the user names.
 std::string backupPath(Run& run, const Store& store, const std::string& text) {
     if (store.backups() != nullptr) {
-        const std::vector<std::string> names = store.backups()->names();
-        if (text == "latest" && !names.empty()) return store.backups()->pathOf(names[0]);
-        if (std::find(names.begin(), names.end(), text) != names.end()) return store.backups()->pathOf(text);
+        if (const auto name = store.backups()->find(text)) return store.backups()->pathOf(*name);
     }
     if (run.host.journalDisk()->isFile(text)) return text;
     throw Failure(ExitCode::notFound, "there is no backup " + quoted(text) + " (\"vrix backups\" lists them)");
 }
 
-Step bringBack(Run& run, const Product& product) {
-    const Unnamed unnamed = run.request.merge ? Unnamed::kept : Unnamed::removed;
-    return {labelOf(run, product.id),
-            [product, unnamed](const ProductStore& store) { return planApply(store, product, unnamed); }};
-}
+Unnamed unnamed(const Run& run) { return run.request.merge ? Unnamed::kept : Unnamed::removed; }
 
 std::vector<Step> bringBackNamed(Run& run, const ProductStore& backup) {
     std::vector<Step> steps;
     for (std::size_t i = 1; i < run.request.operands.size(); ++i) {
-        steps.push_back(bringBack(run, backup.read(findProduct(run, backup, run.request.operands[i]))));
+        const Product product = backup.read(findProduct(run, backup, run.request.operands[i]));
+        steps.push_back({labelOf(run, product.id),
+                         [&run, product](const ProductStore& s) { return planApply(s, product, unnamed(run)); }});
     }
     return steps;
 }
@@ -117,13 +119,18 @@ std::vector<Step> bringBackNamed(Run& run, const ProductStore& backup) {
 // Products that came later go first: one of them may have a name that the backup gives to another.
 std::vector<Step> bringBackAll(Run& run, const ProductStore& backup, const ProductStore& now) {
     std::vector<Step> steps;
-    const std::vector<ProductId> all = backup.list();
+    const std::vector<Product> all = readAll(backup);
     for (const ProductId& id : now.list()) {
-        if (run.request.merge || isAmong(all, id)) continue;
+        const bool isOld =
+            std::any_of(all.begin(), all.end(), [&](const Product& p) { return isSameProduct(p.id, id); });
+        if (run.request.merge || isOld) continue;
         steps.push_back({labelOf(run, id), [id](const ProductStore& store) { return planRemoval(store, id); }});
     }
-    for (const ProductId& id : all) {
-        if (whyNoKey(id).empty()) steps.push_back(bringBack(run, backup.read(id)));
+    steps.push_back({"", [&run, &backup](const ProductStore& s) { return planLists(s, backup, unnamed(run)); }});
+    for (const Product& product : all) {
+        if (!whyNoKey(product.id).empty()) continue;
+        steps.push_back({labelOf(run, product.id),
+                         [&run, product](const ProductStore& s) { return planSettings(s, product, unnamed(run)); }});
     }
     return steps;
 }

@@ -11,10 +11,11 @@ Store::Store(Run& run, const StoreChoice& choice, Use use)
     if (isRegistry_) {
         openRegistry(choice.view);
     } else if (choice.kind == StoreChoice::Kind::trial) {
-        openJournal(host_.localDataFile("Vrix Toolkit Trial", "store.journal"), "the Trial's store", use);
+        // Where the Trial has never run, its store is empty.
+        openJournal(host_.localDataFile("Vrix Toolkit Trial", "store.journal"), use, true);
         keepBackupsIn(host_.localDataFile(trialBackups, ""));
     } else {
-        openJournal(choice.path, "the store " + quoted(choice.path), use);
+        openJournal(backupNamed(choice.path), use, false);
     }
     if (use == Use::writing && backups_ && !run.request.noBackup) {
         backedUp_ =
@@ -22,11 +23,14 @@ Store::Store(Run& run, const StoreChoice& choice, Use use)
     }
 }
 
-Store::~Store() {
-    if (journal_ != nullptr) journal_->sync();
-}
-
 Registry& Store::registry() { return backedUp_ ? *backedUp_ : *store_; }
+
+void Store::change(const Plan& plan, const std::function<void(const StoreChange&)>& made) {
+    perform(registry(), plan, made);
+    if (journal_ != nullptr && !journal_->sync()) {
+        throw Failure(ExitCode::refused, "the disk has not confirmed the changes: a loss of power may undo them");
+    }
+}
 
 void Store::openRegistry(RegistryView view) {
     store_ = host_.registry(view);
@@ -39,18 +43,32 @@ void Store::openRegistry(RegistryView view) {
     keepBackupsIn(host_.localDataFile(registryBackups(real == RegistryView::wide ? 64 : 32), ""));
 }
 
-void Store::openJournal(const std::string& path, const std::string& name, Use use) {
+void Store::openJournal(const std::string& path, Use use, bool mayLack) {
     if (use == Use::writing) {
         auto journal = std::make_unique<JournalRegistry>(path, Environment(), host_.journalDisk());
         journal_ = journal.get();
         store_ = std::move(journal);
     } else if (const auto disk = host_.journalDisk(); disk->isFile(path)) {
         store_ = std::make_unique<JournalSnapshot>(path, Environment(), *disk);
-    } else if (use == Use::rehearsing) {
+    } else if (use == Use::rehearsing || mayLack) {
         store_ = std::make_unique<MemoryRegistry>();
     } else {
-        throw Failure(ExitCode::notFound, name + " is not there");
+        throw Failure(ExitCode::notFound, "the store " + quoted(path) + " is not there");
     }
+}
+
+// The file of a backup that is named as in the list of backups; any other text is a path.
+std::string Store::backupNamed(const std::string& text) {
+    const auto disk = host_.journalDisk();
+    const bool isOwnWide = host_.ownView() == RegistryView::wide;
+    const bool mayBe = BackupFolder::isName(text) && !disk->isFile(text);
+    for (const std::string& folder :
+         {registryBackups(isOwnWide ? 64 : 32), registryBackups(isOwnWide ? 32 : 64), std::string(trialBackups)}) {
+        if (!mayBe) break;
+        const BackupFolder backups(host_.localDataFile(folder, ""), *disk);
+        if (const auto name = backups.find(text)) return backups.pathOf(*name);
+    }
+    return text;
 }
 
 void Store::keepBackupsIn(const std::string& folder) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 #include "makers/backup/backup_folder.h"
 #include "makers/embedded/journal_disk.h"
 #include "platform/registry.h"
+#include "product/plan.h"
 #include "product/product_store.h"
 #include "vrix/run.h"
 
@@ -24,7 +26,6 @@ public:
     // registry. A journal that is missing is made for writing, and empty when writing is only rehearsed.
     Store(Run& run, const StoreChoice& choice, Use use);
     Store(Run& run, Use use) : Store(run, run.request.store, use) {}
-    ~Store();
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
 
@@ -32,6 +33,9 @@ public:
     // user names have none: they can be copied as files.
     Registry& registry();
     ProductStore products() { return ProductStore(registry()); }
+    // Makes the changes and tells each that is made. Once it returns, those of a journal are on the disk itself. Throws
+    // StoreRefused and Failure.
+    void change(const Plan& plan, const std::function<void(const StoreChange&)>& made = {});
     // The backups of this store, or null.
     BackupFolder* backups() const { return backups_.get(); }
     // The backup that was made; empty if none was.
@@ -40,7 +44,8 @@ public:
 
 private:
     void openRegistry(RegistryView view);
-    void openJournal(const std::string& path, const std::string& name, Use use);
+    void openJournal(const std::string& path, Use use, bool mayLack);
+    std::string backupNamed(const std::string& text);
     void keepBackupsIn(const std::string& folder);
 
     Host& host_;

@@ -33,6 +33,8 @@ ExitCode runCommand(Run& run) {
         throw Failure(ExitCode::refused, run.shown(refused.what()));
     } catch (const BackupFailed& failed) {
         throw Failure(ExitCode::refused, std::string(failed.what()) + " --no-backup goes on without");
+    } catch (const NoJournal& error) {
+        throw Failure(ExitCode::malformed, error.what());
     } catch (const JournalError& error) {
         throw Failure(ExitCode::refused, error.what());
     } catch (const HostRefused& refused) {
@@ -54,13 +56,15 @@ void tell(Host& host, const std::string& sentence, bool isDsc) {
 }  // namespace
 
 int runVrix(const std::vector<std::string>& arguments, Host& host) {
-    bool isDsc = false;
+    bool isDsc = !arguments.empty() && arguments[0] == "dsc";
     try {
         const Request request = readArguments(arguments);
         isDsc = request.isDsc;
         if (request.store.codePage) useCodePage(*request.store.codePage);
         Run run(request, host);
-        return static_cast<int>(runCommand(run));
+        const ExitCode code = runCommand(run);
+        host.flush();
+        return static_cast<int>(code);
     } catch (const HelpWanted& help) {
         host.write(help.text);
         return static_cast<int>(ExitCode::done);

@@ -10,37 +10,45 @@ trap - EXIT
 out=build/driven/vrix
 rm -rf "$out" "$WINEPREFIX"/drive_c/users/*/AppData/Local/'Vrix Toolkit'*
 mkdir -p "$out"
-vrix() { timeout 60 wine build/win64/vrix.exe "$@" </dev/null | tr -d '\r'; }
-code() { local code=0; vrix "$@" >/dev/null 2>&1 || code=$?; echo $code; }
+vrix() { timeout 60 wine "build/$preset/vrix.exe" "$@" </dev/null | tr -d '\r'; }
+# is CODE ARGUMENT ...: vrix answers by that code.
+is() {
+    local code=0
+    vrix "${@:2}" >"$out/said" 2>&1 || code=$?
+    [ "$code" = "$1" ] || { echo "$code, not $1: vrix ${*:2}"; cat "$out/said"; return 1; }
+}
 narrow() { wine reg query 'HKLM\Software\WOW6432Node\Vrix\Toolkit' /s 2>/dev/null | grep -c REG_SZ || true; }
 
 empty_store
-drive tests/walks/sample.walk build/win64/VrixToolkit.exe "$out"
+drive tests/walks/sample.walk "build/$preset/VrixToolkit.exe" "$out"
 store >"$out/before"
 vrix list | tee "$out/list" | grep -E '^Sample Manual  SampleKey  toolkit  2 ' >/dev/null
 [ "$(wc -l <"$out/list")" = 2 ]
 vrix show 'Sample Manual' | grep -E '^  Rigging +\\\\Server\\Docs\\Rigging.doc +needs Safety$' >/dev/null
 [ "$(vrix check)" = 'Nothing was found.' ]
 # Wine lists values by their names, so the order of Topics is another than in the file.
-[ "$(code compare SampleKey "$out/sample.kls")" = 1 ]
+is 1 compare SampleKey "$out/sample.kls"
 [ -z "$(vrix compare SampleKey "$out/sample.kls" | grep -vE '^(topics|dependencies)$|^  . order')" ]
 
 for form in kls json; do
     vrix export SampleKey "$out/kept.$form"
+    is 2 remove SampleKey
     vrix remove --yes toolkit:SampleKey >/dev/null
     [ "$(store)" = '\Toolkit\Products|'$'\n''\Toolkit|' ]
     vrix apply "$out/kept.$form" >/dev/null
     store | diff "$out/before" -
 done
-vrix apply "$out/kept.json" | grep ': nothing to change$' >/dev/null
+vrix apply "$out/kept*.json" | grep ': nothing to change$' >/dev/null
 
 # The hub's export, and a backup of the Toolkit's own.
-drive tests/walks/edit.walk build/win64/VrixToolkit.exe "$out"
+drive tests/walks/edit.walk "build/$preset/VrixToolkit.exe" "$out"
 vrix export SampleKey "$out/seen.kls"
 cmp "$out/seen.kls" "$out/edited.kls"
-[ "$(code compare SampleKey "$out/kept.json")" = 1 ]
+is 1 compare SampleKey "$out/kept.json"
+is 0 --store latest compare SampleKey "$out/kept.json"
 backup=$(vrix backups --json | sed -n 's/^    "file": "\(.*\)",$/\1/p' | head -n 1 | sed 's/\\\\/\\/g')
-[ "$(code --store "$backup" compare SampleKey "$out/kept.json")" = 0 ]
+vrix --store "$backup" export SampleKey "$out/backup.json"
+cmp "$out/kept.json" "$out/backup.json"
 vrix restore latest >/dev/null
 store | diff "$out/before" -
 
@@ -48,6 +56,7 @@ store | diff "$out/before" -
 count=$(narrow)
 vrix --view 32 apply "$out/kept.kls" >/dev/null
 [ "$(narrow)" = $((count + 97)) ]
+vrix check | grep '^note other-view: ' >/dev/null
 vrix --view 32 export SampleKey "$out/narrow.kls"
 cmp "$out/kept.kls" "$out/narrow.kls"
 vrix --view 32 remove --yes SampleKey >/dev/null

@@ -22,8 +22,13 @@ public:
                            RegistryKey& key) override {
         return inner_.openKey(parent, path, rights, key);
     }
+    // To make a key that is there changes nothing, nor does one that may not be opened.
     RegistryStatus createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                              RegistryKey& key) override {
+        if (backUp_) {
+            const RegistryStatus status = inner_.openKey(parent, path, rights, key);
+            if (status != RegistryStatus::fileNotFound) return status;
+        }
         return changing().createKey(parent, path, rights, key);
     }
     RegistryStatus closeKey(RegistryKey key) override { return inner_.closeKey(key); }

@@ -12,6 +12,7 @@ namespace vrix {
 
 namespace {
 
+constexpr std::string_view latest = "latest";
 constexpr std::string_view ending = ".journal";
 constexpr std::string_view timeForm = "0000-00-00 00-00-00";
 
@@ -21,54 +22,49 @@ std::string timeText(std::time_t time) {
     return text.data();
 }
 
-// Whether a file of that name is a backup: others in the folder are not ours to remove.
-bool isBackup(const std::string& name) {
-    if (name.size() < timeForm.size() + ending.size() || !name.ends_with(ending)) return false;
-    return std::equal(timeForm.begin(), timeForm.end(), name.begin(),
-                      [](char form, char c) { return form == '0' ? c >= '0' && c <= '9' : c == form; });
-}
-
-// Hands a key below the family key, and all that it holds, to the journal.
-// NOLINTNEXTLINE(misc-no-recursion): the platform ends it at 512 levels.
-void copyKey(const ProductStore& store, const KeyPath& path, const journal::Writer& write) {
-    std::string place = "Software\\Vrix";
-    for (const std::string& name : path) place += '\\' + name;
-    write(journalRecord(Change(Change::Kind::makeKey, place)));
-    for (StoredValue& value : store.values(path)) {
-        write(journalRecord(
-            Change(Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data))));
-    }
-    for (const std::string& name : store.subkeys(path)) {
-        KeyPath below = path;
-        below.push_back(name);
-        copyKey(store, below, write);
-    }
-}
-
-bool hasFamilyKey(Registry& registry) {
-    RegistryKey key = 0;
-    const RegistryStatus status = openBelowFamily(registry, {}, access::queryValue, false, key);
-    if (status == RegistryStatus::success) registry.closeKey(key);
-    return status != RegistryStatus::fileNotFound;
+// Hands the family key, if it is there, and all below it to the journal.
+void copyFamily(Registry& registry, const journal::Writer& write) {
+    ProductStore(registry).walk({}, [&](const KeyPath& path, std::vector<StoredValue> values) {
+        const std::string place = joined(joinedPaths({"Software", "Vrix"}, path));
+        write(journalRecord(Change(Change::Kind::makeKey, place)));
+        for (StoredValue& value : values) {
+            write(journalRecord(
+                Change(Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data))));
+        }
+    });
 }
 
 }  // namespace
 
+bool BackupFolder::isName(const std::string& text) {
+    if (text == latest) return true;
+    return text.size() >= timeForm.size() &&
+           std::equal(timeForm.begin(), timeForm.end(), text.begin(),
+                      [](char form, char c) { return form == '0' ? c >= '0' && c <= '9' : c == form; });
+}
+
+// Other files in the folder are not ours to list, nor to remove.
 std::vector<std::string> BackupFolder::names() const {
     std::vector<std::string> found = disk_.namesIn(path_);
-    std::erase_if(found, [](const std::string& name) { return !isBackup(name); });
+    std::erase_if(found, [](const std::string& name) { return !name.ends_with(ending) || !isName(name); });
     for (std::string& name : found) name.resize(name.size() - ending.size());
     std::sort(found.begin(), found.end(), std::greater<>());
     return found;
 }
 
+std::optional<std::string> BackupFolder::find(const std::string& text) const {
+    const std::vector<std::string> all = names();
+    const auto found = text == latest ? all.begin() : std::find(all.begin(), all.end(), text);
+    return found == all.end() ? std::nullopt : std::optional(*found);
+}
+
 std::string BackupFolder::keep(Registry& registry, std::time_t time) {
     const std::string name = unusedName(time);
     try {
-        const bool written = journal::write(pathOf(name), disk_, [&](const journal::Writer& write) {
-                                 if (hasFamilyKey(registry)) copyKey(ProductStore(registry), {}, write);
-                             }).has_value();
-        if (!written) throw BackupFailed("The backup \"" + pathOf(name) + "\" could not be written.");
+        const auto copy = [&](const journal::Writer& write) { copyFamily(registry, write); };
+        if (!journal::write(pathOf(name), disk_, copy)) {
+            throw BackupFailed("The backup \"" + pathOf(name) + "\" could not be written.");
+        }
     } catch (const StoreRefused& refused) {
         throw BackupFailed("The backup could not be made: " + std::string(refused.what()) + ".");
     }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <ctime>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -34,8 +35,13 @@ public:
     // The folder is there already. Its path is one for the disk, with a separator at its end.
     BackupFolder(std::string path, JournalDisk& disk) : path_(std::move(path)), disk_(disk) {}
 
+    // Whether a text may name a backup: date and time, or "latest".
+    static bool isName(const std::string& text);
+
     // The names without their ending, the newest first.
     std::vector<std::string> names() const;
+    // The name of the backup that the text names, if it is there.
+    std::optional<std::string> find(const std::string& text) const;
     // The path of the backup of that name.
     std::string pathOf(const std::string& name) const { return path_ + name + ".journal"; }
 

@@ -46,9 +46,9 @@ bool onlyZeros(std::FILE* stream) {
     return std::feof(stream) != 0;
 }
 
-JournalError error(const std::string& path, const std::string& what) {
-    return JournalError("The file \"" + path + "\" " + what);
-}
+std::string sentence(const std::string& path, const std::string& what) { return "The file \"" + path + "\" " + what; }
+
+JournalError error(const std::string& path, const std::string& what) { return JournalError(sentence(path, what)); }
 
 }  // namespace
 
@@ -76,10 +76,13 @@ journal::Extent journal::read(const std::string& path, JournalDisk& disk, const 
         return bytes;
     };
     const std::string first = take(std::min<std::uint64_t>(*whole, signature.size()));
-    if (!signature.starts_with(first)) throw error(path, "is not a journal of this program. It was left as it is.");
+    if (!signature.starts_with(first)) {
+        throw NoJournal(sentence(path, "is not a journal of this program. It was left as it is."));
+    }
     if (first.size() < signature.size()) return {0, !first.empty()};
 
-    const auto damaged = error(path, "is damaged and was left as it is. Restore it from a copy or move it away.");
+    const NoJournal damaged(
+        sentence(path, "is damaged and was left as it is. Restore it from a copy or move it away."));
     std::uint64_t size = signature.size();
     while (size < *whole) {
         if (*whole - size < headSize) return {size, true};
@@ -160,8 +163,9 @@ bool JournalFile::append(const std::string& record) {
     return false;
 }
 
-void JournalFile::sync() {
+bool JournalFile::sync() {
     if (!synced_) synced_ = disk_.sync(stream_.get());
+    return synced_;
 }
 
 bool JournalFile::truncateToWhole() {

@@ -13,9 +13,14 @@ namespace vrix {
 class JournalDisk;
 
 // Why a journal cannot be used, as a sentence for an administrator. The file is left as it was.
-class JournalError final : public std::runtime_error {
+class JournalError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
+};
+// The same where the file can be read, and is no journal or a damaged one.
+class NoJournal final : public JournalError {
+public:
+    using JournalError::JournalError;
 };
 
 // A number as four bytes, lowest first, and back.
@@ -67,9 +72,9 @@ public:
     // Appends a record and hands it to the system. False, with nothing appended, if the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
 
-    // Brings what was appended since the last time onto the disk itself. What the disk refuses is tried again with the
-    // next call.
-    void sync();
+    // Brings what was appended since the last time onto the disk itself. False if the disk refuses; the next call tries
+    // again.
+    bool sync();
 
     // Replaces the file by one of that content; if the disk refuses, nothing changes. Throws JournalError if the file
     // cannot be opened again.

@@ -23,8 +23,8 @@ public:
     JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk);
 
     // Brings all changes onto the disk itself, so that a loss of power leaves them. To be called at the end of an
-    // event, before its outcome is shown.
-    void sync() { file_->sync(); }
+    // event, before its outcome is shown. False if the disk refuses.
+    bool sync() { return file_->sync(); }
 
 private:
     RegistryStatus persist(const Change& change) override;

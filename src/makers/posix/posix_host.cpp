@@ -20,8 +20,6 @@ constexpr mode_t folderMode = 0777;
 
 }  // namespace
 
-PosixHost::~PosixHost() { std::fflush(stdout); }
-
 bool PosixHost::isAttended() { return isatty(STDIN_FILENO) != 0; }
 
 std::string PosixHost::readLine() {
@@ -37,6 +35,10 @@ void PosixHost::write(const std::string& text) { std::fwrite(text.data(), 1, tex
 void PosixHost::writeError(const std::string& text) {
     std::fflush(stdout);
     std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+void PosixHost::flush() {
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) throw HostRefused("the output cannot be written");
 }
 
 std::optional<std::string> PosixHost::readFile(const std::string& path) {

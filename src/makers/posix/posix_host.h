@@ -7,13 +7,12 @@ namespace vrix {
 // A system of the POSIX kind: it has no registry, and its shells know wildcards.
 class PosixHost final : public Host {
 public:
-    ~PosixHost() override;
-
     bool isAttended() override;
     std::string readLine() override;
     std::string readAll() override;
     void write(const std::string& text) override;
     void writeError(const std::string& text) override;
+    void flush() override;
 
     std::optional<std::string> readFile(const std::string& path) override;
     void writeFile(const std::string& path, const std::string& bytes) override;

@@ -26,20 +26,22 @@ bool isConsole(HANDLE handle) {
     return GetConsoleMode(handle, &mode) != FALSE;
 }
 
-// Writes to a console as characters, to a file or pipe as UTF-8.
-void put(DWORD stream, const std::string& text) {
+// Writes to a console as characters, to a file or pipe as UTF-8. False where some of it was lost.
+bool put(DWORD stream, const std::string& text) {
     const HANDLE handle = GetStdHandle(stream);
     DWORD done = 0;
-    if (isConsole(handle)) {
-        const std::wstring whole = units(text);
-        constexpr std::size_t most = 8'192;  // some consoles take no more at once
-        for (std::size_t at = 0; at < whole.size(); at += most) {
-            const auto part = static_cast<DWORD>(std::min(most, whole.size() - at));
-            WriteConsoleW(handle, whole.data() + at, part, &done, nullptr);
-        }
-    } else {
-        WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &done, nullptr);
+    if (!isConsole(handle)) {
+        const auto size = static_cast<DWORD>(text.size());
+        return WriteFile(handle, text.data(), size, &done, nullptr) != FALSE && done == size;
     }
+    bool isWhole = true;
+    const std::wstring whole = units(text);
+    constexpr std::size_t most = 8'192;  // some consoles take no more at once
+    for (std::size_t at = 0; at < whole.size(); at += most) {
+        const auto part = static_cast<DWORD>(std::min(most, whole.size() - at));
+        isWhole = WriteConsoleW(handle, whole.data() + at, part, &done, nullptr) != FALSE && isWhole;
+    }
+    return isWhole;
 }
 
 HANDLE input() { return GetStdHandle(STD_INPUT_HANDLE); }
@@ -57,7 +59,7 @@ std::vector<std::string> utf8Texts(const std::vector<std::wstring>& texts) {
 bool Win32Host::isAttended() { return isConsole(input()); }
 
 std::string Win32Host::readLine() {
-    flush();
+    handOn();
     std::array<wchar_t, 256> line{};
     DWORD length = 0;
     if (ReadConsoleW(input(), line.data(), static_cast<DWORD>(line.size()), &length, nullptr) == FALSE) return "";
@@ -78,17 +80,22 @@ std::string Win32Host::readAll() {
 void Win32Host::write(const std::string& text) {
     constexpr std::size_t most = 65'536;
     waiting_ += text;
-    if (waiting_.size() > most) flush();
+    if (waiting_.size() > most) handOn();
 }
 
 void Win32Host::writeError(const std::string& text) {
-    flush();
+    handOn();
     put(STD_ERROR_HANDLE, text);
 }
 
-void Win32Host::flush() {
-    if (!waiting_.empty()) put(STD_OUTPUT_HANDLE, waiting_);
+void Win32Host::handOn() {
+    if (!waiting_.empty()) isWhole_ = put(STD_OUTPUT_HANDLE, waiting_) && isWhole_;
     waiting_.clear();
+}
+
+void Win32Host::flush() {
+    handOn();
+    if (!isWhole_) throw HostRefused("the output cannot be written");
 }
 
 // ---- Files ----

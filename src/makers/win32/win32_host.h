@@ -8,7 +8,7 @@ namespace vrix {
 class Win32Host final : public Host {
 public:
     Win32Host() = default;
-    ~Win32Host() override { flush(); }
+    ~Win32Host() override { handOn(); }
     Win32Host(const Win32Host&) = delete;
     Win32Host& operator=(const Win32Host&) = delete;
 
@@ -17,6 +17,7 @@ public:
     std::string readAll() override;
     void write(const std::string& text) override;
     void writeError(const std::string& text) override;
+    void flush() override;
 
     std::optional<std::string> readFile(const std::string& path) override;
     void writeFile(const std::string& path, const std::string& bytes) override;
@@ -32,8 +33,9 @@ public:
     std::time_t now() override { return std::time(nullptr); }
 
 private:
-    void flush();
+    void handOn();
     std::string waiting_;
+    bool isWhole_ = true;  // all of it has arrived
 };
 
 // Texts of the system as UTF-8.

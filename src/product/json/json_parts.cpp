@@ -15,7 +15,7 @@ Json identityOf(const Product& product, const JsonTexts& texts) {
     Json json = Json::object();
     if (!id.name.empty()) json["name"] = texts.text(id.name);
     json["key"] = texts.text(id.key);
-    json["tree"] = id.tree == Tree::toolkit ? "toolkit" : "installed";
+    json["tree"] = treeName(id.tree);
     const StoredKey* root = product.find(part::root);
     for (const StoredValue& value : root == nullptr ? std::vector<StoredValue>() : root->values) {
         if (value.name == creationDateName(id.tree)) json["created"] = texts.content(value);

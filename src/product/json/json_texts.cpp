@@ -11,16 +11,6 @@ namespace vrix {
 
 namespace {
 
-std::string hex(const std::string& bytes) {
-    std::string text;
-    for (const char c : bytes) {
-        constexpr std::string_view digits = "0123456789abcdef";
-        const auto byte = static_cast<unsigned char>(c);
-        text += {digits[byte / 16], digits[byte % 16]};
-    }
-    return text;
-}
-
 std::string unhex(const Json& text, const std::string& place) {
     const std::string digits = text.is_string() ? text.get<std::string>() : "?";
     std::string bytes;
@@ -54,7 +44,7 @@ std::uint32_t typeNumber(const Json& type, const std::string& place) {
 
 Json JsonTexts::text(const std::string& bytes) const {
     if (const auto utf8 = exactUtf8(encoding_, bytes)) return *utf8;
-    return {{"bytes", hex(bytes)}};
+    return {{"bytes", hexDigits(bytes)}};
 }
 
 std::string JsonTexts::fromUtf8(const std::string& text, const std::string& place) const {
@@ -80,7 +70,7 @@ Json JsonTexts::content(const StoredValue& value) const {
             return isPlainText(value) ? string : Json{{"type", typeOf(value.type)}, {"text", string}};
         }
     }
-    return {{"type", typeOf(value.type)}, {"bytes", hex(value.data)}};
+    return {{"type", typeOf(value.type)}, {"bytes", hexDigits(value.data)}};
 }
 
 StoredValue JsonTexts::valueOf(std::string name, const Json& content, const std::string& place) const {

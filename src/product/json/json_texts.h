@@ -17,7 +17,7 @@ class JsonTexts {
 public:
     explicit JsonTexts(const Encoding& encoding) : encoding_(encoding) {}
 
-    // A name: a string, or {"bytes": "c281"}.
+    // A name: a string, or {"bytes": "C281"}.
     Json text(const std::string& bytes) const;
     std::string bytesOf(const Json& text, const std::string& place) const;
 

@@ -16,7 +16,7 @@ enum class JsonForm { indented, oneLine };
 // Members: "name", "key", "tree" ("toolkit" or "installed"), "created", "options" (true and false for switches, numbers
 // for positions), "topics" and "addedTopics" (each with "name", "file" and "dependsOn", the names of other Topics),
 // "smartFields", and "other" for what these cannot tell, so that nothing is lost and nothing stands twice. A text with
-// bytes that stand for no character is {"bytes": "c281"}; a value of a type that the Toolkit would not give it is
+// bytes that stand for no character is {"bytes": "C281"}; a value of a type that the Toolkit would not give it is
 // {"type": "REG_DWORD", "bytes": "01000000"}. productSchema() tells all forms.
 std::string toJson(const Product& product, const Encoding& encoding, JsonForm form = JsonForm::indented);
 
