@@ -106,6 +106,9 @@ TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
     const std::string file = expected("big.kls");
     for (std::size_t size = 0; size < file.size(); ++size)
         ASSERT_FALSE(refusal(file.substr(0, size)).starts_with("read")) << size;
+    std::string unixFile = file;
+    std::erase(unixFile, '\r');
+    EXPECT_EQ(refusal(unixFile), refusal(file));
     const std::string other = editorFile(Dice(1).product(), true);
     for (std::size_t size = 0; size < other.size(); ++size) refusal(other.substr(0, size));
     for (std::size_t at = file.find("\r\n[", 30); at != std::string::npos; at = file.find("\r\n[", at + 1)) {

@@ -37,7 +37,11 @@ public:
     RegistryView ownView() override { return RegistryView::wide; }
     unsigned codePage() override { return 1252; }
     std::unique_ptr<Encoding> encoding(unsigned number) override { return testEncoding(number); }
-    std::unique_ptr<JournalDisk> journalDisk() override { return std::make_unique<StubDisk>(isFree); }
+    std::unique_ptr<JournalDisk> journalDisk() override {
+        auto disk = std::make_unique<StubDisk>(isFree);
+        disk->syncs = syncs;
+        return disk;
+    }
     std::string localDataFile(const std::string& folder, const std::string& file) override {
         if (hasLocalData) std::filesystem::create_directories(data.folder / folder);
         return data.path(folder) + '/' + file;
@@ -58,6 +62,7 @@ public:
     std::string answer, input, out, err;
     bool hasRegistry = true;
     bool isFree = true;
+    bool syncs = true;
     bool hasLocalData = true;
     std::time_t time = 1'800'000'000;
     TemporaryFolder data;
@@ -68,9 +73,10 @@ protected:
     std::string run(const std::vector<std::string>& arguments) { return host.run(arguments); }
     // The code alone.
     char code(const std::vector<std::string>& arguments) { return run(arguments)[0]; }
-    void write(const std::string& name, const std::string& text) {
-        ASSERT_TRUE(host.wide.replay(Change(Change::Kind::setValue, "Software\\Vrix\\Toolkit\\SampleKey\\Options", name,
-                                            valuetype::string, text + '\0')));
+    void write(const std::string& name, const std::string& text,
+               const std::string& section = "Toolkit\\SampleKey\\Options") {
+        ASSERT_TRUE(host.wide.replay(
+            Change(Change::Kind::setValue, "Software\\Vrix\\" + section, name, valuetype::string, text + '\0')));
     }
     std::string latest() {
         run({"backups", "--json"});
@@ -161,6 +167,10 @@ TEST_F(Vrix, LeavesAJournalThatItReadsAsItIsAndOneThatIsHeldAlone) {
     const std::string path = host.data.path("store.journal");
     EXPECT_EQ(code({"apply", "sample.kls", "--dry-run", "--store", path}), '0');
     EXPECT_FALSE(std::filesystem::exists(path));
+    host.syncs = false;
+    EXPECT_EQ(code({"apply", "sample.kls", "--store", path}), '4');
+    EXPECT_EQ(host.out.find("changes made"), std::string::npos);
+    host.syncs = true;
     EXPECT_EQ(code({"apply", "sample.kls", "--store", path}), '0');
     const std::string torn = bytesOf(path) + "\x01";
     writeBytes(path, torn);
@@ -199,6 +209,22 @@ TEST_F(Vrix, KeepsABackupBeforeItWritesAndTheNewestTwenty) {
     EXPECT_EQ(code({"apply", "x.json"}), '4');
     EXPECT_NE(host.err.find("--no-backup"), std::string::npos) << host.err;
     EXPECT_EQ(host.tree(), whole);
+}
+
+TEST_F(Vrix, RestoresRowsThatShareAKeyOrHaveNoneAndProductsInOneAnother) {
+    EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    for (const char* key : {"SampleKey", "SampleKey\\Options", ""}) {
+        write("Odd" + std::string(key), key, "Toolkit\\Products");
+    }
+    const std::string whole = host.tree();
+    host.files["x.json"] = "{\"name\": \"X\", \"key\": \"X\"}";
+    EXPECT_EQ(code({"apply", "x.json"}), '0');
+    const std::string backup = latest();
+    write("AllowNoTOC", "9");
+    write("Sample Manual", "Elsewhere", "Toolkit\\Products");
+    EXPECT_EQ(code({"restore", backup}), '0');
+    EXPECT_EQ(host.tree(), whole);
+    EXPECT_EQ(run({"restore", backup}).find(" made."), std::string::npos) << host.out;
 }
 
 TEST_F(Vrix, IsAResourceOfDsc) {

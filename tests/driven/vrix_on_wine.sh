@@ -20,6 +20,7 @@ is() {
 narrow() { wine reg query 'HKLM\Software\WOW6432Node\Vrix\Toolkit' /s 2>/dev/null | grep -c REG_SZ || true; }
 
 empty_store
+wine reg delete 'HKLM\Software\WOW6432Node\Vrix' /f >/dev/null 2>&1 || true
 drive tests/walks/sample.walk "build/$preset/VrixToolkit.exe" "$out"
 store >"$out/before"
 vrix list | tee "$out/list" | grep -E '^Sample Manual  SampleKey  toolkit  2 ' >/dev/null
@@ -30,14 +31,19 @@ vrix show 'Sample Manual' | grep -E '^  Rigging +\\\\Server\\Docs\\Rigging.doc +
 is 1 compare SampleKey "$out/sample.kls"
 [ -z "$(vrix compare SampleKey "$out/sample.kls" | grep -vE '^(topics|dependencies)$|^  . order')" ]
 
-for form in kls json; do
-    vrix export SampleKey "$out/kept.$form"
+# The hub's export of such a Product leaves the date of creation empty, so JSON gives that back.
+vrix export SampleKey "$out/kept.json"
+vrix export SampleKey "$out/kept.kls"
+for form in json kls; do
     is 2 remove SampleKey
     vrix remove --yes toolkit:SampleKey >/dev/null
     [ "$(store)" = '\Toolkit\Products|'$'\n''\Toolkit|' ]
     vrix apply "$out/kept.$form" >/dev/null
-    store | diff "$out/before" -
+    [ "$form" = kls ] || store | diff "$out/before" -
 done
+store | diff <(grep -v 'Creation Date' "$out/before") -
+vrix apply "$out/kept*.json" >/dev/null
+store | diff "$out/before" -
 vrix apply "$out/kept*.json" | grep ': nothing to change$' >/dev/null
 
 # The hub's export, and a backup of the Toolkit's own.
@@ -53,14 +59,15 @@ vrix restore latest >/dev/null
 store | diff "$out/before" -
 
 # Other stores.
-count=$(narrow)
+[ "$(narrow)" = 0 ]
 vrix --view 32 apply "$out/kept.kls" >/dev/null
-[ "$(narrow)" = $((count + 97)) ]
-vrix check | grep '^note other-view: ' >/dev/null
+[ "$(narrow)" = 95 ]
+is 1 check
+grep '^note other-view: ' "$out/said" >/dev/null
 vrix --view 32 export SampleKey "$out/narrow.kls"
 cmp "$out/kept.kls" "$out/narrow.kls"
 vrix --view 32 remove --yes SampleKey >/dev/null
-[ "$(narrow)" = "$count" ]
+[ "$(narrow)" = 0 ]
 vrix --trial apply "$out/kept.json" >/dev/null
 vrix --trial export SampleKey "$out/trial.json"
 cmp "$out/kept.json" "$out/trial.json"
