@@ -7,7 +7,13 @@
 #include "common/code_page.h"
 #include "forms/event.h"
 #include "makers/embedded/journal_registry.h"
-#include "pages/finish/settings_file.h"
+#include "makers/posix/iconv_encoding.h"
+#include "product/check.h"
+#include "product/compare.h"
+#include "product/json/product_json.h"
+#include "product/plan.h"
+#include "product/settings_text.h"
+#include "store/settings_file.h"
 #include "stubs.h"
 #include "walk.h"
 
@@ -194,13 +200,48 @@ void finish(Input& input) {
     }
 }
 
+// A text of any bytes is refused, or it is one Product. That stands in a store as it was read, with nothing changed
+// beside it, and reads back from JSON.
+template <class Read>
+void product(const Read& read) {
+    const auto encoding = iconvEncoding(1252);
+    MemoryRegistry registry;
+    const ProductStore store(registry);
+    try {
+        const Product found = read(*encoding);
+        const std::string json = toJson(found, *encoding);
+        promise(toJson(fromJson(json, *encoding), *encoding) == json);
+        const Plan plan = planApply(store, found, Unnamed::removed);
+        for (const StoreChange& change : plan) {
+            promise(isWithin(change.path, rootPath(found.id)) || change.path == listPath(found.id.tree));
+        }
+        perform(registry, plan);
+        promise(compare(found, store.read(found.id)).empty());
+        promise(planApply(store, found, Unnamed::removed).empty());
+        checkProduct(found, *encoding);
+        settingsText(registry, found.id);
+    } catch (const Malformed&) {
+    } catch (const PlanRefused&) {
+    } catch (const StoreRefused&) {
+    }
+}
+
 const std::map<std::string, std::function<void(Input&)>> targets{
     {"values", [](Input& input) { edit(input, ""); }},
     {"dependencies", [](Input& input) { edit(input, "DependenciesBtn"); }},
     {"topics", [](Input& input) { edit(input, input.ConsumeBool() ? "TopicOrderBtn" : "TopicsBtn"); }},
     {"import", importFile},
     {"journal", journal},
-    {"finish", finish}};
+    {"finish", finish},
+    {"settings",
+     [](Input& input) {
+         const std::string file = input.ConsumeRemainingBytesAsString();
+         product([&](const Encoding& encoding) { return readSettings(file, encoding); });
+     }},
+    {"json", [](Input& input) {
+         const std::string text = input.ConsumeRemainingBytesAsString();
+         product([&](const Encoding& encoding) { return fromJson(text, encoding); });
+     }}};
 
 }  // namespace
 }  // namespace vrix

@@ -2,7 +2,7 @@
 
 #include "files.h"
 #include "makers/embedded/memory_registry.h"
-#include "pages/finish/settings_file.h"
+#include "store/settings_file.h"
 #include "walk.h"
 
 namespace vrix {

@@ -11,12 +11,12 @@
 
 namespace vrix {
 
-namespace {
-
 bool isExpandable(const std::string& text) {
     const auto first = text.find('%');
     return first != std::string::npos && text.find('%', first + 2) != std::string::npos;
 }
+
+namespace {
 
 // The text that data holds: all but its last byte, the terminator.
 std::string textIn(std::string bytes) {

@@ -14,6 +14,16 @@ HKEY native(RegistryKey key) { return reinterpret_cast<HKEY>(key); }
 
 RegistryStatus status(LSTATUS code) { return static_cast<RegistryStatus>(code); }
 
+// The right by which a view is asked for. A key opened by it stands in that view, but calls below it must ask again.
+DWORD viewRight(RegistryView view) {
+    switch (view) {
+        case RegistryView::own: return 0;
+        case RegistryView::wide: return KEY_WOW64_64KEY;
+        case RegistryView::narrow: return KEY_WOW64_32KEY;
+    }
+    return 0;
+}
+
 // Hands on the key that a call has opened, or none if the call was refused.
 RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
     key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(handle) : 0;
@@ -45,7 +55,7 @@ bool enumWide(HKEY key, DWORD index, std::string& name, ValueData& value) {
 RegistryStatus Win32Registry::openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                                       RegistryKey& key) {
     HKEY handle = nullptr;
-    const LSTATUS code = RegOpenKeyExA(native(parent), path.c_str(), 0, rights, &handle);
+    const LSTATUS code = RegOpenKeyExA(native(parent), path.c_str(), 0, rights | viewRight(view_), &handle);
     return opened(code, handle, key);
 }
 
@@ -55,8 +65,8 @@ RegistryStatus Win32Registry::createKey(RegistryKey parent, const std::string& p
     char noClass[] = "";
     SECURITY_ATTRIBUTES security{};
     security.nLength = sizeof security;
-    const LSTATUS code =
-        RegCreateKeyExA(native(parent), path.c_str(), 0, noClass, 0, rights, &security, &handle, nullptr);
+    const LSTATUS code = RegCreateKeyExA(native(parent), path.c_str(), 0, noClass, 0, rights | viewRight(view_),
+                                         &security, &handle, nullptr);
     return opened(code, handle, key);
 }
 
@@ -81,7 +91,8 @@ RegistryStatus Win32Registry::setValue(RegistryKey key, const std::string& name,
 }
 
 RegistryStatus Win32Registry::deleteKey(RegistryKey parent, const std::string& path) {
-    return status(RegDeleteKeyA(native(parent), path.c_str()));
+    if (view_ == RegistryView::own) return status(RegDeleteKeyA(native(parent), path.c_str()));
+    return status(RegDeleteKeyExA(native(parent), path.c_str(), viewRight(view_), 0));
 }
 
 RegistryStatus Win32Registry::deleteValue(RegistryKey key, const std::string& name) {

@@ -1,4 +1,4 @@
-#include "pages/finish/settings_file.h"
+#include "store/settings_file.h"
 
 #include "common/code_page.h"
 
