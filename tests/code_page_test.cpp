@@ -35,6 +35,7 @@ TEST_F(CodePageTest, TellsWhereCharactersBegin) {
              Case{932, "\\\x95\\\\\xE0", 4, 3},  // a lead byte at the end stands for itself
              Case{936, "\x81\\\xFE\\\\", 3, 4},
              Case{949, "\x81\\\xFF\\", 3, 3},
+             Case{1361, "\x84\\\xD8\\\xF9\\\xFA\\", 5, 7},
              Case{950, "\xA5\\\x80\\", 3, 3},
              Case{65001, "\xE8\xA1\xA8\\", 2, 3},
              Case{65001, "\xE8\xA1\\", 3, 2},

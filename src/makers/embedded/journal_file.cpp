@@ -158,7 +158,6 @@ bool JournalFile::append(const std::string& record) {
         return true;
     }
     std::clearerr(stream_.get());
-    torn_ = true;
     truncateToWhole();
     return false;
 }
