@@ -7,6 +7,7 @@
 #include "common/code_page.h"
 #include "forms/event.h"
 #include "makers/embedded/journal_registry.h"
+#include "makers/embedded/memory_registry.h"
 #include "makers/posix/iconv_encoding.h"
 #include "product/check.h"
 #include "product/compare.h"

@@ -33,7 +33,7 @@ std::string editorFile(const Product& product, bool isVersion5) {
     for (const StoredKey& key : product.keys) {
         text +=
             '[' + family + joined(rootPath(product.id)) + (key.path.empty() ? "" : "\\" + joined(key.path)) + "]\r\n";
-        for (const auto& [name, type, data] : key.values) {
+        for (const auto& [name, type, data, isExact] : key.values) {
             text += (name.empty() ? "@" : escaped(name)) + '=';
             const bool isLine =
                 type == valuetype::string && !data.empty() &&

@@ -170,6 +170,7 @@ private:
     void checkValue(const KeyPath& path, const StoredValue& value) {
         const std::string place = placeOf(product_.id, path) + '\\' + value.name;
         checkText(place, value.name, false);
+        if (!value.isExact) findings_.add("outside-code-page", place, shown(value));
         if (!isPlainText(value)) findings_.add("odd-type", place, shown(value));
         if (value.type != valuetype::string && value.type != valuetype::expandString) return;
         const std::string text = textOf(value);
@@ -266,6 +267,11 @@ std::vector<Finding> checkStore(const ProductStore& store) {
         if (id.name.empty()) findings.add("unnamed-value", rowPlace(id));
         if (!whyNoKey(id).empty()) findings.add("key-of-nothing", rowPlace(id), id.key);
         for (std::size_t j = 0; j < i; ++j) checkPair(listed[j], id, findings);
+    }
+    for (const Tree tree : {Tree::installed, Tree::toolkit}) {
+        for (const StoredValue& row : store.values(listPath(tree))) {
+            if (!row.isExact) findings.add("outside-code-page", joined(listPath(tree)) + '\\' + row.name);
+        }
     }
     if (listed.size() > mostRows) findings.add("too-many-rows", joined(listPath(Tree::toolkit)));
     for (const ProductId& id : store.leftovers()) findings.add("leftover", placeOf(id));

@@ -68,6 +68,10 @@ constexpr std::array kinds{
                 "Look at both with --view 64 and --view 32, and remove the one that nobody reads.",
                 "64-bit Windows keeps two stores, one for 64-bit and one for 32-bit programs. A program sees one of "
                 "them, so two Products of one name can differ without notice."},
+    FindingKind{"outside-code-page", warning, "A name or a text has characters that the system's code page lacks.",
+                "Enter it anew in characters of the code page.",
+                "The Toolkit and this program see other characters instead, mostly question marks, and so do settings "
+                "files, JSON and backups. By such a name they find no value."},
     FindingKind{"path-with-double-backslash", warning, "A path has a double backslash in its middle.",
                 "Enter the path anew with single backslashes.",
                 "The export takes a double backslash for the start of a network path and loses what stands in front "

@@ -251,7 +251,7 @@ private:
             status != RegistryStatus::success) {
             return status;
         }
-        const auto& [name, type, data] = change.value;
+        const auto& [name, type, data, isExact] = change.value;
         if (change.kind == Kind::removeValue) return registry_.deleteValue(open_->key, name);
         if (change.kind == Kind::makeKey) return RegistryStatus::success;
         return registry_.setValue(open_->key, name, type, data.data(), static_cast<std::uint32_t>(data.size()));

@@ -116,7 +116,8 @@ StoredValue textValue(std::string name, const std::string& text) {
 
 bool isPlainText(const StoredValue& value) {
     const std::string text = textOf(value);
-    return text.find('\0') == std::string::npos && value == textValue(value.name, text);
+    const StoredValue plain = textValue(value.name, text);
+    return text.find('\0') == std::string::npos && value.type == plain.type && value.data == plain.data;
 }
 
 // ---- Dates ----

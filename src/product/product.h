@@ -28,6 +28,7 @@ struct StoredValue {
     std::string name;
     std::uint32_t type = valuetype::string;
     std::string data;
+    bool isExact = true;  // false where the code page lacks characters of it, for which others stand here
     bool operator==(const StoredValue&) const = default;
 };
 

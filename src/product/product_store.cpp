@@ -27,9 +27,9 @@ std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const Ke
     }
 }
 
-// A value that the listing could not give.
+// A value that the listing could not give, since the code page lacks characters of it. By such a name nothing is found.
 StoredValue valueOf(Registry& registry, RegistryKey key, const std::string& name, const KeyPath& path) {
-    StoredValue value{name, 0, {}};
+    StoredValue value{name, 0, {}, false};
     std::uint32_t size = 0;
     RegistryStatus status = RegistryStatus::moreData;
     while (status == RegistryStatus::moreData) {  // at first it tells the size
@@ -38,6 +38,7 @@ StoredValue valueOf(Registry& registry, RegistryKey key, const std::string& name
         void* room = size == 0 ? static_cast<void*>(&none) : value.data.data();
         status = registry.queryValue(key, name, value.type, room, size);
     }
+    if (status == RegistryStatus::fileNotFound) return {name, valuetype::string, std::string(1, '\0'), false};
     expect(status, path);
     value.data.resize(size);
     return value;
@@ -73,7 +74,9 @@ void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const Pro
     for (const std::string& name : subkeysOf(registry, key, path)) {
         const KeyPath below = joinedPaths(path, {name});
         OpenKey open(registry);
-        expect(registry.openKey(key, name, toRead, open.key), below);
+        const RegistryStatus status = registry.openKey(key, name, toRead, open.key);
+        if (status == RegistryStatus::fileNotFound) continue;  // gone, or of characters that the code page lacks
+        expect(status, below);
         walkKey(registry, open.key, below, visit);
     }
 }
