@@ -60,6 +60,7 @@ Work orEnd(const Work& event);
 // The figures against the platform's own programs, where it has any. Files lie in one folder, the program's own exe
 // files in another.
 void measureTools(const Scale& scale, const std::string& folder);
+void measureCommand(const Scale& scale, const std::string& folder, const std::string& programs);
 void measureStart(const Scale& scale, const std::string& programs);
 
 }  // namespace vrix::bench

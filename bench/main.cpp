@@ -19,6 +19,7 @@ int main(int count, char** arguments) {
         if (wanted('d')) measurePages(scale);
         if (wanted('e') && !programs.empty()) measureStart(scale, programs);
         if (wanted('f')) measureLasting(scale);
+        if (wanted('g') && !programs.empty()) measureCommand(scale, folder, programs);
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;

@@ -5,10 +5,10 @@
 #include "machine.h"
 #include "makers/headless/headless_user.h"
 #include "makers/standard/standard_files.h"
-#include "pages/finish/export_product.h"
 #include "pages/finish/new_product.h"
-#include "pages/finish/settings_file.h"
 #include "program/program.h"
+#include "store/product_export.h"
+#include "store/settings_file.h"
 
 namespace vrix::bench {
 

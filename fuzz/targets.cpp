@@ -4,9 +4,17 @@
 #include <fstream>
 #include <map>
 
+#include "common/code_page.h"
 #include "forms/event.h"
 #include "makers/embedded/journal_registry.h"
-#include "pages/finish/settings_file.h"
+#include "makers/embedded/memory_registry.h"
+#include "makers/posix/iconv_encoding.h"
+#include "product/check.h"
+#include "product/compare.h"
+#include "product/json/product_json.h"
+#include "product/plan.h"
+#include "product/settings_text.h"
+#include "store/settings_file.h"
 #include "stubs.h"
 #include "walk.h"
 
@@ -65,7 +73,7 @@ void work(Walk& walk, Input& input) {
         const bool yes = row < 64;
         if (!target.visible() || !target.enabled()) continue;
         const std::string& name = target.name();
-        const std::string text = is<TextBox>(target) ? input.ConsumeRandomLengthString() : "";
+        const std::string text = is<TextBox>(target) ? wholeCharacters(input.ConsumeRandomLengthString()) : "";
         walk.windows.answers = {yes ? Answer::ok : Answer::cancel};
         const bool writes = mayWrite(walk, name);
         const std::string before = writes ? "" : walk.tree();
@@ -143,7 +151,12 @@ void journal(Input& input) {
 // The data of an entry as a registry editor takes it: a backslash gives the character behind it.
 std::string merged(const std::string& data) {
     std::string text;
-    for (std::size_t i = 0; i < data.size(); ++i) text += data.at(data[i] == '\\' ? ++i : i);
+    for (std::size_t at = 0, size = 0; at < data.size(); at += size) {
+        if (data[at] == '\\') ++at;
+        promise(at < data.size());
+        size = characterSize(data, at);
+        text.append(data, at, size);
+    }
     return text;
 }
 
@@ -151,7 +164,7 @@ std::string merged(const std::string& data) {
 // the file is one.
 void finish(Input& input) {
     const auto text = [&] {
-        return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + input.ConsumeRandomLengthString();
+        return std::string(input.ConsumeBool() ? 17'000 : 0, 'x') + wholeCharacters(input.ConsumeRandomLengthString());
     };
     const auto store = fuzzedStore();
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
@@ -159,7 +172,7 @@ void finish(Input& input) {
     walk.createTo("Create18");
     const Toolkit& pages = walk.pages;
     std::filesystem::create_directory(walk.path("folder"));
-    const std::string path = inside(walk, input.ConsumeRandomLengthString());
+    const std::string path = inside(walk, wholeCharacters(input.ConsumeRandomLengthString()));
     const std::string key = text();
     walk.user.type("SettingsPath", path);
     pages.create2.ProductName.setText(text());
@@ -180,9 +193,37 @@ void finish(Input& input) {
         promise(walk.windows.ended || path.empty() || file.find(entry) != std::string::npos);
         promise(refused || key.size() > 200 || (key + data).find_first_of({"\0%", 2}) != std::string::npos ||
                 pages.settings.GetSetting(application, "Toolkit\\" + key + "\\Options", name, "") == data);
-        const auto network = data.find("\\\\");
+        auto network = findCharacter(data, '\\');
+        while (network < data.size() && !data.substr(network).starts_with("\\\\"))
+            network = findCharacter(data, '\\', network + 1);
         const std::string kept = data.substr(network == std::string::npos ? 0 : network);
         promise(merged(escapedPath(data)) == (kept == "\\\\" ? "" : kept));
+    }
+}
+
+// A text of any bytes is refused, or it is one Product. That stands in a store as it was read, with nothing changed
+// beside it, and reads back from JSON.
+template <class Read>
+void product(const Read& read) {
+    const auto encoding = iconvEncoding(1252);
+    MemoryRegistry registry;
+    const ProductStore store(registry);
+    try {
+        const Product found = read(*encoding);
+        const std::string json = toJson(found, *encoding);
+        promise(toJson(fromJson(json, *encoding), *encoding) == json);
+        const Plan plan = planApply(store, found, Unnamed::removed);
+        for (const StoreChange& change : plan) {
+            promise(isWithin(change.path, rootPath(found.id)) || change.path == listPath(found.id.tree));
+        }
+        perform(registry, plan);
+        promise(compare(found, store.read(found.id)).empty());
+        promise(planApply(store, found, Unnamed::removed).empty());
+        checkProduct(found, *encoding);
+        settingsText(registry, found.id);
+    } catch (const Malformed&) {
+    } catch (const PlanRefused&) {
+    } catch (const StoreRefused&) {
     }
 }
 
@@ -192,13 +233,24 @@ const std::map<std::string, std::function<void(Input&)>> targets{
     {"topics", [](Input& input) { edit(input, input.ConsumeBool() ? "TopicOrderBtn" : "TopicsBtn"); }},
     {"import", importFile},
     {"journal", journal},
-    {"finish", finish}};
+    {"finish", finish},
+    {"settings",
+     [](Input& input) {
+         const std::string file = input.ConsumeRemainingBytesAsString();
+         product([&](const Encoding& encoding) { return readSettings(file, encoding); });
+     }},
+    {"json", [](Input& input) {
+         const std::string text = input.ConsumeRemainingBytesAsString();
+         product([&](const Encoding& encoding) { return fromJson(text, encoding); });
+     }}};
 
 }  // namespace
 }  // namespace vrix
 
-// The variable VRIX_TARGET says what is fuzzed.
+// The variable VRIX_TARGET says what is fuzzed. The size of an input says on which code page.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    constexpr unsigned pages[] = {1252, 932, 65001};
+    vrix::useCodePage(pages[size % 3]);
     vrix::Input input(data, size);
     vrix::targets.at(std::getenv("VRIX_TARGET"))(input);
     return 0;

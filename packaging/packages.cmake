@@ -1,7 +1,8 @@
 # The target "packages": this width as a ZIP, a setup and an MSI, with its list of materials, in build/packages.
 
 # What every package holds, besides the texts. To pack one more file, name it here.
-set(files $<TARGET_FILE:VrixToolkit> $<TARGET_FILE:VrixToolkitTrial>)
+set(files $<TARGET_FILE:VrixToolkit> $<TARGET_FILE:VrixToolkitTrial> $<TARGET_FILE:vrix>
+    ${CMAKE_BINARY_DIR}/vrix.dsc.resource.json)
 
 # A step of the MSI, in a library of its own, whose name Windows Installer finds without decoration.
 add_library(vrix_guard MODULE EXCLUDE_FROM_ALL packaging/guard.cpp)

@@ -2,7 +2,7 @@
 
 #include "files.h"
 #include "makers/embedded/memory_registry.h"
-#include "pages/finish/settings_file.h"
+#include "store/settings_file.h"
 #include "walk.h"
 
 namespace vrix {
@@ -35,6 +35,7 @@ TEST_F(CodePageTest, TellsWhereCharactersBegin) {
              Case{932, "\\\x95\\\\\xE0", 4, 3},  // a lead byte at the end stands for itself
              Case{936, "\x81\\\xFE\\\\", 3, 4},
              Case{949, "\x81\\\xFF\\", 3, 3},
+             Case{1361, "\x84\\\xD8\\\xF9\\\xFA\\", 5, 7},
              Case{950, "\xA5\\\x80\\", 3, 3},
              Case{65001, "\xE8\xA1\xA8\\", 2, 3},
              Case{65001, "\xE8\xA1\\", 3, 2},
@@ -47,6 +48,9 @@ TEST_F(CodePageTest, TellsWhereCharactersBegin) {
     }
     useCodePage(932);
     EXPECT_EQ(lowerCase("A\x83\x41Z\xC0"), "a\x83\x41z\xC0");
+    EXPECT_EQ(wholeCharacters("\x95\\\xB1\x83"), "\x95\\\xB1?");
+    useCodePage(65001);
+    EXPECT_EQ(wholeCharacters("\x80 \xE8\xA1\xA8\xE8\xA1"), "? \xE8\xA1\xA8??");
     useCodePage(1252, [](std::string text) { return text + "!"; });
     EXPECT_EQ(lowerCase("A"), "A!");
 }
@@ -75,10 +79,11 @@ TEST_F(CodePageTest, TopicsAndSmartFieldsAreCutBetweenCharacters) {
     useCodePage(932);
     Walk walk;
     walk.start().createTo("Create8");
-    writeBytes(walk.path("list"), table + ":\x83\x41" + "B\r\n");
+    writeBytes(walk.path("list"), table + ":\x83\x41" + "B\r\nHalf:\x95\r\n");
     walk.pages.create8.ImportFile(walk.path("list"));
     EXPECT_EQ(walk.pages.create8.TopicNames.at(0), table);
     EXPECT_TRUE(walk.pages.create8.TopicPaths.at(0).ends_with("\x83\x41\x62.doc"));
+    EXPECT_TRUE(walk.pages.create8.TopicPaths.at(1).ends_with("?.doc"));
 
     walk.pages.create19.SmartFields.addItem(table + table + "ab" + table);
     walk.pages.create19.SmartFields.setListIndex(0);

@@ -66,9 +66,9 @@ public:
     RegistryStatus deleteValue(Key key, Text name) override {
         return run("erase ", name, &Registry::deleteValue, key, name);
     }
-    RegistryStatus enumKey(Key, Number, char*, Number) override {
-        return RegistryStatus::noMoreItems;
-    }  // no page lists keys
+    RegistryStatus enumKey(Key key, Number index, char* name, Number capacity) override {
+        return run("keys ", '@' + std::to_string(index), &Registry::enumKey, key, index, name, capacity);
+    }
     RegistryStatus enumValue(Key key, Number index, char* name, Number& length,
                              std::optional<ValueData>* data) override {
         const std::string at = '@' + std::to_string(index);

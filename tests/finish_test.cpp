@@ -45,7 +45,10 @@ TEST(Finish, TopicsTakeTheirRowsAsTheyStand) {
     Walk one("Create8");
     one.act("TopicName=Only TopicPath=o.doc CreateBtn NextBtn");
     one.pages.create18.show();
+    writeBytes(one.path("one.kls"), "older");
+    std::filesystem::create_hard_link(one.path("one.kls"), one.path("linked"));
     one.user.at("Create18").type("SettingsPath", one.path("one.kls")).at("Create18").press("NextBtn");
+    EXPECT_EQ(one.file("linked"), "older");  // the file of that name is another one
     EXPECT_NE(one.file("one.kls").find("Matrix]\r\n\"0\"=\"\"\r\n\r\n"), std::string::npos);
     EXPECT_EQ(one.tree("Toolkit\\Manual\\Dependencies\\Matrix"), "[Toolkit\\Manual\\Dependencies\\Matrix]\n0=\n");
     EXPECT_EQ(one.tree("Toolkit\\Manual\\Topics"), "[Toolkit\\Manual\\Topics]\nOnly=o.doc\n");

@@ -170,7 +170,7 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
         JournalFile file(path + "2", other);
         file.start([](const std::string&) { return true; });
         ASSERT_TRUE(file.append("x"));
-        file.rewrite([](const JournalFile::Writer&) {});
+        file.rewrite([](const journal::Writer&) {});
         EXPECT_EQ(other.log, syncs ? "sync replace " : "sync ");
         EXPECT_EQ(bytesOf(path + "2").size() == signature, syncs);
     }

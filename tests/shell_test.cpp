@@ -96,6 +96,11 @@ TEST(Shell, InitEverythingClearsTheInputsOfAllPages) {
     EXPECT_FALSE(walk.pages.create8.TopicNames.isTable() || walk.pages.create8.TopicPaths.isTable());
     EXPECT_EQ(walk.pages.create9.Depends.at(0), "");
     EXPECT_EQ(walk.user.at("Create18").press("ExitBtn").form().name(), "ToolkitMain");
+
+    Walk early("Create3");
+    early.act("CoverPage1=x").pages.create18.SettingsPath.setText("kept");
+    EXPECT_THROW(early.pages.toolkitMain.InitEverything(), RuntimeFailure);
+    EXPECT_EQ(early.text("Create3", "CoverPage1") + early.text("Create18", "SettingsPath"), "kept");
 }
 
 }  // namespace

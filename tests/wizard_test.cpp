@@ -149,7 +149,9 @@ TEST(SmartFields, AreListedWithTheirDelimiters) {
     walk.act("DeleteBtn");
     EXPECT_EQ(walk.pages.smartFieldModule.SmartFieldList.at(1), "<!<!!>!>");
     EXPECT_EQ(page.SmartFields.text() + page.SmartFieldText.text(), "<!!>");
-    walk.act("DeleteBtn DeleteBtn");
+    walk.act("DeleteBtn SmartFieldText=One UpdateBtn");
+    EXPECT_EQ(page.SmartFields.rows(), std::vector<std::string>{"<!One!>"});
+    EXPECT_EQ(walk.act("DeleteBtn").text("Create19", "SmartFieldText"), "");
     EXPECT_EQ(page.SmartFieldCount + page.SmartFieldsDefault.value(), 0);
 }
 

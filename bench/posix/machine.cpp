@@ -48,6 +48,7 @@ std::vector<DisplayMaker> displays() { return {&makeHeadlessDisplay}; }
 
 void measureTools(const Scale&, const std::string&) {}
 
+void measureCommand(const Scale&, const std::string&, const std::string&) {}
 void measureStart(const Scale&, const std::string&) {}
 
 }  // namespace vrix::bench

@@ -6,11 +6,15 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <stdexcept>
 
+#include "makers/backup/backup_folder.h"
 #include "makers/kept/kept_keys.h"
+#include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
 #include "makers/win32/win32_screen.h"
+#include "pages/edit/edit1.h"
 #include "product.h"
 
 namespace vrix::bench {
@@ -63,15 +67,20 @@ std::string BareKey::get(const std::string& name) {
 
 namespace {
 
+// A program whose output nobody reads.
 class Process {
 public:
     explicit Process(std::string command) {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
         STARTUPINFOA start{};
         start.cb = sizeof start;
-        if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr,
-                            &start, &process_)) {
-            throw std::runtime_error("cannot start " + command);
-        }
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdOutput = start.hStdError =
+            CreateFileA("NUL", GENERIC_WRITE, FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0, nullptr);
+        const BOOL started = CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                                            nullptr, &start, &process_);
+        CloseHandle(start.hStdOutput);
+        if (started == FALSE) throw std::runtime_error("cannot start " + command);
     }
     ~Process() {
         CloseHandle(process_.hThread);
@@ -81,7 +90,13 @@ public:
     Process& operator=(const Process&) = delete;
 
     HANDLE handle() const { return process_.hProcess; }
-    void wait() const { WaitForSingleObject(handle(), INFINITE); }
+    // Its exit code.
+    DWORD wait() const {
+        DWORD code = 0;
+        WaitForSingleObject(handle(), INFINITE);
+        GetExitCodeProcess(handle(), &code);
+        return code;
+    }
 
     bool showsWindow() const {
         struct Search {
@@ -189,12 +204,52 @@ void measureTools(const Scale& scale, const std::string& folder) {
         finish();
         chooseProduct(running.pages);
         const Work exportIt = [&] {
-            ProductExport(running.pages).write(file);
+            ProductExport(running.pages.settings, running.pages.selectedProduct)
+                .write(running.pages.platform.files, file, running.pages.edit1.ProductList.text());
             endEvent(*store);
         };
         tell("export to reg export, " + size, rounds,
              {{exportIt}, {process("reg.exe export HKLM\\Software\\Vrix " + out + " /y")}});
         forget();
+    }
+    for (const std::string& path : {file, out}) DeleteFileA(path.c_str());
+}
+
+// The command line against the platform's own, on the values of a Product with 10,000 Topics.
+void measureCommand(const Scale& scale, const std::string& folder, const std::string& programs) {
+    const std::string file = folder + "bench.kls";
+    const std::string out = folder + "bench_out.kls";
+    const auto store = makeStore();
+    HeadlessWindows windows;
+    Running running(*store, windows);
+    const auto process = [](const std::string& command) -> Work {
+        return [command] {
+            if (Process(command).wait() != 0) throw std::runtime_error("failed: " + command);
+        };
+    };
+    const std::string vrix = programs + "vrix.exe ";
+    const auto tell = [&](const std::string& what, const Side& ours, const Side& theirs) {
+        const auto times = inTurns(scale.rounds(7), {ours, theirs});
+        report("g " + what, ratio(times[0], times[1]), 1,
+               text(median(times[0])) + " to " + text(median(times[1])) + " ms");
+    };
+    fillProduct(running.pages, scale.sizes({10'000}).back());
+    saveNewProduct(running.pages, running.clock.text);
+    writeNewProduct(running.pages, file, running.clock.text);
+    endEvent(*store);
+    const Work regExport = process("reg.exe export HKLM\\Software\\Vrix " + out + " /y");
+    tell("vrix list to reg query", {process(vrix + "list")}, {process("reg.exe query HKLM\\Software\\Vrix /s")});
+    tell("vrix export to reg export", {process(vrix + "export Bench " + out)}, {regExport});
+    const auto disk = makeJournalDisk();
+    Win32Registry machine;
+    tell("a backup to reg export", {[&] { BackupFolder(folder, *disk).keep(machine, std::time(nullptr)); }},
+         {regExport});
+    const Work forget = [&] { removeTree(*store, "Software\\Vrix"); };
+    tell("vrix apply to reg import", {process(vrix + "apply " + file), forget},
+         {process("reg.exe import " + file), forget});
+    forget();
+    for (const std::string& name : BackupFolder(folder, *disk).names()) {
+        disk->remove(BackupFolder(folder, *disk).pathOf(name));
     }
     for (const std::string& path : {file, out}) DeleteFileA(path.c_str());
 }

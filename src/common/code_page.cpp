@@ -48,10 +48,10 @@ bool isContinued(std::string_view text, std::size_t at, std::size_t size) {
 }
 
 // The small letter of a letter that has one byte.
-char lowerByte(char c) {
+char lowerByte(char c, unsigned page) {
     const auto byte = static_cast<unsigned char>(c);
-    if (isWithin(byte, 'A', 'Z')) return static_cast<char>(byte + 0x20);
-    if (chosen.number != western) return c;
+    if (byte < 0x80) return isWithin(byte, 'A', 'Z') ? static_cast<char>(byte + 0x20) : c;
+    if (page != western) return c;
     if (isWithin(byte, 0xC0, 0xDE) && byte != 0xD7) return static_cast<char>(byte + 0x20);  // D7 is no letter
     switch (byte) {
         case 0x8A:
@@ -76,7 +76,7 @@ std::size_t characterSize(std::string_view text, std::size_t at) {
         const std::size_t size = utf8Size(byteAt(text, at));
         return isContinued(text, at, size) ? size : 1;
     }
-    return isLead(byteAt(text, at)) && at + 1 < text.size() ? 2 : 1;
+    return isLead(byteAt(text, at)) && at + 1 < text.size() && text[at + 1] != '\0' ? 2 : 1;
 }
 
 std::size_t characterCount(std::string_view text) {
@@ -108,10 +108,21 @@ std::size_t findLastCharacter(std::string_view text, char sign) {
 
 std::string lowerCase(std::string text) {
     if (chosen.lower != nullptr) return chosen.lower(std::move(text));
+    const Chosen page = chosen;
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t size = chosen.oneByteEach ? 1 : characterSize(text, at);
-        if (size == 1) text[at] = lowerByte(text[at]);
+        const std::size_t size = page.oneByteEach ? 1 : characterSize(text, at);
+        if (size == 1) text[at] = lowerByte(text[at], page.number);
         at += size;
+    }
+    return text;
+}
+
+std::string wholeCharacters(std::string text) {
+    if (chosen.oneByteEach) return text;
+    for (std::size_t at = 0, size = 0; at < text.size(); at += size) {
+        size = characterSize(text, at);
+        const bool isPart = chosen.number == utf8 ? byteAt(text, at) >= 0x80 : isLead(byteAt(text, at));
+        if (size == 1 && isPart) text[at] = '?';
     }
     return text;
 }

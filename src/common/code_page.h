@@ -31,4 +31,8 @@ std::size_t findLastCharacter(std::string_view text, char sign);
 
 std::string lowerCase(std::string text);
 
+// The text with a question mark for each byte that is a part of a character only. To be used for what is written: such
+// a byte would take in whatever is written behind it.
+std::string wholeCharacters(std::string text);
+
 }  // namespace vrix

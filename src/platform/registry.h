@@ -29,6 +29,10 @@ inline constexpr std::int32_t classesRoot = static_cast<std::int32_t>(0x80000000
 inline constexpr std::int32_t localMachine = static_cast<std::int32_t>(0x80000002u);
 }  // namespace hive
 
+// 64-bit Windows keeps two registries below the machine's Software key, for programs of each width one. `own` is that
+// of the program's own width.
+enum class RegistryView { own, wide, narrow };
+
 // Rights asked for when a key is opened.
 namespace access {
 inline constexpr std::uint32_t queryValue = 1;

@@ -1,14 +1,35 @@
+#include <ctime>
+#include <exception>
+
+#include "makers/backup/backed_up_registry.h"
+#include "makers/backup/backup_folder.h"
 #include "makers/kept/kept_keys.h"
 #include "makers/win32/startup.h"
+#include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
 #include "program/run_on_windows.h"
+
+namespace {
+
+// Keeps the store as it is. The program goes on where it cannot be kept.
+void keepBackup(vrix::Registry& registry) {
+    try {
+        const auto disk = vrix::makeJournalDisk();
+        const std::string folder = vrix::localDataFile(vrix::registryBackups(8 * sizeof(void*)), "");
+        vrix::BackupFolder(folder, *disk).keep(registry, std::time(nullptr));
+    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+    }
+}
+
+}  // namespace
 
 // The product: works on the machine's registry.
 int main() {
     vrix::hardenProcess();
     vrix::useSystemCodePage();
     vrix::Win32Registry machine;
-    vrix::KeptKeys registry(machine);
+    vrix::BackedUpRegistry backedUp(machine, [&] { keepBackup(machine); });
+    vrix::KeptKeys registry(backedUp);
     vrix::Win32Screen screen;
     screen.identity.about = vrix::aboutProgram(
         "Vrix Administrative Toolkit", VRIX_VERSION,

@@ -6,16 +6,17 @@
 #include <cstring>
 #include <utility>
 
+#include "common/code_page.h"
 #include "store/open_key.h"
 
 namespace vrix {
-
-namespace {
 
 bool isExpandable(const std::string& text) {
     const auto first = text.find('%');
     return first != std::string::npos && text.find('%', first + 2) != std::string::npos;
 }
+
+namespace {
 
 // The text that data holds: all but its last byte, the terminator.
 std::string textIn(std::string bytes) {
@@ -40,10 +41,11 @@ std::vector<std::uint8_t> arrayIn(const std::string& bytes) {
 }  // namespace
 
 std::string textOf(Variant value) {
-    if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
+    if (auto* text = std::get_if<std::string>(&value)) return wholeCharacters(std::move(*text));
     if (const auto* small = std::get_if<std::int16_t>(&value)) return std::to_string(*small);
     if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_string(*number);
-    if (const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value)) return {bytes->begin(), bytes->end()};
+    if (const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value))
+        return wholeCharacters({bytes->begin(), bytes->end()});
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/code_page.h"
 #include "common/runtime_failure.h"
 
 namespace vrix {
@@ -59,8 +60,8 @@ void cRegistryFunctions::DeleteSetting(std::string_view sApplication, std::strin
 void cRegistryFunctions::SaveSetting(std::string_view sApplication, std::string_view sSection, const std::string& sKey,
                                      const std::string& setting) {
     pointTo(sApplication, sSection);
-    cursor_.ValueKey = sKey;
-    cursor_.SetText(setting);
+    cursor_.ValueKey = wholeCharacters(sKey);
+    cursor_.SetText(wholeCharacters(setting));
 }
 
 }  // namespace vrix

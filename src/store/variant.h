@@ -13,4 +13,7 @@ using Variant = std::variant<std::monostate, std::string, std::int16_t, std::int
 // The value as text: numbers in decimal, bytes as they stand, nothing as empty text.
 std::string textOf(Variant value);
 
+// Whether a text is stored as expandable: two percent signs that enclose at least one character.
+bool isExpandable(const std::string& text);
+
 }  // namespace vrix

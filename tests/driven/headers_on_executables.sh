@@ -8,14 +8,17 @@ facts() {
     nm -A "${1%/*}"/libvrix_*.a | sed -n 's/.*libvrix_\(\w*\)\.a:.*_stack_chk_fail$/\1/p' | sort -u
     x86_64-w64-mingw32-windres -J coff -O rc "$1" | grep -oE \
         'GROUP_ICON|FILEVERSION .*|MANIFEST|PerMonitorV2|level=""\w+|Controls"" version=""6' | tr -d ' "'
-    find "$1" -path '*64/VrixToolkit.exe' -size +1499999c -printf 'too large: %s bytes\n'
+    find "$1" \( -path '*64/VrixToolkit.exe' -size +1499999c -o -name vrix.exe -size +1999999c \) -printf 'too large: %s bytes\n'
 }
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
-all=".rsrc .reloc core portable win32 GROUP_ICON FILEVERSION${version//./,},0 MANIFEST Controlsversion=6"
-stat -c '%n: %s bytes' build/win{64,32}/VrixToolkit{,Trial}.exe
-diff <(for program in build/win{64,32}/VrixToolkit{,Trial}.exe; do facts "$program" | paste -sd' '; done) - <<END
+all=".rsrc .reloc backup command core portable product product_json win32 GROUP_ICON FILEVERSION${version//./,},0 MANIFEST Controlsversion=6"
+programs=(build/win{64,32}/{VrixToolkit,VrixToolkitTrial,vrix}.exe)
+stat -c '%n: %s bytes' "${programs[@]}"
+diff <(for program in "${programs[@]}"; do facts "$program" | paste -sd' '; done) - <<END
 pei-x86-64 6 1 00000002 00008160 $all level=requireAdministrator PerMonitorV2
 pei-x86-64 6 1 00000002 00008160 $all level=asInvoker PerMonitorV2
+pei-x86-64 6 1 00000003 00008160 $all level=asInvoker PerMonitorV2
 pei-i386 6 1 00000002 00008140 $all level=requireAdministrator PerMonitorV2
 pei-i386 6 1 00000002 00008140 $all level=asInvoker PerMonitorV2
+pei-i386 6 1 00000003 00008140 $all level=asInvoker PerMonitorV2
 END

@@ -18,18 +18,20 @@ for kind in win64,x64 win32,x86; do
     # Made again from copies of another time, in another folder, with other rights.
     copy=$out/VrixToolkit-$version-$width
     cmake -E chdir "$out" cmake -E tar xf "$PWD/build/packages/${copy##*/}.zip" --touch && chmod 600 "$copy"/*
-    cmp <(cat "build/$preset"/VrixToolkit{,Trial}.exe) <(cat "$copy"/VrixToolkit{,Trial}.exe)
-    again=("$width" "$out/again" "build/$preset/libvrix_guard.dll" "$copy"/{*.exe,Notices.txt})
+    cmp <(cat "build/$preset"/{VrixToolkit,VrixToolkitTrial,vrix}.exe) <(cat "$copy"/{VrixToolkit,VrixToolkitTrial,vrix}.exe)
+    again=("$width" "$out/again" "build/$preset/libvrix_guard.dll" "$copy"/{*.exe,*.json,Notices.txt})
     TZ=Asia/Tokyo packaging/pack "$version" "${again[@]}"
     packaging/pack 1.0.0 "$width" "$out/older" "${again[@]:2}"
     SIGN=$out/sign packaging/pack "$version" "$width" "$out/signed" "${again[@]:2}"
     cmake -E chdir "$out/signed" cmake -E tar xf "${copy##*/}.zip"
     for file in "$out/signed/${copy##*/}"{-setup.exe,.msi,/*.exe}; do osslsigncode verify -CAfile "$out/cert" -in "$file"; done
-    [ "$(ls "$copy" | paste -sd' ')" = 'Guide.html Notices.txt README.txt VrixToolkit.exe VrixToolkitTrial.exe' ]
+    [ "$(LC_ALL=C ls "$copy" | paste -sd' ')" = \
+        'Guide.html Notices.txt README.txt VrixToolkit.exe VrixToolkitTrial.exe vrix.dsc.resource.json vrix.exe' ]
+    python3 -c 'import json, sys; assert json.load(sys.stdin)["version"] == sys.argv[1]' "$version" <"$copy/vrix.dsc.resource.json"
     python3 -c 'import json, sys; print(*[part["name"] for part in json.load(sys.stdin)["packages"]])' \
-        <"build/packages/${copy##*/}.spdx.json" | grep -x 'VrixToolkit gcc-mingw-w64 mingw-w64 nsis'
+        <"build/packages/${copy##*/}.spdx.json" | grep -x 'VrixToolkit cli11 gcc-mingw-w64 mingw-w64 nlohmann-json3 nsis'
 done
 diff -r -x '*.json' build/packages "$out/again"
-sed 's/^makensis.*/uninstaller/' "$out/order" | head -n 6 | diff - <(printf '%s\n' VrixToolkit.exe VrixToolkitTrial.exe \
-    guard.dll uninstaller "VrixToolkit-$version-x64-setup.exe" "VrixToolkit-$version-x64.msi")
+sed 's/^makensis.*/uninstaller/' "$out/order" | head -n 7 | diff - <(printf '%s\n' VrixToolkit.exe VrixToolkitTrial.exe \
+    vrix.exe guard.dll uninstaller "VrixToolkit-$version-x64-setup.exe" "VrixToolkit-$version-x64.msi")
 [ "$(objdump -f build/packages/*.exe | awk '/format/ { print $NF }' | paste -sd' ')" = 'pei-x86-64 pei-i386' ]

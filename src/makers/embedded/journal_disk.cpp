@@ -10,4 +10,8 @@ bool JournalDisk::cut(const std::string& path, std::uint64_t size) { return cutF
 
 bool JournalDisk::remove(const std::string& path) { return removeFile(path); }
 
+bool JournalDisk::isFile(const std::string& path) { return kindOf(path) == PathKind::file; }
+
+std::vector<std::string> JournalDisk::namesIn(const std::string& folder) { return vrix::namesIn(folder); }
+
 }  // namespace vrix

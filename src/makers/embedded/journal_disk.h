@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 namespace vrix {
 
@@ -30,6 +31,11 @@ public:
 
     // False when the file is still there.
     virtual bool remove(const std::string& path);
+
+    virtual bool isFile(const std::string& path);
+
+    // The names in a folder, in no order; none where there is no such folder.
+    virtual std::vector<std::string> namesIn(const std::string& folder);
 };
 
 }  // namespace vrix

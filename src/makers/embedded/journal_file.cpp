@@ -35,7 +35,7 @@ std::string framed(const std::string& record) {
     return length + packed(crc32(length)) + packed(crc32(record)) + record;
 }
 
-bool write(std::FILE* stream, const std::string& bytes) {
+bool put(std::FILE* stream, const std::string& bytes) {
     return std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
 }
 
@@ -46,9 +46,9 @@ bool onlyZeros(std::FILE* stream) {
     return std::feof(stream) != 0;
 }
 
-JournalError error(const std::string& path, const std::string& what) {
-    return JournalError("The file \"" + path + "\" " + what);
-}
+std::string sentence(const std::string& path, const std::string& what) { return "The file \"" + path + "\" " + what; }
+
+JournalError error(const std::string& path, const std::string& what) { return JournalError(sentence(path, what)); }
 
 }  // namespace
 
@@ -64,13 +64,81 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
     return number;
 }
 
+journal::Extent journal::read(const std::string& path, JournalDisk& disk, const Reader& reader) {
+    const Stream source(disk.open(path, "rb"));
+    const auto unreadable = error(path, "cannot be read.");
+    const auto whole = source ? sizeOf(source.get()) : std::nullopt;
+    if (!whole) throw unreadable;
+    // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
+    const auto take = [&](std::uint64_t count) {
+        std::string bytes(static_cast<std::size_t>(count), '\0');
+        if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
+        return bytes;
+    };
+    const std::string first = take(std::min<std::uint64_t>(*whole, signature.size()));
+    if (!signature.starts_with(first)) {
+        throw NoJournal(sentence(path, "is not a journal of this program. It was left as it is."));
+    }
+    if (first.size() < signature.size()) return {0, !first.empty()};
+
+    const NoJournal damaged(
+        sentence(path, "is damaged and was left as it is. Restore it from a copy or move it away."));
+    std::uint64_t size = signature.size();
+    while (size < *whole) {
+        if (*whole - size < headSize) return {size, true};
+        const std::string head = take(headSize);
+        const std::uint64_t length = unpacked(head, 0);
+        if (crc32(head.substr(0, 4)) != unpacked(head, 4)) {
+            if (head.find_first_not_of('\0') == std::string::npos && onlyZeros(source.get())) return {size, true};
+            throw damaged;
+        }
+        const std::uint64_t end = size + headSize + length;
+        if (end > *whole) return {size, true};
+        const std::string record = take(length);
+        if (crc32(record) != unpacked(head, 8)) {
+            if (end == *whole) return {size, true};
+            throw damaged;
+        }
+        if (!reader(record)) throw damaged;
+        size = end;
+    }
+    return {size, false};
+}
+
+std::optional<std::uint64_t> journal::write(const std::string& path, JournalDisk& disk, const Content& content) {
+    const std::string fresh = path + ".new";
+    Stream target(disk.open(fresh, "wb"));
+    if (!target) return std::nullopt;
+    std::uint64_t size = signature.size();
+    bool whole = put(target.get(), signature);
+    try {
+        content([&](const std::string& record) {
+            const std::string frame = framed(record);
+            whole = whole && put(target.get(), frame);
+            size += frame.size();
+        });
+    } catch (...) {
+        target.reset();
+        disk.remove(fresh);
+        throw;
+    }
+    // On the disk before it takes the old one's place: else a loss of power could leave neither.
+    whole = whole && std::fflush(target.get()) == 0 && disk.sync(target.get());
+    if (std::fclose(target.release()) != 0) whole = false;
+    if (whole && disk.replace(path, fresh)) return size;
+    disk.remove(fresh);
+    return std::nullopt;
+}
+
 JournalFile::JournalFile(const std::string& path, JournalDisk& disk) : path_(path), disk_(disk) { open(); }
 
-void JournalFile::start(const Reader& reader) {
-    read(reader);
+void JournalFile::start(const journal::Reader& reader) {
+    const journal::Extent extent = journal::read(path_, disk_, reader);
+    size_ = extent.size;
+    torn_ = extent.torn;
     if (torn_ && !truncateToWhole()) throw error(path_, "cannot be written.");
     if (size_ > 0) return;
-    if (!write(stream_.get(), signature)) throw error(path_, "cannot be written.");
+    if (!put(stream_.get(), signature)) throw error(path_, "cannot be written.");
     size_ = signature.size();
 }
 
@@ -81,61 +149,22 @@ void JournalFile::open() {
     std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
 }
 
-void JournalFile::read(const Reader& reader) {
-    const Stream source(disk_.open(path_, "rb"));
-    const auto unreadable = error(path_, "cannot be read.");
-    const auto whole = source ? sizeOf(source.get()) : std::nullopt;
-    if (!whole) throw unreadable;
-    // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
-    const auto take = [&](std::uint64_t count) {
-        std::string bytes(static_cast<std::size_t>(count), '\0');
-        if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
-        return bytes;
-    };
-    const std::string first = take(std::min<std::uint64_t>(*whole, signature.size()));
-    if (!signature.starts_with(first)) throw error(path_, "is not a journal of this program. It was left as it is.");
-    torn_ = first.size() < signature.size() && !first.empty();
-    if (first.size() < signature.size()) return;
-
-    const auto damaged = error(path_, "is damaged and was left as it is. Restore it from a copy or move it away.");
-    for (size_ = signature.size(); size_ < *whole;) {
-        torn_ = true;
-        if (*whole - size_ < headSize) return;
-        const std::string head = take(headSize);
-        const std::uint64_t length = unpacked(head, 0);
-        if (crc32(head.substr(0, 4)) != unpacked(head, 4)) {
-            if (head.find_first_not_of('\0') == std::string::npos && onlyZeros(source.get())) return;
-            throw damaged;
-        }
-        const std::uint64_t end = size_ + headSize + length;
-        if (end > *whole) return;
-        const std::string record = take(length);
-        if (crc32(record) != unpacked(head, 8)) {
-            if (end == *whole) return;
-            throw damaged;
-        }
-        if (!reader(record)) throw damaged;
-        size_ = end;
-        torn_ = false;
-    }
-}
-
 bool JournalFile::append(const std::string& record) {
     if (torn_ && !truncateToWhole()) return false;
     const std::string frame = framed(record);
     synced_ = false;
-    if (write(stream_.get(), frame)) {
+    if (put(stream_.get(), frame)) {
         size_ += frame.size();
         return true;
     }
     std::clearerr(stream_.get());
-    torn_ = true;
     truncateToWhole();
     return false;
 }
 
-void JournalFile::sync() {
+bool JournalFile::sync() {
     if (!synced_) synced_ = disk_.sync(stream_.get());
+    return synced_;
 }
 
 bool JournalFile::truncateToWhole() {
@@ -143,27 +172,10 @@ bool JournalFile::truncateToWhole() {
     return !torn_;
 }
 
-void JournalFile::rewrite(const std::function<void(const Writer& writer)>& content) {
-    const std::string fresh = path_ + ".new";
-    std::FILE* target = disk_.open(fresh, "wb");
-    if (target == nullptr) return;
-    std::uint64_t size = signature.size();
-    bool whole = write(target, signature);
-    content([&](const std::string& record) {
-        const std::string frame = framed(record);
-        whole = whole && write(target, frame);
-        size += frame.size();
-    });
-    // On the disk before it takes the old one's place: else a loss of power could leave neither.
-    whole = whole && std::fflush(target) == 0 && disk_.sync(target);
-    if (std::fclose(target) != 0) whole = false;
-    if (whole) {
-        stream_.reset();
-        whole = disk_.replace(path_, fresh);
-        if (whole) size_ = size;
-        open();
-    }
-    if (!whole) disk_.remove(fresh);
+void JournalFile::rewrite(const journal::Content& content) {
+    stream_.reset();
+    if (const auto size = journal::write(path_, disk_, content)) size_ = *size;
+    open();
 }
 
 }  // namespace vrix

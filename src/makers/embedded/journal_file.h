@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -12,58 +13,80 @@ namespace vrix {
 class JournalDisk;
 
 // Why a journal cannot be used, as a sentence for an administrator. The file is left as it was.
-class JournalError final : public std::runtime_error {
+class JournalError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
+};
+// The same where the file can be read, and is no journal or a damaged one.
+class NoJournal final : public JournalError {
+public:
+    using JournalError::JournalError;
 };
 
 // A number as four bytes, lowest first, and back.
 std::string packed(std::uint32_t number);
 std::uint32_t unpacked(const std::string& bytes, std::size_t from);
 
-// A file of records that only grows. Its first line says what it is. A record is the length of its content, a check sum
-// of the length, a check sum of the content (four bytes each, lowest first), and the content.
+// A journal is a file of records. Its first line says what it is. A record is the length of its content, a check sum of
+// the length, a check sum of the content (four bytes each, lowest first), and the content.
+namespace journal {
+
+inline constexpr std::size_t headSize = 12;
+
+using Reader = std::function<bool(const std::string& record)>;  // answers whether the record makes sense
+using Writer = std::function<void(const std::string& record)>;
+using Content = std::function<void(const Writer& writer)>;
+
+struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using Stream = std::unique_ptr<std::FILE, Closer>;
+
+struct Extent {
+    std::uint64_t size = 0;  // up to the end of the last whole record
+    bool torn = false;       // a part of a record stands behind it
+};
+
+// Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws JournalError
+// for a file of another kind, for one that is damaged before its end, and for one that cannot be read.
+Extent read(const std::string& path, JournalDisk& disk, const Reader& reader);
+
+// Makes a journal of what `content` hands to its writer. A file that is there stays until the new one is whole and on
+// the disk itself. Gives its size; nothing if the disk refuses, and nothing has changed then.
+std::optional<std::uint64_t> write(const std::string& path, JournalDisk& disk, const Content& content);
+
+}  // namespace journal
+
+// A journal that grows.
 class JournalFile {
 public:
-    static constexpr std::size_t headSize = 12;
-
-    using Reader = std::function<bool(const std::string& record)>;
-    using Writer = std::function<void(const std::string& record)>;
-
     // Opens the file, or makes an empty one, and changes nothing. Throws JournalError when it cannot be written.
     JournalFile(const std::string& path, JournalDisk& disk);
 
-    // Hands every record to `reader`, which answers whether it makes sense, and makes the file ready for more. A last
-    // record that is not whole is cut off. Throws JournalError if the file is of another kind, is damaged before its
-    // end, or cannot be read; the file is unchanged then.
-    void start(const Reader& reader);
+    // Reads the file and makes it ready for more. A last record that is not whole is cut off. Throws as journal::read
+    // does; the file is left as it was then.
+    void start(const journal::Reader& reader);
 
     std::uint64_t size() const { return size_; }
 
     // Appends a record and hands it to the system. False, with nothing appended, if the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
 
-    // Brings what was appended since the last time onto the disk itself. What the disk refuses is tried again with the
-    // next call.
-    void sync();
+    // Brings what was appended since the last time onto the disk itself. False if the disk refuses; the next call tries
+    // again.
+    bool sync();
 
-    // Replaces the file by one with the records that `content` hands to its writer. The old file stays until the new
-    // one is whole; if the disk refuses, nothing changes. Throws JournalError if the file cannot be opened again.
-    void rewrite(const std::function<void(const Writer& writer)>& content);
+    // Replaces the file by one of that content; if the disk refuses, nothing changes. Throws JournalError if the file
+    // cannot be opened again.
+    void rewrite(const journal::Content& content);
 
 private:
-    struct Closer {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-    using Stream = std::unique_ptr<std::FILE, Closer>;
-
     void open();
-    void read(const Reader& reader);
     bool truncateToWhole();
 
     std::string path_;
     JournalDisk& disk_;
-    Stream stream_;
+    journal::Stream stream_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it
     bool synced_ = true;      // all of it is on the disk itself

@@ -10,14 +10,6 @@ namespace {
 // A record is the kind in one byte, then the type and the lengths of path and name, then path, name and data.
 constexpr std::size_t fixedSize = 13;
 
-std::string recordOf(const Change& change) {
-    std::string record(1, static_cast<char>(change.kind));
-    record += packed(change.type);
-    record += packed(static_cast<std::uint32_t>(change.path.size()));
-    record += packed(static_cast<std::uint32_t>(change.name.size()));
-    return record + change.path + change.name + change.data;
-}
-
 std::optional<Change> changeOf(const std::string& record) {
     if (record.size() < fixedSize) return std::nullopt;
     const std::size_t path = unpacked(record, 5);
@@ -29,6 +21,14 @@ std::optional<Change> changeOf(const std::string& record) {
 }
 
 }  // namespace
+
+std::string journalRecord(const Change& change) {
+    std::string record(1, static_cast<char>(change.kind));
+    record += packed(change.type);
+    record += packed(static_cast<std::uint32_t>(change.path.size()));
+    record += packed(static_cast<std::uint32_t>(change.name.size()));
+    return record + change.path + change.name + change.data;
+}
 
 JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk)
     : EmbeddedRegistry(std::move(environment)), disk_(std::move(disk)) {
@@ -45,15 +45,23 @@ JournalRegistry::JournalRegistry(const std::string& path, Environment environmen
 void JournalRegistry::compactIfWorthwhile() {
     constexpr std::uint64_t smallFile = 16'384;
     std::uint64_t needed = 0;
-    forEachChange([&](const Change& change) { needed += JournalFile::headSize + recordOf(change).size(); });
+    forEachChange([&](const Change& change) { needed += journal::headSize + journalRecord(change).size(); });
     if (file_->size() <= smallFile + 2 * needed) return;
-    file_->rewrite([this](const JournalFile::Writer& write) {
-        forEachChange([&](const Change& change) { write(recordOf(change)); });
+    file_->rewrite([this](const journal::Writer& write) {
+        forEachChange([&](const Change& change) { write(journalRecord(change)); });
     });
 }
 
 RegistryStatus JournalRegistry::persist(const Change& change) {
-    return file_->append(recordOf(change)) ? RegistryStatus::success : RegistryStatus::registryIoFailed;
+    return file_->append(journalRecord(change)) ? RegistryStatus::success : RegistryStatus::registryIoFailed;
+}
+
+JournalSnapshot::JournalSnapshot(const std::string& path, Environment environment, JournalDisk& disk)
+    : EmbeddedRegistry(std::move(environment)) {
+    journal::read(path, disk, [this](const std::string& record) {
+        auto change = changeOf(record);
+        return change && replay(std::move(*change));
+    });
 }
 
 }  // namespace vrix

@@ -9,6 +9,9 @@
 
 namespace vrix {
 
+// One change as a record of a journal.
+std::string journalRecord(const Change& change);
+
 // A registry kept in one file. Every change is appended to it before the call returns, so a program that is killed
 // loses no change that was answered. If the disk refuses a change, the call answers registryIoFailed and changes
 // nothing. The cost of a write does not depend on how much is stored.
@@ -20,8 +23,8 @@ public:
     JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk);
 
     // Brings all changes onto the disk itself, so that a loss of power leaves them. To be called at the end of an
-    // event, before its outcome is shown.
-    void sync() { file_->sync(); }
+    // event, before its outcome is shown. False if the disk refuses.
+    bool sync() { return file_->sync(); }
 
 private:
     RegistryStatus persist(const Change& change) override;
@@ -29,6 +32,17 @@ private:
 
     std::unique_ptr<JournalDisk> disk_;
     std::unique_ptr<JournalFile> file_;
+};
+
+// What a journal holds when this is made, for reading: the file stays as it is, and another program may be at work on
+// it. Every change is refused with accessDenied.
+class JournalSnapshot final : public EmbeddedRegistry {
+public:
+    // Throws JournalError when the file is something else, is damaged, or cannot be read.
+    JournalSnapshot(const std::string& path, Environment environment, JournalDisk& disk);
+
+private:
+    RegistryStatus persist(const Change&) override { return RegistryStatus::accessDenied; }
 };
 
 }  // namespace vrix

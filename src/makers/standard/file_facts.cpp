@@ -1,11 +1,13 @@
 #include "makers/standard/file_facts.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>  // for the separators of the system alone: its paths would bring in all of the locales
+#include <memory>
 #include <string_view>
 
 #include "common/code_page.h"
@@ -53,6 +55,17 @@ std::optional<std::uint64_t> sizeOf(std::FILE* file) {
     const off64_t size = ftello64(file);
     std::rewind(file);
     return size < 0 ? std::nullopt : std::optional(static_cast<std::uint64_t>(size));
+}
+
+std::vector<std::string> namesIn(const std::string& folder) {
+    const auto close = [](DIR* open) { closedir(open); };
+    const std::unique_ptr<DIR, decltype(close)> open(opendir(folder.c_str()), close);
+    std::vector<std::string> names;
+    while (const dirent* entry = open ? readdir(open.get()) : nullptr) {
+        const std::string name = entry->d_name;
+        if (name != "." && name != "..") names.push_back(name);
+    }
+    return names;
 }
 
 bool cutFile(const std::string& path, std::uint64_t size) {

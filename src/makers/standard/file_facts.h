@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vrix {
 
@@ -17,6 +18,9 @@ std::string folderOf(const std::string& path);
 
 // The size of an open file in bytes, which is at its beginning then. None when the disk does not tell.
 std::optional<std::uint64_t> sizeOf(std::FILE* file);
+
+// The names in a folder, in no order. None where there is no such folder.
+std::vector<std::string> namesIn(const std::string& folder);
 
 // Cuts a file. False when the disk refuses.
 bool cutFile(const std::string& path, std::uint64_t size);

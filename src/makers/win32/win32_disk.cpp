@@ -51,6 +51,21 @@ public:
 
     bool remove(const std::string& path) override { return DeleteFileW(native(path).c_str()) != FALSE; }
 
+    bool isFile(const std::string& path) override {
+        return (GetFileAttributesW(native(path).c_str()) & FILE_ATTRIBUTE_DIRECTORY) == 0;  // all bits where is none
+    }
+
+    std::vector<std::string> namesIn(const std::string& folder) override {
+        std::vector<std::string> names;
+        WIN32_FIND_DATAW found{};
+        const HANDLE search = FindFirstFileW(native(folder + "\\*").c_str(), &found);
+        for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileW(search, &found) != FALSE) {
+            names.push_back(narrow(found.cFileName, CP_UTF8));
+        }
+        if (search != INVALID_HANDLE_VALUE) FindClose(search);
+        return names;
+    }
+
 private:
     HANDLE file_ = INVALID_HANDLE_VALUE;
 };

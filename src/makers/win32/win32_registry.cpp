@@ -14,6 +14,16 @@ HKEY native(RegistryKey key) { return reinterpret_cast<HKEY>(key); }
 
 RegistryStatus status(LSTATUS code) { return static_cast<RegistryStatus>(code); }
 
+// The right by which a view is asked for. A key opened by it stands in that view, but calls below it must ask again.
+DWORD viewRight(RegistryView view) {
+    switch (view) {
+        case RegistryView::own: return 0;
+        case RegistryView::wide: return KEY_WOW64_64KEY;
+        case RegistryView::narrow: return KEY_WOW64_32KEY;
+    }
+    return 0;
+}
+
 // Hands on the key that a call has opened, or none if the call was refused.
 RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
     key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(handle) : 0;
@@ -22,21 +32,38 @@ RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
 
 bool isText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
 
+// Room for a value of any length, taken once.
+struct WideRoom {
+    std::wstring name = std::wstring(16'384, L'\0');  // the longest name there can be
+    std::wstring data = std::wstring(2'048, L'\0');
+};
+
+LSTATUS enumInto(WideRoom& room, HKEY key, DWORD index, DWORD& length, DWORD& type, DWORD& size) {
+    for (;;) {
+        length = static_cast<DWORD>(room.name.size());
+        size = static_cast<DWORD>(room.data.size() * sizeof(wchar_t));
+        const LSTATUS code = RegEnumValueW(key, index, room.name.data(), &length, nullptr, &type,
+                                           reinterpret_cast<BYTE*>(room.data.data()), &size);
+        if (code != ERROR_MORE_DATA || size <= room.data.size() * sizeof(wchar_t)) return code;
+        room.data.resize(size);
+    }
+}
+
 // Gives name and data of the value at an index. False if a narrow read by that name could give something else.
 bool enumWide(HKEY key, DWORD index, std::string& name, ValueData& value) {
-    wchar_t wideName[1'024];
-    wchar_t data[2'048];
-    DWORD length = static_cast<DWORD>(std::size(wideName));
+    static WideRoom room;
+    DWORD length = 0;
+    DWORD size = 0;
     DWORD type = 0;
-    DWORD size = sizeof data;
-    const LSTATUS code =
-        RegEnumValueW(key, index, wideName, &length, nullptr, &type, reinterpret_cast<BYTE*>(data), &size);
-    if (code != ERROR_SUCCESS || !narrowExactly({wideName, length}, name) || name.find('\0') != std::string::npos) {
+    const LSTATUS code = enumInto(room, key, index, length, type, size);
+    if (code != ERROR_SUCCESS || !narrowExactly({room.name.data(), length}, name) ||
+        name.find('\0') != std::string::npos) {
         return false;
     }
     value.type = type;
-    if (isText(type)) return size % sizeof *data == 0 && narrowExactly({data, size / sizeof *data}, value.bytes);
-    value.bytes.assign(reinterpret_cast<const char*>(data), size);
+    constexpr std::size_t unit = sizeof(wchar_t);
+    if (isText(type)) return size % unit == 0 && narrowExactly({room.data.data(), size / unit}, value.bytes);
+    value.bytes.assign(reinterpret_cast<const char*>(room.data.data()), size);
     return true;
 }
 
@@ -45,7 +72,7 @@ bool enumWide(HKEY key, DWORD index, std::string& name, ValueData& value) {
 RegistryStatus Win32Registry::openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                                       RegistryKey& key) {
     HKEY handle = nullptr;
-    const LSTATUS code = RegOpenKeyExA(native(parent), path.c_str(), 0, rights, &handle);
+    const LSTATUS code = RegOpenKeyExA(native(parent), path.c_str(), 0, rights | viewRight(view_), &handle);
     return opened(code, handle, key);
 }
 
@@ -55,8 +82,8 @@ RegistryStatus Win32Registry::createKey(RegistryKey parent, const std::string& p
     char noClass[] = "";
     SECURITY_ATTRIBUTES security{};
     security.nLength = sizeof security;
-    const LSTATUS code =
-        RegCreateKeyExA(native(parent), path.c_str(), 0, noClass, 0, rights, &security, &handle, nullptr);
+    const LSTATUS code = RegCreateKeyExA(native(parent), path.c_str(), 0, noClass, 0, rights | viewRight(view_),
+                                         &security, &handle, nullptr);
     return opened(code, handle, key);
 }
 
@@ -81,7 +108,8 @@ RegistryStatus Win32Registry::setValue(RegistryKey key, const std::string& name,
 }
 
 RegistryStatus Win32Registry::deleteKey(RegistryKey parent, const std::string& path) {
-    return status(RegDeleteKeyA(native(parent), path.c_str()));
+    if (view_ == RegistryView::own) return status(RegDeleteKeyA(native(parent), path.c_str()));
+    return status(RegDeleteKeyExA(native(parent), path.c_str(), viewRight(view_), 0));
 }
 
 RegistryStatus Win32Registry::deleteValue(RegistryKey key, const std::string& name) {

@@ -13,6 +13,8 @@ namespace vrix {
 // - A text of more than 32,766 characters is not expanded, and an expansion ends there: the platform has no more room.
 class Win32Registry final : public Registry {
 public:
+    explicit Win32Registry(RegistryView view = RegistryView::own) : view_(view) {}
+
     RegistryStatus openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                            RegistryKey& key) override;
     RegistryStatus createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
@@ -29,6 +31,9 @@ public:
                              std::optional<ValueData>* data = nullptr) override;
     RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) override;
     std::string expandEnvironment(const std::string& text) override;
+
+private:
+    RegistryView view_;
 };
 
 }  // namespace vrix

@@ -1,10 +1,11 @@
 #include "pages/finish/create18.h"
 
-#include "pages/finish/export_product.h"
+#include "pages/edit/edit1.h"
 #include "pages/finish/new_product.h"
-#include "pages/finish/settings_file.h"
 #include "pages/wizard/create17.h"
 #include "platform/clock.h"
+#include "store/product_export.h"
+#include "store/settings_file.h"
 
 namespace vrix {
 
@@ -58,7 +59,8 @@ void Create18::finish() {
 // Without a path nothing is written and the page stays, also after an OK.
 void Create18::exportProduct() {
     if (SettingsPath.text().empty()) return;
-    ProductExport(toolkit).write(SettingsPath.text());
+    ProductExport(toolkit.settings, toolkit.selectedProduct)
+        .write(toolkit.platform.files, SettingsPath.text(), toolkit.edit1.ProductList.text());
     endEdit(Edit);
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "forms/control.h"
-#include "pages/finish/settings_file.h"
 #include "pages/smartfields/create19.h"
 #include "pages/smartfields/smart_field_module.h"
 #include "pages/topics/create8.h"
@@ -11,6 +10,7 @@
 #include "pages/wizard/create2.h"
 #include "pages/wizard/product_options.h"
 #include "store/cregistry_functions.h"
+#include "store/settings_file.h"
 
 namespace vrix {
 

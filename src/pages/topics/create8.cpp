@@ -98,7 +98,7 @@ void Create8::ImportFile(const std::string& path) {
     const auto stream = toolkit.platform.files.openText(path);
     const std::string folder = path.substr(0, findLastCharacter(path, '\\') + 1);
     while (!stream->atEnd()) {
-        const std::string line = stream->readLine();
+        const std::string line = wholeCharacters(stream->readLine());
         const auto colon = findCharacter(line, ':');
         const std::string name = line.substr(0, colon);
         growTables();

@@ -5,23 +5,20 @@
 
 #include "pages/wizard/fields_page.h"
 #include "store/cregistry_functions.h"
+#include "store/option_table.h"
 #include "store/selected_product.h"
 
 namespace vrix {
 
 namespace {
 
-// A row of the table: the name of a value, and the page and control that hold it. A row with a count stands for that
-// many values, with the numbers from 1 in the place of "#". The page of a user defined field depends on its number.
+// Options of one kind, and the page and control that hold them. The page of a user defined field depends on its number.
 struct Row {
     std::string_view value;
     std::string_view page;
     std::string_view control;
-    int count = 0;
-    bool isPath = false;
 };
 
-constexpr bool isPath = true;
 constexpr std::string_view fieldPage{};
 
 constexpr std::array rows{
@@ -30,56 +27,49 @@ constexpr std::array rows{
     Row{"AllowNoContentSummary", "Create5", "AllowNoCourseBriefing"},
     Row{"AllowNoCoverPage", "Create4", "AllowNoCoverPage"},
     Row{"AllowNoTOC", "Create6", "AllowNoTOC"},
-    Row{"AllowNoUserDefined#", "Create14", "AllowNoUserDefined#", 10},
+    Row{"AllowNoUserDefined#", "Create14", "AllowNoUserDefined#"},
     Row{"AllowUseAlternateCoverPage", "Create4", "AllowUseAlternateCoverPage"},
-    Row{"ConclusionPath", "Create7", "ConclusionPath", 0, isPath},
-    Row{"ContentSummaryPath", "Create5", "CourseBriefPath", 0, isPath},
-    Row{"CoverPage#", "Create3", "CoverPage#", 3, isPath},
-    Row{"CoverPage#Name", "Create3", "CoverPage#Name", 3},
+    Row{"ConclusionPath", "Create7", "ConclusionPath"},
+    Row{"ContentSummaryPath", "Create5", "CourseBriefPath"},
+    Row{"CoverPage#", "Create3", "CoverPage#"},
+    Row{"CoverPage#Name", "Create3", "CoverPage#Name"},
     Row{"DefaultConclusion", "Create7", "DefaultConclusion"},
     Row{"DefaultContentSummary", "Create5", "DefaultCourseBrief"},
     Row{"DefaultCourseName", "Create2", "DefaultCourseName"},
     Row{"DefaultCover", "Create4", "DefaultCover"},
     Row{"DefaultCoverPage", "Create4", "DefaultCoverPage"},
     Row{"DefaultTOC", "Create6", "DefaultTOC"},
-    Row{"DefaultUserDef#", "Create15", "DefaultUserDef#", 10},
+    Row{"DefaultUserDef#", "Create15", "DefaultUserDef#"},
     Row{"ShowConclusion", "Create7", "ShowConclusion"},
     Row{"ShowContentSummary", "Create5", "ShowCourseBriefing"},
     Row{"ShowCourseName", "Create17", "ShowCourseName"},
     Row{"ShowTOC", "Create6", "ShowTOC"},
-    Row{"ShowUserDefined#", "Create16", "ShowUserDefined#", 10},
-    Row{"TOCPath", "Create6", "TOCPath", 0, isPath},
-    Row{"UserDefined#", fieldPage, "UserDef#", 10},
-    Row{"UserDefined#Path", fieldPage, "UserDef#Path", 10, isPath},
-    Row{"UserDefined#Pos", fieldPage, "UserDef#Pos", 10},
-    Row{"DefaultOutputFile", "Create17", "DefaultOutputFile", 0, isPath},
-    Row{"TemplatePath", "Create17", "TemplatePath", 0, isPath},
+    Row{"ShowUserDefined#", "Create16", "ShowUserDefined#"},
+    Row{"TOCPath", "Create6", "TOCPath"},
+    Row{"UserDefined#", fieldPage, "UserDef#"},
+    Row{"UserDefined#Path", fieldPage, "UserDef#Path"},
+    Row{"UserDefined#Pos", fieldPage, "UserDef#Pos"},
+    Row{"DefaultOutputFile", "Create17", "DefaultOutputFile"},
+    Row{"TemplatePath", "Create17", "TemplatePath"},
     Row{"DefaultSmartFields", "Create19", "SmartFieldsDefault"},
 };
 
-constexpr int optionCount(const auto& table) {
-    int count = 0;
-    for (const Row& row : table) count += row.count == 0 ? 1 : row.count;
-    return count;
-}
-static_assert(optionCount(rows) == 88);
-
-std::string numbered(std::string_view pattern, int number) {
-    std::string name(pattern);
-    return name.replace(name.find('#'), 1, std::to_string(number));
-}
+constexpr bool isValueOf(const Row& row, const OptionFamily& family) { return row.value == family.pattern; }
+static_assert(std::equal(rows.begin(), rows.end(), optionFamilies.begin(), optionFamilies.end(), isValueOf));
 
 }  // namespace
 
 ProductOptions::ProductOptions(const Toolkit& toolkit) : toolkit_(toolkit) {
-    for (const Row& row : rows) {
-        if (row.count == 0) {
-            options_.push_back({std::string(row.value), &control(toolkit, row.page, row.control), row.isPath});
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const auto& [pattern, kind, count] = optionFamilies[i];
+        const bool isPath = kind == OptionKind::path;
+        if (count == 0) {
+            options_.push_back({std::string(pattern), &control(toolkit, rows[i].page, rows[i].control), isPath});
         }
-        for (int n = 1; n <= row.count; ++n) {
-            const std::string_view page = row.page == fieldPage ? fieldsPage(toolkit, n).name() : row.page;
-            Control& member = control(toolkit, page, numbered(row.control, n));
-            options_.push_back({numbered(row.value, n), &member, row.isPath});
+        for (int n = 1; n <= count; ++n) {
+            const std::string_view page = rows[i].page == fieldPage ? fieldsPage(toolkit, n).name() : rows[i].page;
+            Control& member = control(toolkit, page, numbered(rows[i].control, n));
+            options_.push_back({numbered(pattern, n), &member, isPath});
         }
     }
 }

@@ -14,7 +14,7 @@ struct Option {
     bool isPath;
 };
 
-// All options of a Product, in the order in which a new Product is stored. It alone spells their names. Loads and
+// All options of a Product, in the order in which a new Product is stored, with the controls that hold them. Loads and
 // saves work on the Product that is selected for editing.
 class ProductOptions {
 public:

@@ -1,26 +1,21 @@
-#include "pages/finish/export_product.h"
-
-#include <algorithm>
+#include "store/product_export.h"
 
 #include "common/number.h"
-#include "pages/edit/edit1.h"
-#include "pages/finish/settings_file.h"
-#include "pages/wizard/product_options.h"
 #include "store/cregistry_functions.h"
-#include "store/selected_product.h"
+#include "store/option_table.h"
+#include "store/settings_file.h"
 
 namespace vrix {
 
-void ProductExport::write(const std::string& path) {
-    root_ = toolkit_.selectedProduct.ProductRegKey;
-    SettingsFile file(toolkit_.platform.files, path);
-    identity(file);
+void ProductExport::write(Files& files, const std::string& path, const std::string& name) {
+    SettingsFile file(files, path);
+    identity(file, name);
     header(file, "\\Dependencies");
     file.blank();
     section(file, "\\Dependencies\\IndexTable", Data::plain);
     section(file, "\\Dependencies\\Matrix", Data::plain);
     section(file, "\\Topics", Data::path);
-    if (!toolkit_.selectedProduct.isDeveloper) addedTopics(file);
+    if (!product_.isDeveloper) statement_([&] { addedTopics(file); });
     statement_([&] { file.blank(); });
     options(file);
     smartFields(file);
@@ -28,11 +23,11 @@ void ProductExport::write(const std::string& path) {
 }
 
 std::string ProductExport::read(const std::string& section, const std::string& name) const {
-    return toolkit_.settings.GetSetting(application, section, name, "");
+    return settings_.GetSetting(application, section, name, "");
 }
 
 SettingsTable ProductExport::list(const std::string& below) const {
-    return toolkit_.settings.GetAllSettings(application, root_ + below);
+    return settings_.GetAllSettings(application, product_.ProductRegKey + below);
 }
 
 // Half of the listing's cells, which are counted in 16 bits.
@@ -41,12 +36,12 @@ int ProductExport::rowsOf(const SettingsTable& table) const {
 }
 
 void ProductExport::header(SettingsFile& file, const std::string& below) {
-    statement_([&] { file.header(root_ + below); });
+    statement_([&] { file.header(product_.ProductRegKey + below); });
 }
 
 void ProductExport::section(SettingsFile& file, const std::string& below, Data data) {
     header(file, below);
-    entries(file, list(below), data);
+    statement_([&] { entries(file, list(below), data); });
     file.blank();
 }
 
@@ -57,16 +52,14 @@ void ProductExport::entries(SettingsFile& file, const SettingsTable& table, Data
     }
 }
 
-void ProductExport::identity(SettingsFile& file) {
-    const SelectedProduct& selected = toolkit_.selectedProduct;
-    const std::string name = toolkit_.edit1.ProductList.text();
-    file.header(selected.listSection());
+void ProductExport::identity(SettingsFile& file, const std::string& name) {
+    file.header(product_.listSection());
     // The leading separator doubles the one before it, and the registry takes both as one.
-    file.entry(name, read(selected.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
+    file.entry(name, read(product_.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
     file.blank();
-    file.header(root_);
+    file.header(product_.ProductRegKey);
     // Not the "Creation Date" of a new Product: the two names are on purpose.
-    file.entry("CreationDate", read(root_, "CreationDate"));
+    file.entry("CreationDate", read(product_.ProductRegKey, "CreationDate"));
     file.blank();
 }
 
@@ -83,9 +76,9 @@ void ProductExport::addedTopics(SettingsFile& file) {
 
 void ProductExport::options(SettingsFile& file) {
     header(file, "\\Options");
-    const std::vector<Option>& all = toolkit_.options.all();
-    const auto isPathName = [&](const std::string& name) {
-        return std::any_of(all.begin(), all.end(), [&](const Option& o) { return o.isPath && o.name == name; });
+    const auto isPathName = [](const std::string& name) {
+        const OptionRow* known = findOption(name);
+        return known != nullptr && known->kind == OptionKind::path;
     };
     SettingsTable table;
     statement_([&] { table = list("\\Options"); });
@@ -95,9 +88,10 @@ void ProductExport::options(SettingsFile& file) {
         if (isPathName(table.name(r))) continue;
         statement_([&] { file.entry(table.name(r), table.text(r)); });
     }
-    for (const Option& option : all) {
-        if (!option.isPath) continue;
-        statement_([&] { file.entry(option.name, escapedPath(read(root_ + "\\Options", option.name))); });
+    for (const OptionRow& option : optionTable()) {
+        if (option.kind != OptionKind::path) continue;
+        statement_(
+            [&] { file.entry(option.name, escapedPath(read(product_.ProductRegKey + "\\Options", option.name))); });
     }
     statement_([&] { file.blank(); });
 }

@@ -1,4 +1,4 @@
-#include "pages/finish/settings_file.h"
+#include "store/settings_file.h"
 
 #include "common/code_page.h"
 
@@ -12,11 +12,11 @@ SettingsFile::SettingsFile(Files& files, const std::string& path) {
 }
 
 void SettingsFile::header(const std::string& key) {
-    stream_->writeLine("[HKEY_LOCAL_MACHINE\\Software\\Vrix\\" + key + "]");
+    stream_->writeLine("[HKEY_LOCAL_MACHINE\\Software\\Vrix\\" + wholeCharacters(key) + "]");
 }
 
 void SettingsFile::entry(const std::string& name, const std::string& data) {
-    line_.assign(1, '"').append(name).append("\"=\"").append(data).append(1, '"');
+    line_.assign(1, '"').append(wholeCharacters(name)).append("\"=\"").append(wholeCharacters(data)).append(1, '"');
     stream_->writeLine(line_);
 }
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/encoding.h"
+
+namespace vrix {
+
+// The code page of that number, by the platform's own tables. Null where the machine lacks it.
+std::unique_ptr<Encoding> win32Encoding(unsigned codePage);
+
+}  // namespace vrix

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/encoding.h"
+#include "platform/files.h"
+#include "product/product.h"
+#include "product/product_store.h"
+
+namespace vrix {
+
+// How bad it is: the Toolkit or one of its pages ends; something is lost on the way or does not work; worth knowing.
+enum class Severity { error, warning, note };
+const char* severityName(Severity severity);
+
+// A kind of finding.
+struct FindingKind {
+    std::string_view name;  // short and stable, such as "missing-option"
+    Severity severity;
+    std::string_view what;     // one sentence: what is wrong
+    std::string_view advice;   // one sentence: what to do
+    std::string_view explain;  // a paragraph: why it matters
+};
+
+// All kinds, by name.
+std::span<const FindingKind> findingKinds();
+// The kind of that name, or null.
+const FindingKind* findFindingKind(std::string_view name);
+
+// One finding. `place` is a path below the family key, in bytes of the store's code page.
+struct Finding {
+    const FindingKind* kind;
+    std::string place;
+    std::string detail{};  // what stands there, where that helps
+};
+
+// What is wrong or sharp in a Product by itself, in the order of the Product.
+std::vector<Finding> checkProduct(const Product& product, const Encoding& encoding);
+// The files that the Product names and that are not there.
+std::vector<Finding> checkFiles(const Product& product, Files& files);
+// What is wrong between Products: rows, keys, leftovers, counts.
+std::vector<Finding> checkStore(const ProductStore& store);
+// Products of the store that also, or only, stand in the registry's other view.
+std::vector<Finding> checkViews(const ProductStore& store, const ProductStore& otherView);
+
+}  // namespace vrix

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "product/product.h"
+
+namespace vrix {
+
+// The groups in which a Product is told.
+enum class Group { identity, options, topics, addedTopics, dependencies, smartFields, other };
+
+// The group's name for people and machines, such as "added topics".
+const char* groupName(Group group);
+// The group to which a key of a Product belongs.
+Group groupOf(const KeyPath& path);
+
+// One difference. `what` is a value's name, a Topic, or "order"; in other keys the path in front of it. Texts are bytes
+// of the store's code page; a value that is no plain text is told with its type and bytes. Nothing stands for a value
+// that is not there.
+struct Difference {
+    Group group;
+    std::string what;
+    std::optional<std::string> left;
+    std::optional<std::string> right;
+};
+
+// The differences of two Products in the order of the groups. Dates of creation are no difference, nor is a key without
+// values, nor the order of values where it says nothing. An empty name is unknown and differs from none. Types count.
+std::vector<Difference> compare(const Product& left, const Product& right);
+
+// A value for people: a plain text as it is, anything else with its type, as "REG_DWORD 01 00 00 00".
+std::string shown(const StoredValue& value);
+
+// "REG_SZ" and its like, or the number.
+std::string typeName(std::uint32_t type);
+
+}  // namespace vrix

@@ -1,0 +1,225 @@
+#include <charconv>
+#include <utility>
+
+#include "product/settings_lines.h"
+
+namespace vrix {
+
+namespace {
+
+struct Section {
+    std::size_t index;
+    KeyPath path;
+    GrowingKey values{};
+};
+
+std::string_view trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+// A whole hexadecimal number of at most that many digits.
+std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t digits) {
+    std::uint32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [at, error] = std::from_chars(text.data(), end, number, 16);
+    if (text.size() > digits || at != end || error != std::errc()) return std::nullopt;
+    return number;
+}
+
+class EditorReader {
+public:
+    EditorReader(std::string_view text, bool isUtf8, bool hexIsUtf16, const Encoding& encoding)
+        : lines_(linesOf(text)), isUtf8_(isUtf8), hexIsUtf16_(hexIsUtf16), encoding_(encoding) {}
+
+    Product read() {
+        if (lines_.size() < 2 || !lines_.back().empty()) {
+            throw Malformed("", "the file does not end with an empty line: it may be cut off");
+        }
+        for (at_ = 1; at_ < lines_.size(); ++at_) readLine(lines_[at_]);
+        return productOf();
+    }
+
+private:
+    [[noreturn]] void refuse(const std::string& why) const { refuseLine(at_, why); }
+
+    // ---- Lines ----
+
+    void readLine(std::string_view line) {
+        if (trimmed(line).empty() || line.starts_with(';')) return;
+        if (line.starts_with('[')) {
+            KeyPath path;
+            for (const std::string& name : headerPath(line, at_)) path.push_back(inCodePage(name));
+            sections_.push_back({at_, std::move(path)});
+        } else if (line.starts_with('"') || line.starts_with('@')) {
+            if (sections_.empty()) refuse("the value stands in no section");
+            const std::size_t index = at_;  // of its first line
+            StoredValue value = readValue(line);
+            if (value.name.find('\0') != std::string::npos) refuseLine(index, "there is a zero byte");
+            sections_.back().values.put(storable(std::move(value)));
+        } else {
+            refuse("this is neither a section nor a value");
+        }
+    }
+
+    StoredValue readValue(std::string_view line) {
+        StoredValue value;
+        if (line.starts_with('@')) {
+            line.remove_prefix(1);
+        } else {
+            value.name = inCodePage(quoted(line));
+        }
+        if (!line.starts_with('=')) refuse("there is no equal sign behind the name");
+        line.remove_prefix(1);
+        if (line.starts_with('-')) refuse("it deletes a value");
+        if (line.starts_with('"')) {
+            value.data = inCodePage(quoted(line)) + '\0';
+            if (!trimmed(line).empty()) refuse("there is more behind the text");
+        } else if (line.starts_with("dword:")) {
+            value.type = valuetype::dword;
+            value.data = number(line.substr(6));
+        } else {
+            value.type = typeOf(line);
+            value.data = hexData(line, value.type);
+        }
+        return value;
+    }
+
+    // Takes a text in quotation marks off the line.
+    std::string quoted(std::string_view& line) {
+        std::string text;
+        std::size_t i = 1;
+        for (; i < line.size() && line[i] != '"'; ++i) {
+            if (line[i] == '\\' && (++i == line.size() || (line[i] != '\\' && line[i] != '"'))) {
+                refuse("a backslash stands in front of neither backslash nor quotation mark");
+            }
+            text += line[i];
+        }
+        if (i >= line.size()) refuse("the text has no end");
+        line.remove_prefix(i + 1);
+        return text;
+    }
+
+    std::string number(std::string_view digits) {
+        const auto number = hexNumber(trimmed(digits), 8);
+        if (!number) refuse("this is no number");
+        std::string data;
+        for (unsigned shift = 0; shift < 32; shift += 8) data += static_cast<char>(*number >> shift & 0xFF);
+        return data;
+    }
+
+    // "hex:" or "hex(2):", which is taken off the line.
+    std::uint32_t typeOf(std::string_view& line) {
+        const std::size_t colon = line.find(':');
+        const std::string_view kind = line.substr(0, std::min(colon, line.size()));
+        std::optional<std::uint32_t> type;
+        if (kind == "hex") type = valuetype::binary;
+        if (kind.starts_with("hex(") && kind.ends_with(')')) type = hexNumber(kind.substr(4, kind.size() - 5), 8);
+        if (colon == std::string_view::npos || !type) refuse("this is no data");
+        line.remove_prefix(colon + 1);
+        return *type;
+    }
+
+    // Bytes with commas between them; a backslash at the end leads to the next line.
+    std::string hexData(std::string_view line, std::uint32_t type) {
+        std::string list;
+        for (;;) {
+            line = trimmed(line);
+            const bool goesOn = line.ends_with('\\');
+            if (goesOn) line.remove_suffix(1);
+            list += trimmed(line);
+            if (!goesOn) break;
+            if (!list.empty() && !list.ends_with(',')) refuse("there is no comma behind the byte");
+            if (++at_ == lines_.size()) throw Malformed("", "the file is cut off");
+            line = lines_[at_];
+        }
+        std::string data;
+        for (std::string_view rest = list; !rest.empty();) {
+            const std::size_t comma = rest.find(',');
+            const auto byte = hexNumber(rest.substr(0, comma), 2);
+            if (!byte || comma == rest.size() - 1) refuse("this is no list of bytes");
+            data += static_cast<char>(*byte);
+            rest.remove_prefix(comma == std::string_view::npos ? rest.size() : comma + 1);
+        }
+        return hexIsUtf16_ && isText(type) ? textData(data) : data;
+    }
+
+    std::string textData(const std::string& utf16) {
+        const auto text = fromUtf16(utf16);
+        if (!text) refuse("the text holds half a character");
+        return inCodePage(*text);
+    }
+
+    std::string inCodePage(const std::string& text) const {
+        if (!isUtf8_) return text;
+        const auto bytes = encoding_.fromUtf8(text);
+        if (!bytes) refuse("the code page of the store lacks a character");
+        return *bytes;
+    }
+
+    // ---- Sections ----
+
+    Product productOf() {
+        Product product{identity(), {}};
+        const KeyPath root = rootPath(product.id);
+        for (Section& section : sections_) {
+            if (isWithin(section.path, root)) {
+                GrowingKey all;
+                StoredKey& key = product.at(belowRoot(section.path, root));
+                for (StoredValue& value : key.values) all.put(std::move(value));
+                for (StoredValue& value : section.values.take()) all.put(std::move(value));
+                key.values = all.take();
+            } else if (!isList(section) && !(isWithin(root, section.path) && section.values.empty())) {
+                refuseLine(section.index, "the key is not that of the file's one Product");
+            }
+        }
+        if (product.keys.empty()) throw Malformed("", "the file has no settings of a Product");
+        product.sortKeys();
+        return product;
+    }
+
+    static bool isList(const Section& section) {
+        return samePath(section.path, listPath(Tree::installed)) || samePath(section.path, listPath(Tree::toolkit));
+    }
+
+    // By the one row of a list, or by the first key that may be a Product's.
+    ProductId identity() const {
+        std::optional<ProductId> id;
+        for (const Section& section : sections_) {
+            for (const StoredValue& row : isList(section) ? section.values.values() : std::vector<StoredValue>()) {
+                if (id) refuseLine(section.index, "there is more than one Product in the lists");
+                if (!isText(row.type) || row.name.empty()) refuseLine(section.index, "the row of the list is no text");
+                id = {samePath(section.path, listPath(Tree::toolkit)) ? Tree::toolkit : Tree::installed, row.name,
+                      textOf(row)};
+            }
+        }
+        for (std::size_t i = 0; i < sections_.size() && !id; ++i) id = rootOf(sections_[i]);
+        if (!id) throw Malformed("", "the file names no Product");
+        if (const std::string why = whyNoKey(*id); !why.empty()) throw Malformed("", why);
+        return *id;
+    }
+
+    static std::optional<ProductId> rootOf(const Section& section) {
+        KeyPath path = section.path;
+        if (isList(section) || path.empty() || samePath(path, {"Toolkit"})) return std::nullopt;
+        const Tree tree = sameName(path[0], "Toolkit") ? Tree::toolkit : Tree::installed;
+        if (tree == Tree::toolkit) path.erase(path.begin());
+        return ProductId{tree, "", joined(path)};
+    }
+
+    std::vector<std::string_view> lines_;
+    bool isUtf8_;
+    bool hexIsUtf16_;
+    const Encoding& encoding_;
+    std::size_t at_ = 0;
+    std::vector<Section> sections_;
+};
+
+}  // namespace
+
+Product readEditorSettings(std::string_view text, bool isUtf8, bool hexIsUtf16, const Encoding& encoding) {
+    return EditorReader(text, isUtf8, hexIsUtf16, encoding).read();
+}
+
+}  // namespace vrix

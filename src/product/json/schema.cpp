@@ -1,0 +1,94 @@
+#include "product/json/json_texts.h"
+#include "product/json/product_json.h"
+#include "store/option_table.h"
+
+namespace vrix {
+
+namespace {
+
+Json reference(const char* name) { return {{"$ref", std::string("#/$defs/") + name}}; }
+
+Json listOf(const Json& items) { return {{"type", "array"}, {"items", items}}; }
+
+Json closedObject(const Json& properties, const Json& required) {
+    return {{"type", "object"}, {"properties", properties}, {"required", required}, {"additionalProperties", false}};
+}
+
+Json described(Json schema, const char* text) {
+    schema["description"] = text;
+    return schema;
+}
+
+Json optionSchema() {
+    Json properties = Json::object();
+    for (const OptionRow& option : optionTable()) {
+        const bool isFlag = option.kind == OptionKind::flag;
+        const char* form = option.kind == OptionKind::position ? "position" : "content";
+        properties[option.name] = reference(isFlag ? "switch" : form);
+    }
+    return {{"type", "object"}, {"properties", properties}, {"additionalProperties", false}};
+}
+
+Json topicSchema() {
+    const Json index = {{"type", {"integer", "null"}}, {"minimum", 0}};
+    const Json other = {{"anyOf", {reference("text"), {{"type", "integer"}, {"minimum", 0}}}}};
+    const Json dependsOn = {{"type", {"array", "null"}}, {"items", other}};
+    return closedObject(
+        {{"name", reference("text")},
+         {"file", reference("content")},
+         {"index", described(index, "The index in the dependencies where it is not the row; null without one.")},
+         {"dependsOn", described(dependsOn,
+                                 "The names of other Topics, or the number of one that is not there. Null "
+                                 "without a dependency row.")}},
+        {"name", "file"});
+}
+
+Json otherSchema() {
+    const Json value = closedObject(
+        {{"at", {{"type", "integer"}, {"minimum", 0}}}, {"name", reference("text")}, {"value", reference("content")}},
+        {"at", "name", "value"});
+    return closedObject(
+        {{"key", described(listOf(reference("text")), "The names of the keys from the Product's root downwards.")},
+         {"order", described(listOf(reference("text")), "The values that stand elsewhere, in the store's order.")},
+         {"values", described(listOf(value), "More values, each with its place among all.")}},
+        Json::array({"key"}));
+}
+
+Json definitions() {
+    const Json hex = {{"type", "string"}, {"pattern", "^([0-9a-fA-F]{2})*$"}};
+    const Json string = {{"type", "string"}};
+    const Json type = {{"anyOf", {{{"type", "string"}, {"pattern", "^REG_"}}, {{"type", "integer"}, {"minimum", 0}}}}};
+    const Json asText = closedObject({{"type", type}, {"text", string}}, {"type", "text"});
+    const Json asBytes = closedObject({{"type", type}, {"bytes", hex}}, {"type", "bytes"});
+    const Json bytes = closedObject({{"bytes", hex}}, Json::array({"bytes"}));
+    return {{"text", described({{"anyOf", {string, bytes}}}, "A text, or bytes that stand for no text.")},
+            {"content", described({{"anyOf", {string, asText, asBytes}}},
+                                  "The text of a value, or its type with its text or bytes.")},
+            {"switch", {{"anyOf", {{{"type", "boolean"}}, reference("content")}}}},
+            {"position", {{"anyOf", {{{"type", "integer"}, {"minimum", -1}}, reference("content")}}}},
+            {"topic", topicSchema()},
+            {"other", otherSchema()}};
+}
+
+}  // namespace
+
+std::string productSchema() {
+    const Json tree = {{"enum", {"toolkit", "installed"}}, {"default", "toolkit"}};
+    Json schema = {{"$schema", "https://json-schema.org/draft/2020-12/schema"}, {"title", "Product"}};
+    schema.update(
+        closedObject({{"$schema", {{"type", "string"}}},
+                      {"name", described(reference("text"), "The Product's name in lists.")},
+                      {"key", described(reference("text"), "The key under which its settings are stored.")},
+                      {"tree", described(tree, "Made by the Toolkit, or come with an installation.")},
+                      {"created", described(reference("content"), "The date of creation as the store has it.")},
+                      {"options", optionSchema()},
+                      {"topics", listOf(reference("topic"))},
+                      {"addedTopics", described(listOf(reference("topic")), "Topics added to an installed Product.")},
+                      {"smartFields", described(listOf(reference("content")), "SmartFields with their delimiters.")},
+                      {"other", described(listOf(reference("other")), "What the other members cannot tell.")}},
+                     Json::array({"key"})));
+    schema["$defs"] = definitions();
+    return schema.dump(2) + '\n';
+}
+
+}  // namespace vrix

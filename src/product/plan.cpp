@@ -1,0 +1,292 @@
+#include "product/plan.h"
+
+#include <algorithm>
+#include <set>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "common/code_page.h"
+#include "store/open_key.h"
+
+namespace vrix {
+
+namespace {
+
+using Kind = StoreChange::Kind;
+using ByName = std::unordered_map<std::string_view, const StoredValue*>;
+
+ByName byName(const std::vector<StoredValue>& values) {
+    ByName found;
+    for (const StoredValue& value : values) found.emplace(value.name, &value);
+    return found;
+}
+
+// ---- What may be written ----
+
+void refuseBadKey(const ProductId& id) {
+    if (const std::string why = whyNoKey(id); !why.empty()) throw PlanRefused(why);
+}
+
+// A root that holds another one cannot be changed without changing that one.
+void refuseShared(const std::vector<ProductId>& listed, const ProductId& id, bool mayLieWithin) {
+    const KeyPath root = rootPath(id);
+    for (const ProductId& other : listed) {
+        if (isSameProduct(other, id) || !whyNoKey(other).empty()) continue;
+        const KeyPath otherRoot = rootPath(other);
+        if (isWithin(otherRoot, root) || (!mayLieWithin && isWithin(root, otherRoot))) {
+            throw PlanRefused("the settings of \"" + other.name + "\" and those of the key " + id.key +
+                              " lie in one another");
+        }
+    }
+}
+
+// ---- Rows of the list ----
+
+bool leadsTo(const StoredValue& row, const std::string& key) { return samePath(partsOf(textOf(row)), partsOf(key)); }
+
+std::string nameOf(const ProductId& id, const std::vector<StoredValue>& rows) {
+    if (!id.name.empty()) return id.name;
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const StoredValue& r) { return leadsTo(r, id.key); });
+    if (row == rows.end()) throw PlanRefused("the Product has no name, and the store knows none for its key");
+    return row->name;
+}
+
+// Rows that must go do so before one is set: a row that differs in case alone would be found under both names.
+void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unnamed unnamed) {
+    const KeyPath path = listPath(id.tree);
+    const std::vector<StoredValue> rows = store.values(path);
+    const std::string name = nameOf(id, rows);
+    std::optional<StoredValue> before;
+    for (const StoredValue& row : rows) {
+        const bool same = sameName(row.name, name);
+        const bool ours = leadsTo(row, id.key);
+        if (same && !ours && store.hasRoot({id.tree, "", textOf(row)})) {
+            throw PlanRefused("the name \"" + name + "\" belongs to the Product with the key " + textOf(row));
+        }
+        if (row.name == name) {
+            before = row;
+        } else if (same || (ours && unnamed == Unnamed::removed)) {
+            plan.push_back({Kind::removeValue, path, row, row});
+        }
+    }
+    if (!before || (!id.name.empty() && textOf(*before) != id.key)) {
+        plan.push_back({Kind::setValue, path, textValue(name, id.key), before});
+    }
+}
+
+// ---- Values ----
+
+// The changes of one key.
+class KeyPlan {
+public:
+    KeyPlan(Plan& plan, KeyPath path, const std::vector<StoredValue>& wanted, const std::vector<StoredValue>& there)
+        : plan_(plan), path_(std::move(path)), wanted_(wanted), there_(there), isThere_(byName(there)) {}
+
+    void removeUnwanted(Unnamed unnamed) {
+        const ByName isWanted = byName(wanted_);
+        std::set<std::string> wantedInAnyCase;
+        for (const StoredValue& value : wanted_) wantedInAnyCase.insert(lowerCase(value.name));
+        for (const StoredValue& value : there_) {
+            const bool stays = unnamed == Unnamed::kept && !wantedInAnyCase.contains(lowerCase(value.name));
+            if (isWanted.contains(value.name)) {
+                kept_.push_back(value.name);
+            } else if (!stays) {
+                remove(value);
+            }
+        }
+    }
+
+    void setMissing() {
+        for (const StoredValue& value : wanted_) set(value);
+    }
+
+    // A value takes its place by being set behind the others, so from the first wrong place on all are set again.
+    void setInOrder() {
+        std::size_t place = 0;
+        for (; place < kept_.size() && kept_[place] == wanted_[place].name; ++place) set(wanted_[place]);
+        for (; place < wanted_.size(); ++place) {
+            const StoredValue& value = wanted_[place];
+            const auto there = isThere_.find(value.name);
+            if (there != isThere_.end()) remove(*there->second);
+            plan_.push_back({Kind::setValue, path_, value, std::nullopt});
+        }
+    }
+
+private:
+    void remove(const StoredValue& value) { plan_.push_back({Kind::removeValue, path_, value, value}); }
+    void set(const StoredValue& value) {
+        const auto there = isThere_.find(value.name);
+        if (there == isThere_.end()) {
+            plan_.push_back({Kind::setValue, path_, value, std::nullopt});
+        } else if (!(*there->second == value)) {
+            plan_.push_back({Kind::setValue, path_, value, *there->second});
+        }
+    }
+
+    Plan& plan_;
+    KeyPath path_;
+    const std::vector<StoredValue>& wanted_;
+    const std::vector<StoredValue>& there_;
+    ByName isThere_;
+    std::vector<std::string> kept_;  // the names that are wanted and there, in the order of the store
+};
+
+// The store's dates of creation stay. Without any, the given ones come.
+void settleDates(StoredKey& wanted, std::vector<StoredValue>& there) {
+    const auto isDate = [](const StoredValue& value) { return isCreationDate(value.name); };
+    if (std::erase_if(there, isDate) > 0) std::erase_if(wanted.values, isDate);
+}
+
+void planKey(Plan& plan, const Product& stored, StoredKey wanted, Unnamed unnamed) {
+    const StoredKey* found = stored.find(wanted.path);
+    std::vector<StoredValue> there = found == nullptr ? std::vector<StoredValue>() : found->values;
+    if (wanted.path == part::root) settleDates(wanted, there);
+    KeyPath path = joinedPaths(rootPath(stored.id), wanted.path);
+    if (stored.keys.empty() && wanted.values.empty()) plan.push_back({Kind::makeKey, path});
+    KeyPlan changes(plan, std::move(path), wanted.values, there);
+    changes.removeUnwanted(unnamed);
+    if (orderCounts(wanted.path)) {
+        changes.setInOrder();
+    } else {
+        changes.setMissing();
+    }
+}
+
+// ---- Keys that go ----
+
+// The stored keys that the Product lacks, and that are not empty with all below them. Children come behind parents.
+std::vector<KeyPath> unwantedKeys(const Product& stored, const Product& product) {
+    std::vector<KeyPath> unwanted;
+    for (const StoredKey& key : stored.keys) {
+        const auto isBelow = [&](const StoredKey& other) { return isWithin(other.path, key.path); };
+        const auto holds = [&](const StoredKey& other) { return isBelow(other) && !other.values.empty(); };
+        const auto goes = [&](const KeyPath& path) { return isWithin(key.path, path); };
+        const bool isWanted = std::any_of(product.keys.begin(), product.keys.end(), isBelow);
+        const bool isFull = std::any_of(stored.keys.begin(), stored.keys.end(), holds);
+        const bool parentGoes = std::any_of(unwanted.begin(), unwanted.end(), goes);
+        if (parentGoes || (!isWanted && isFull)) unwanted.push_back(key.path);
+    }
+    return unwanted;
+}
+
+void planKeysToGo(Plan& plan, const ProductId& id, const std::vector<KeyPath>& paths) {
+    for (auto path = paths.rbegin(); path != paths.rend(); ++path) {
+        plan.push_back({Kind::removeKey, joinedPaths(rootPath(id), *path)});
+    }
+}
+
+}  // namespace
+
+Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed) {
+    refuseBadKey(product.id);
+    refuseShared(store.list(), product.id, false);
+    Plan plan;
+    planRows(plan, store, product.id, unnamed);
+    const Plan settings = planSettings(store, product, unnamed);
+    plan.insert(plan.end(), settings.begin(), settings.end());
+    return plan;
+}
+
+Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed) {
+    Plan plan;
+    for (const Tree tree : {Tree::installed, Tree::toolkit}) {
+        const std::vector<StoredValue> rows = wanted.values(listPath(tree));
+        const std::vector<StoredValue> there = store.values(listPath(tree));
+        KeyPlan changes(plan, listPath(tree), rows, there);
+        changes.removeUnwanted(unnamed);
+        changes.setInOrder();
+    }
+    return plan;
+}
+
+// Keys go before others are made, for the same reason as rows.
+Plan planSettings(const ProductStore& store, const Product& product, Unnamed unnamed) {
+    Plan plan;
+    const Product stored = store.read(product.id);
+    Product wanted = product;
+    wanted.at(part::root);
+    wanted.sortKeys();
+    if (unnamed == Unnamed::removed) planKeysToGo(plan, product.id, unwantedKeys(stored, wanted));
+    for (const StoredKey& key : wanted.keys) planKey(plan, stored, key, unnamed);
+    return plan;
+}
+
+Plan planRemoval(const ProductStore& store, const ProductId& id) {
+    Plan plan;
+    const bool hasKey = whyNoKey(id).empty();
+    if (hasKey) {
+        refuseShared(store.list(), id, true);
+        std::vector<KeyPath> paths;
+        for (const StoredKey& key : store.read(id).keys) paths.push_back(key.path);
+        planKeysToGo(plan, id, paths);
+    }
+    const KeyPath list = listPath(id.tree);
+    for (const StoredValue& row : store.values(list)) {
+        if (leadsTo(row, id.key) && (hasKey || sameName(row.name, id.name))) {
+            plan.push_back({Kind::removeValue, list, row, row});
+        }
+    }
+    return plan;
+}
+
+// ---- Writing ----
+
+namespace {
+
+// The key that is written to stays open as long as the changes are its own.
+class Writer {
+public:
+    explicit Writer(Registry& registry) : registry_(registry) {}
+
+    RegistryStatus make(const StoreChange& change) {
+        const RegistryStatus status = change.kind == Kind::removeKey ? removeKey(change.path) : changeIn(change);
+        const bool removes = change.kind == Kind::removeKey || change.kind == Kind::removeValue;
+        return removes && status == RegistryStatus::fileNotFound ? RegistryStatus::success : status;
+    }
+
+private:
+    RegistryStatus changeIn(const StoreChange& change) {
+        if (const RegistryStatus status = goTo(change.path, change.kind != Kind::removeValue);
+            status != RegistryStatus::success) {
+            return status;
+        }
+        const auto& [name, type, data, isExact] = change.value;
+        if (change.kind == Kind::removeValue) return registry_.deleteValue(open_->key, name);
+        if (change.kind == Kind::makeKey) return RegistryStatus::success;
+        return registry_.setValue(open_->key, name, type, data.data(), static_cast<std::uint32_t>(data.size()));
+    }
+
+    RegistryStatus goTo(const KeyPath& path, bool make) {
+        if (open_ && path == path_) return RegistryStatus::success;
+        open_.emplace(registry_);
+        path_ = path;
+        const RegistryStatus status = openBelowFamily(registry_, path, access::change, make, open_->key);
+        if (status != RegistryStatus::success) open_.reset();
+        return status;
+    }
+
+    RegistryStatus removeKey(KeyPath path) {
+        const std::string name = path.back();
+        path.pop_back();
+        const RegistryStatus status = goTo(path, false);
+        return status == RegistryStatus::success ? registry_.deleteKey(open_->key, name) : status;
+    }
+
+    Registry& registry_;
+    KeyPath path_;
+    std::optional<OpenKey> open_;
+};
+
+}  // namespace
+
+void perform(Registry& registry, const Plan& plan, const std::function<void(const StoreChange&)>& made) {
+    Writer writer(registry);
+    for (const StoreChange& change : plan) {
+        const RegistryStatus status = writer.make(change);
+        if (status != RegistryStatus::success) throw StoreRefused(status, refusalText(change.path, status));
+        if (made) made(change);
+    }
+}
+
+}  // namespace vrix

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "product/product.h"
+#include "product/product_store.h"
+
+namespace vrix {
+
+// One change of the store. `path` counts from the family key.
+struct StoreChange {
+    enum class Kind { makeKey, setValue, removeValue, removeKey };
+
+    Kind kind;
+    KeyPath path;
+    StoredValue value{};                  // to set; of one to remove only the name
+    std::optional<StoredValue> before{};  // what stands there now; none where nothing does
+};
+
+// The changes in the order in which they are made: rows of the list, keys that go, values. Cut off anywhere, they leave
+// a Product that the next plan of the same kind repairs. A removed Product loses its row last, so it is never half
+// there unlisted.
+using Plan = std::vector<StoreChange>;
+
+// Thrown where a Product may not be written: its key stands in the place of a list or tree, its root holds another
+// Product's or lies in it, its name belongs to another Product, or it has no name and the store knows none.
+class PlanRefused final : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// What becomes of values and keys that the Product does not name.
+enum class Unnamed { removed, kept };
+
+// What makes the store's Product of the same tree and key as the given one. It writes differences only: the plan is
+// empty where compare() finds none, and none of this holds either. The store's date of creation stays; only where it
+// has none the given one is written. Other rows of the list that name the same key go. Empty keys come with a Product
+// that is new in the store. Where the order of values says something, those behind the first that stands wrong are
+// removed and set again, one by one. Throws PlanRefused, and StoreRefused from reading.
+Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed);
+
+// The two halves of bringing a whole store back: what makes both lists what another store's are, and what makes the
+// settings below a Product's root what the given ones are. Neither looks whether Products share a root.
+Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed);
+Plan planSettings(const ProductStore& store, const Product& product, Unnamed unnamed);
+
+// What removes the Product, all that its root holds and all rows of the list that name its key. Throws as above. Empty
+// where there is neither.
+Plan planRemoval(const ProductStore& store, const ProductId& id);
+
+// Makes the changes one after the other and tells each that is made. Throws StoreRefused at the first that the registry
+// refuses; those before it stay made.
+void perform(Registry& registry, const Plan& plan, const std::function<void(const StoreChange&)>& made = {});
+
+}  // namespace vrix

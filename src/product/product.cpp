@@ -1,0 +1,205 @@
+#include "product/product.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "common/code_page.h"
+#include "store/variant.h"
+
+namespace vrix {
+
+namespace {
+
+constexpr std::size_t longestKeyName = 255;
+
+// The place of a key directly below the root; unknown ones come last.
+std::size_t placeOf(const std::string& name) {
+    constexpr std::array known{"Topics", "Dependencies", "Options", "SmartFields", "Toolkit"};
+    const auto found = std::find_if(known.begin(), known.end(), [&](const char* key) { return sameName(key, name); });
+    return static_cast<std::size_t>(found - known.begin());
+}
+
+bool comesBefore(const StoredKey& a, const StoredKey& b) {
+    if (!a.path.empty() && !b.path.empty()) {
+        const std::size_t left = placeOf(a.path[0]);
+        const std::size_t right = placeOf(b.path[0]);
+        if (left != right) return left < right;
+    }
+    return a.path < b.path;
+}
+
+bool hasHighControl(const std::string& utf8) {
+    for (auto at = utf8.find('\xC2'); at != std::string::npos; at = utf8.find('\xC2', at + 1)) {
+        if (at + 1 < utf8.size() && static_cast<unsigned char>(utf8[at + 1]) < 0xA0) return true;
+    }
+    return false;
+}
+
+std::uint32_t numberOf(const StoredValue& value) {
+    std::array<unsigned char, 4> bytes{};
+    if (value.data.size() <= bytes.size()) std::memcpy(bytes.data(), value.data.data(), value.data.size());
+    if (value.type == valuetype::dwordBigEndian) std::reverse(bytes.begin(), bytes.end());
+    std::uint32_t number = 0;
+    for (std::size_t i = bytes.size(); i-- > 0;) number = number << 8 | bytes.at(i);
+    return number;
+}
+
+}  // namespace
+
+// ---- Keys ----
+
+const StoredKey* Product::find(const KeyPath& path) const {
+    const auto found =
+        std::find_if(keys.begin(), keys.end(), [&](const StoredKey& key) { return samePath(key.path, path); });
+    return found == keys.end() ? nullptr : &*found;
+}
+
+StoredKey& Product::at(const KeyPath& path) {
+    KeyPath above;
+    for (std::size_t depth = 0;; ++depth) {
+        if (find(above) == nullptr) keys.push_back({above, {}});
+        if (depth == path.size()) break;
+        above.push_back(path[depth]);
+    }
+    return const_cast<StoredKey&>(*find(path));
+}
+
+void Product::sortKeys() { std::stable_sort(keys.begin(), keys.end(), comesBefore); }
+
+bool isSameProduct(const ProductId& a, const ProductId& b) {
+    return a.tree == b.tree && samePath(partsOf(a.key), partsOf(b.key));
+}
+
+const char* treeName(Tree tree) { return tree == Tree::toolkit ? "toolkit" : "installed"; }
+
+bool orderCounts(const KeyPath& path) {
+    const auto is = [&](const KeyPath& known) { return samePath(path, known); };
+    return is(part::topics) || is(part::addedTopics) || is(part::indexTable) || is(part::smartFields);
+}
+
+// ---- Values ----
+
+const StoredValue* findValue(const StoredKey* key, std::string_view name) {
+    if (key == nullptr) return nullptr;
+    const auto found = std::find_if(key->values.begin(), key->values.end(),
+                                    [&](const StoredValue& value) { return sameName(value.name, name); });
+    return found == key->values.end() ? nullptr : &*found;
+}
+
+bool isText(std::uint32_t type) {
+    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
+}
+
+std::string hexDigits(std::string_view bytes, std::string_view between) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (!text.empty()) text += between;
+        text += {digits[byte / 16], digits[byte % 16]};
+    }
+    return text;
+}
+
+std::string textOf(const StoredValue& value) {
+    if (value.type == valuetype::dword || value.type == valuetype::dwordBigEndian) {
+        return std::to_string(static_cast<std::int32_t>(numberOf(value)));
+    }
+    if (!isText(value.type) || value.data.empty()) return value.data;
+    return value.data.substr(0, value.data.size() - 1);
+}
+
+StoredValue textValue(std::string name, const std::string& text) {
+    return {std::move(name), isExpandable(text) ? valuetype::expandString : valuetype::string, text + '\0'};
+}
+
+bool isPlainText(const StoredValue& value) {
+    const std::string text = textOf(value);
+    const StoredValue plain = textValue(value.name, text);
+    return text.find('\0') == std::string::npos && value.type == plain.type && value.data == plain.data;
+}
+
+// ---- Dates ----
+
+std::string_view creationDateName(Tree tree) { return tree == Tree::toolkit ? "Creation Date" : "CreationDate"; }
+
+bool isCreationDate(std::string_view name) {
+    return sameName(name, creationDateName(Tree::toolkit)) || sameName(name, creationDateName(Tree::installed));
+}
+
+std::string createdOf(const Product& product) {
+    const StoredKey* root = product.find(part::root);
+    const Tree other = product.id.tree == Tree::toolkit ? Tree::installed : Tree::toolkit;
+    for (const Tree tree : {product.id.tree, other}) {
+        const StoredValue* date = findValue(root, creationDateName(tree));
+        if (date != nullptr && !textOf(*date).empty()) return textOf(*date);
+    }
+    return {};
+}
+
+// ---- Paths ----
+
+KeyPath listPath(Tree tree) { return tree == Tree::toolkit ? KeyPath{"Toolkit", "Products"} : KeyPath{"Products"}; }
+
+KeyPath rootPath(const ProductId& id) {
+    return joinedPaths(id.tree == Tree::toolkit ? KeyPath{"Toolkit"} : KeyPath{}, partsOf(id.key));
+}
+
+std::string joined(const KeyPath& path) {
+    std::string text;
+    for (const std::string& name : path) text += (text.empty() ? "" : "\\") + name;
+    return text;
+}
+
+KeyPath partsOf(std::string_view text) {
+    KeyPath parts;
+    for (std::size_t from = 0; from <= text.size();) {
+        const std::size_t end = std::min(findCharacter(text, '\\', from), text.size());
+        if (end > from) parts.emplace_back(text.substr(from, end - from));
+        from = end + 1;
+    }
+    return parts;
+}
+
+bool isKeyName(const std::string& name) {
+    return name.size() <= longestKeyName && name.find('\0') == std::string::npos && partsOf(name) == KeyPath{name};
+}
+
+bool sameName(std::string_view a, std::string_view b) {
+    return a == b || lowerCase(std::string(a)) == lowerCase(std::string(b));
+}
+
+KeyPath joinedPaths(KeyPath path, const KeyPath& more) {
+    path.insert(path.end(), more.begin(), more.end());
+    return path;
+}
+
+KeyPath belowRoot(const KeyPath& path, const KeyPath& root) {
+    return {path.begin() + static_cast<std::ptrdiff_t>(root.size()), path.end()};
+}
+
+bool isWithin(const KeyPath& path, const KeyPath& above) {
+    return path.size() >= above.size() && std::equal(above.begin(), above.end(), path.begin(), sameName);
+}
+
+bool samePath(const KeyPath& a, const KeyPath& b) { return a.size() == b.size() && isWithin(a, b); }
+
+std::optional<std::string> exactUtf8(const Encoding& encoding, const std::string& text) {
+    auto utf8 = encoding.toUtf8(text);
+    if (utf8 && (hasHighControl(*utf8) || encoding.fromUtf8(*utf8) != text)) utf8.reset();
+    return utf8;
+}
+
+std::string whyNoKey(const ProductId& id) {
+    const KeyPath parts = partsOf(id.key);
+    if (parts.empty()) return "a Product needs a key";
+    if (!std::all_of(parts.begin(), parts.end(), isKeyName)) {
+        return "the name of a key is longer than 255 bytes or holds a zero byte";
+    }
+    const bool isTree = id.tree == Tree::installed && sameName(parts[0], "Toolkit");
+    if (isTree || sameName(parts[0], "Products")) return "\"" + parts[0] + "\" is not the key of a Product";
+    return {};
+}
+
+}  // namespace vrix

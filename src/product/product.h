@@ -1,0 +1,138 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/encoding.h"
+#include "platform/registry.h"
+
+namespace vrix {
+
+// The two places where Products live: those that came with an installation, and those that the Toolkit has made.
+enum class Tree { installed, toolkit };
+
+// What a Product is known by. Names and keys are found without regard to case.
+struct ProductId {
+    Tree tree = Tree::toolkit;
+    std::string name;  // as lists show it; empty where the source does not tell
+    std::string key;   // the key of its settings; it may hold backslashes
+};
+
+// A value as the store has it. `data` are its bytes, those of a text with its terminator.
+struct StoredValue {
+    std::string name;
+    std::uint32_t type = valuetype::string;
+    std::string data;
+    bool isExact = true;  // false where the code page lacks characters of it, for which others stand here
+    bool operator==(const StoredValue&) const = default;
+};
+
+// The names of keys from the Product's root downwards; none for the root itself.
+using KeyPath = std::vector<std::string>;
+
+// A key of a Product with its values in the order of the store.
+struct StoredKey {
+    KeyPath path;
+    std::vector<StoredValue> values;
+    bool operator==(const StoredKey&) const = default;
+};
+
+// The keys that a Product is made of. Any other one is kept as it is.
+namespace part {
+inline const KeyPath root{};
+inline const KeyPath options{"Options"};
+inline const KeyPath topics{"Topics"};
+inline const KeyPath addedTopics{"Toolkit", "Topics"};
+inline const KeyPath indexTable{"Dependencies", "IndexTable"};
+inline const KeyPath matrix{"Dependencies", "Matrix"};
+inline const KeyPath smartFields{"SmartFields"};
+}  // namespace part
+
+// A whole Product as one value: everything below its root, odd things included, as it stands.
+//
+// A platform lists subkeys as it likes, so their order says nothing: the known ones come first, in the order in which
+// a new Product gets them, then the others by name. A key stands before those below it. The order of values is that of
+// the store. It says something in the lists of Topics and SmartFields and in the table of indexes, see orderCounts().
+struct Product {
+    ProductId id;
+    std::vector<StoredKey> keys;  // empty where there is no root
+
+    // The key of that path without regard to case, or null.
+    const StoredKey* find(const KeyPath& path) const;
+    // The same, made with those above it where it is missing.
+    StoredKey& at(const KeyPath& path);
+    // Brings the keys into their order.
+    void sortKeys();
+};
+
+// Whether both are one tree and key.
+bool isSameProduct(const ProductId& a, const ProductId& b);
+// "toolkit" or "installed".
+const char* treeName(Tree tree);
+
+// Whether the order of the values says something there.
+bool orderCounts(const KeyPath& path);
+
+// The value of that name in the key, without regard to case, or null. A null key has no values.
+const StoredValue* findValue(const StoredKey* key, std::string_view name);
+
+// Whether values of that type are texts, whose bytes end with a terminator.
+bool isText(std::uint32_t type);
+// Bytes as pairs of hexadecimal digits, in capitals.
+std::string hexDigits(std::string_view bytes, std::string_view between = "");
+// What the Toolkit reads, but for names of the environment, which stay as they are: texts without their terminator,
+// numbers in decimal, other values as their bytes.
+std::string textOf(const StoredValue& value);
+// The value that the Toolkit writes for a text.
+StoredValue textValue(std::string name, const std::string& text);
+// Whether the Toolkit would write the value so, which then is nothing but its text.
+bool isPlainText(const StoredValue& value);
+
+// The name of the value in the root that holds the date of creation in that tree. A merged settings file leaves the
+// other tree's name, so a Product may have either or both.
+std::string_view creationDateName(Tree tree);
+bool isCreationDate(std::string_view name);
+// The date that the Product shows: that of its tree's own name, or else of the other; empty if there is none.
+std::string createdOf(const Product& product);
+
+// The section of the list of a tree, and the path of a Product's root, each as names from the family key downwards.
+KeyPath listPath(Tree tree);
+KeyPath rootPath(const ProductId& id);
+// A path for people, its names joined by backslashes.
+std::string joined(const KeyPath& path);
+// A text of the store taken apart at its backslashes. Doubled ones and those at the ends count for nothing.
+KeyPath partsOf(std::string_view text);
+// Whether a key can have that name: 1 to 255 bytes, none of them zero, and no backslash.
+bool isKeyName(const std::string& name);
+// Without regard to case.
+bool sameName(std::string_view a, std::string_view b);
+bool samePath(const KeyPath& a, const KeyPath& b);
+// A path with more names behind it, and what a path has behind those of `root`.
+KeyPath joinedPaths(KeyPath path, const KeyPath& more);
+KeyPath belowRoot(const KeyPath& path, const KeyPath& root);
+// Whether `path` is `above` or lies below it. Without regard to case.
+bool isWithin(const KeyPath& path, const KeyPath& above);
+
+// The text as UTF-8, if that leads back to the same bytes. Nothing where a byte stands for no character, or for a
+// control character beyond ASCII, which is what some tables have for such bytes.
+std::optional<std::string> exactUtf8(const Encoding& encoding, const std::string& text);
+
+// Why a Product of that name and key cannot be written: an empty key, or one in the place of a list or of a tree. Empty
+// text when it can.
+std::string whyNoKey(const ProductId& id);
+
+// Thrown for a file or text that is not what it should be. `place` is "line 12" or "/options/AllowNoTOC"; empty where
+// the whole is meant. what() has both.
+class Malformed final : public std::runtime_error {
+public:
+    Malformed(const std::string& place_, const std::string& why)
+        : std::runtime_error(place_.empty() ? why : place_ + ": " + why), place(place_) {}
+    std::string place;
+};
+
+}  // namespace vrix

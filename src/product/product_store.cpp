@@ -1,0 +1,181 @@
+#include "product/product_store.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+
+#include "store/open_key.h"
+
+namespace vrix {
+
+namespace {
+
+void expect(RegistryStatus status, const KeyPath& path) {
+    if (status != RegistryStatus::success) throw StoreRefused(status, refusalText(path, status));
+}
+
+std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const KeyPath& path) {
+    std::vector<std::string> names;
+    std::array<char, 1024> name{};  // the longest has 255 characters of up to four bytes
+    for (std::uint32_t index = 0;; ++index) {
+        const RegistryStatus status =
+            registry.enumKey(key, index, name.data(), static_cast<std::uint32_t>(name.size()));
+        if (status == RegistryStatus::noMoreItems) return names;
+        expect(status, path);
+        names.emplace_back(name.data());
+    }
+}
+
+// A value that the listing could not give, since the code page lacks characters of it. By such a name nothing is found.
+StoredValue valueOf(Registry& registry, RegistryKey key, const std::string& name, const KeyPath& path) {
+    StoredValue value{name, 0, {}, false};
+    std::uint32_t size = 0;
+    RegistryStatus status = RegistryStatus::moreData;
+    while (status == RegistryStatus::moreData) {  // at first it tells the size
+        value.data.resize(size);
+        std::uint32_t none = 0;
+        void* room = size == 0 ? static_cast<void*>(&none) : value.data.data();
+        status = registry.queryValue(key, name, value.type, room, size);
+    }
+    if (status == RegistryStatus::fileNotFound) return {name, valuetype::string, std::string(1, '\0'), false};
+    expect(status, path);
+    value.data.resize(size);
+    return value;
+}
+
+// The status of a step of a listing. The room for the name grows: another program may have written a longer one.
+RegistryStatus listValue(Registry& registry, RegistryKey key, std::size_t index, std::string& room,
+                         std::uint32_t& length, std::optional<ValueData>& data) {
+    constexpr std::size_t mostRoom = 1 << 17;  // more than the longest name that can be
+    for (;; room.resize(2 * room.size())) {
+        length = static_cast<std::uint32_t>(room.size());
+        const RegistryStatus status =
+            registry.enumValue(key, static_cast<std::uint32_t>(index), room.data(), length, &data);
+        if (status != RegistryStatus::moreData || room.size() > mostRoom) return status;
+    }
+}
+
+constexpr std::uint32_t toRead = access::queryValue | access::enumerateSubKeys;
+
+// Runs `use` on a key below the family key, if it is there.
+template <class Use>
+void onKey(Registry& registry, const KeyPath& path, const Use& use) {
+    OpenKey open(registry);
+    const RegistryStatus status = openBelowFamily(registry, path, toRead, false, open.key);
+    if (status == RegistryStatus::fileNotFound) return;
+    expect(status, path);
+    use(open.key);
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): the platform ends it at 512 levels.
+void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const ProductStore::Visit& visit) {
+    visit(path, valuesOf(registry, key, path));
+    for (const std::string& name : subkeysOf(registry, key, path)) {
+        const KeyPath below = joinedPaths(path, {name});
+        OpenKey open(registry);
+        const RegistryStatus status = registry.openKey(key, name, toRead, open.key);
+        if (status == RegistryStatus::fileNotFound) continue;  // gone, or of characters that the code page lacks
+        expect(status, below);
+        walkKey(registry, open.key, below, visit);
+    }
+}
+
+}  // namespace
+
+std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const KeyPath& path) {
+    std::uint32_t longest = 0;
+    expect(registry.queryInfoKey(key, longest), path);
+    constexpr std::size_t characterBytes = 4;  // at most, in any code page
+    std::string room(longest * characterBytes + 1, '\0');
+    std::vector<StoredValue> values;
+    for (;;) {
+        std::optional<ValueData> data;
+        std::uint32_t length = 0;
+        const RegistryStatus status = listValue(registry, key, values.size(), room, length, data);
+        if (status == RegistryStatus::noMoreItems) return values;
+        expect(status, path);
+        const std::string name = room.substr(0, length);
+        values.push_back(data ? StoredValue{name, data->type, std::move(data->bytes)}
+                              : valueOf(registry, key, name, path));
+    }
+}
+
+std::string refusalText(const KeyPath& path, RegistryStatus status) {
+    const auto number = std::to_string(static_cast<std::int32_t>(status));
+    const std::string why = status == RegistryStatus::accessDenied ? "access is denied" : "the registry refuses";
+    return "Software\\Vrix" + (path.empty() ? "" : "\\" + joined(path)) + ": " + why + " (" + number + ")";
+}
+
+RegistryStatus openBelowFamily(Registry& registry, const KeyPath& path, std::uint32_t rights, bool make,
+                               RegistryKey& key) {
+    const auto step = [&](RegistryKey from, const std::string& name) {
+        key = 0;
+        return make ? registry.createKey(from, name, rights, key) : registry.openKey(from, name, rights, key);
+    };
+    RegistryStatus status = step(hive::localMachine, "Software\\Vrix");
+    for (std::size_t i = 0; i < path.size() && status == RegistryStatus::success; ++i) {
+        const RegistryKey above = key;
+        status = step(above, path[i]);
+        registry.closeKey(above);
+    }
+    return status;
+}
+
+std::vector<StoredValue> ProductStore::values(const KeyPath& path) const {
+    std::vector<StoredValue> found;
+    onKey(registry_, path, [&](RegistryKey key) { found = valuesOf(registry_, key, path); });
+    return found;
+}
+
+std::vector<std::string> ProductStore::subkeys(const KeyPath& path) const {
+    std::vector<std::string> found;
+    onKey(registry_, path, [&](RegistryKey key) { found = subkeysOf(registry_, key, path); });
+    return found;
+}
+
+void ProductStore::walk(const KeyPath& path, const Visit& visit) const {
+    onKey(registry_, path, [&](RegistryKey key) { walkKey(registry_, key, path, visit); });
+}
+
+std::vector<ProductId> ProductStore::list() const {
+    std::vector<ProductId> products;
+    for (const Tree tree : {Tree::installed, Tree::toolkit}) {
+        for (const StoredValue& row : values(listPath(tree))) products.push_back({tree, row.name, textOf(row)});
+    }
+    return products;
+}
+
+std::vector<ProductId> ProductStore::leftovers() const {
+    const std::vector<ProductId> listed = list();
+    std::vector<ProductId> left;
+    for (const Tree tree : {Tree::installed, Tree::toolkit}) {
+        for (const std::string& key : subkeys(tree == Tree::toolkit ? KeyPath{"Toolkit"} : KeyPath{})) {
+            const ProductId id{tree, "", key};
+            const bool known = std::any_of(listed.begin(), listed.end(), [&](const ProductId& product) {
+                return product.tree == tree && isWithin(rootPath(product), rootPath(id));
+            });
+            if (!known && whyNoKey(id).empty()) left.push_back(id);
+        }
+    }
+    return left;
+}
+
+bool ProductStore::hasRoot(const ProductId& id) const {
+    bool found = false;
+    onKey(registry_, rootPath(id), [&](RegistryKey) { found = true; });
+    return found;
+}
+
+Product ProductStore::read(const ProductId& id) const {
+    Product product{id, {}};
+    if (!whyNoKey(id).empty()) return product;
+    const KeyPath root = rootPath(id);
+    walk(root, [&](const KeyPath& path, std::vector<StoredValue> values) {
+        product.keys.push_back({belowRoot(path, root), std::move(values)});
+    });
+    product.sortKeys();
+    return product;
+}
+
+}  // namespace vrix

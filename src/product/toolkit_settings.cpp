@@ -1,0 +1,202 @@
+#include <algorithm>
+#include <functional>
+#include <set>
+
+#include "common/code_page.h"
+#include "product/settings_lines.h"
+#include "store/option_table.h"
+
+namespace vrix {
+
+namespace {
+
+struct Line {
+    std::size_t index;
+    std::string_view text;
+};
+
+struct Section {
+    std::size_t index;
+    KeyPath path;
+    std::vector<Line> entries{};
+};
+
+struct Entry {
+    std::string_view name;
+    std::string_view data;
+};
+
+bool isNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+bool isPathOption(std::string_view name) {
+    const OptionRow* option = findOption(name);
+    return option != nullptr && option->kind == OptionKind::path;
+}
+
+// A path's data with each doubled backslash as one; nothing where one stands alone.
+std::optional<std::string> unescaped(std::string_view data) {
+    std::string path;
+    for (std::size_t at = 0; at < data.size(); at += characterSize(data, at)) {
+        if (data[at] == '\\' && (++at == data.size() || data[at] != '\\')) return std::nullopt;
+        path += data.substr(at, characterSize(data, at));
+    }
+    return path;
+}
+
+std::vector<Section> sectionsOf(const std::vector<std::string_view>& lines) {
+    std::vector<Section> sections;
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        if (lines[i].empty()) continue;
+        if (lines[i].starts_with('[')) {
+            sections.push_back({i, headerPath(lines[i], i)});
+        } else {
+            sections.back().entries.push_back({i, lines[i]});
+        }
+    }
+    return sections;
+}
+
+// Every way in which a line is an entry: quotation marks and equal signs may stand in name and data as well.
+std::vector<Entry> readings(const Line& line) {
+    constexpr std::string_view between = "\"=\"";
+    constexpr std::size_t tooMany = 100;
+    const std::string_view text = line.text;
+    std::vector<Entry> all;
+    if (!text.starts_with('"') || !text.ends_with('"')) refuseLine(line.index, "this is no entry");
+    for (auto at = text.find(between, 1); at != std::string_view::npos && at + between.size() < text.size();
+         at = text.find(between, at + 1)) {
+        const std::size_t data = at + between.size();
+        all.push_back({text.substr(1, at - 1), text.substr(data, text.size() - 1 - data)});
+        if (all.size() == tooMany) refuseLine(line.index, "there are too many quotation marks");
+    }
+    if (all.empty()) refuseLine(line.index, "this is no entry");
+    return all;
+}
+
+// The one reading of a line. Where there are several, all but one must be unfit for their section.
+Entry entryOf(const Line& line, const std::function<bool(const Entry&)>& fits) {
+    std::vector<Entry> all = readings(line);
+    if (all.size() == 1) return all[0];
+    std::erase_if(all, [&](const Entry& entry) { return !fits(entry); });
+    if (all.size() != 1) refuseLine(line.index, "the quotation marks can be read in more than one way");
+    return all[0];
+}
+
+class ToolkitReader {
+public:
+    explicit ToolkitReader(std::vector<Section> sections) : sections_(std::move(sections)) {}
+
+    Product read() {
+        const auto hasNumber = [](const Entry& entry) { return isNumber(entry.data); };
+        const auto isNumbered = [](const Entry& entry) { return entry.name.empty() || isNumber(entry.name); };
+        const auto isTopic = [this](const Entry& entry) { return topics_.contains(entry.name); };
+        const auto isOption = [](const Entry& entry) { return findOption(entry.name) != nullptr; };
+        const auto isField = [](const Entry& entry) { return entry.name.starts_with("SmartField"); };
+        const auto never = [](std::string_view) { return false; };
+        const auto always = [](std::string_view) { return true; };
+        identity();
+        date();
+        empty({"Dependencies"});
+        for (const Entry& entry : entries(part::indexTable, hasNumber, never)) topics_.insert(entry.name);
+        entries(part::matrix, isNumbered, never);
+        entries(part::topics, isTopic, always);
+        if (next_ < sections_.size() && samePath(belowProduct(), {"Toolkit"})) {
+            empty({"Toolkit"});
+            entries(part::addedTopics, isTopic, always);
+        }
+        entries(part::options, isOption, isPathOption);
+        entries(part::smartFields, isField, never);
+        if (next_ < sections_.size()) refuseLine(sections_[next_].index, "a Product has no more sections");
+        product_.sortKeys();
+        return std::move(product_);
+    }
+
+private:
+    // The list's one row says name and key; the key shows once more in the header behind it.
+    void identity() {
+        const Section& list = take("the list of Products");
+        const Section& root = peek("the Product");
+        if (list.entries.size() != 1) refuseLine(list.index, "the list does not name one Product");
+        ProductId& id = product_.id;
+        id.tree = samePath(list.path, listPath(Tree::toolkit)) ? Tree::toolkit : Tree::installed;
+        const auto fits = [&](const Entry& entry) {
+            return samePath(rootPath({id.tree, "", std::string(entry.data)}), root.path);
+        };
+        const Entry row = entryOf(list.entries[0], fits);
+        id.name = row.name;
+        id.key = row.data;
+        const std::string why = id.name.empty() ? "the Product has no name" : whyNoKey(id);
+        if (!why.empty()) refuseLine(list.entries[0].index, why);
+        if (!fits(row)) refuseLine(root.index, "the key is not that of the Product");
+    }
+
+    void date() {
+        const Section& root = take("the Product");
+        StoredKey& key = product_.at(part::root);
+        if (root.entries.size() != 1) refuseLine(root.index, "the date of creation should stand here alone");
+        const Entry entry = entryOf(root.entries[0], [](const Entry& e) { return e.name == "CreationDate"; });
+        if (entry.name != "CreationDate") refuseLine(root.entries[0].index, "the date of creation is missing");
+        if (entry.data.empty()) return;
+        key.values.push_back(textValue(std::string(creationDateName(product_.id.tree)), std::string(entry.data)));
+    }
+
+    void empty(const KeyPath& path) {
+        const Section& section = expect(path);
+        if (!section.entries.empty()) refuseLine(section.entries[0].index, "this section has no entries");
+    }
+
+    // Reads a section. It makes a key only where it has entries: the Toolkit writes it also where there is no key.
+    std::vector<Entry> entries(const KeyPath& path, const std::function<bool(const Entry&)>& fits,
+                               const std::function<bool(std::string_view)>& isPath) {
+        std::vector<Entry> all;
+        GrowingKey key;
+        for (const Line& line : expect(path).entries) {
+            all.push_back(entryOf(line, fits));
+            const Entry& entry = all.back();
+            const auto text = isPath(entry.name) ? unescaped(entry.data) : std::optional(std::string(entry.data));
+            if (!text) refuseLine(line.index, "a backslash of the path is not doubled");
+            key.put(textValue(std::string(entry.name), *text));
+        }
+        if (!key.empty()) product_.at(path).values = key.take();
+        return all;
+    }
+
+    const Section& peek(const std::string& what) const {
+        if (next_ == sections_.size()) throw Malformed("", "the file is cut off: " + what + " is missing");
+        return sections_[next_];
+    }
+    const Section& take(const std::string& what) {
+        const Section& section = peek(what);
+        ++next_;
+        return section;
+    }
+    KeyPath belowProduct() const {
+        const KeyPath root = rootPath(product_.id);
+        const Section& section = sections_[next_];
+        if (!isWithin(section.path, root)) refuseLine(section.index, "the key is not the Product's");
+        return belowRoot(section.path, root);
+    }
+    const Section& expect(const KeyPath& path) {
+        peek(joined(path));
+        if (!samePath(belowProduct(), path)) refuseLine(sections_[next_].index, joined(path) + " should stand here");
+        return take(joined(path));
+    }
+
+    std::vector<Section> sections_;
+    std::size_t next_ = 0;
+    std::set<std::string_view> topics_;  // by the table of indexes, which names every Topic
+    Product product_;
+};
+
+}  // namespace
+
+Product readToolkitSettings(std::string_view file) {
+    const auto lines = linesOf(file);
+    const bool isWhole = lines.size() > 2 && lines.back().empty() && lines[lines.size() - 2].empty();
+    if (!isWhole) throw Malformed("", "the file is cut off: it should end with two empty lines");
+    return ToolkitReader(sectionsOf(lines)).read();
+}
+
+}  // namespace vrix

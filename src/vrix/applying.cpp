@@ -1,0 +1,78 @@
+#include "vrix/changes.h"
+#include "vrix/commands.h"
+#include "vrix/products.h"
+
+namespace vrix::command {
+
+namespace {
+
+Store::Use use(const Run& run) { return run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing; }
+
+// Whether the user agrees. Nobody is asked where nobody can answer.
+bool isAgreed(Run& run, const std::string& question) {
+    if (run.request.yes) return true;
+    if (!run.host.isAttended()) {
+        throw Failure(ExitCode::wrongUse, "nobody is there to be asked, so removing takes --yes");
+    }
+    run.host.writeError(question + " [y/N] ");
+    const std::string answer = run.host.readLine();
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+struct FileProduct {
+    std::string file;
+    Product product;
+};
+
+std::vector<FileProduct> readFiles(Run& run) {
+    std::vector<FileProduct> all;
+    for (const std::string& pattern : run.request.operands) {
+        for (const std::string& file : run.host.filesOf(pattern)) {
+            Product product = productOfFile(run, file);
+            for (const auto& [other, its] : all) {
+                if (!isSameProduct(its.id, product.id)) continue;
+                throw Failure(ExitCode::wrongUse, other + " and " + file + " are both for " + labelOf(run, its.id));
+            }
+            all.push_back({file, std::move(product)});
+        }
+    }
+    return all;
+}
+
+}  // namespace
+
+ExitCode apply(Run& run) {
+    const std::vector<FileProduct> all = readFiles(run);
+    std::vector<Step> steps;
+    for (const FileProduct& one : all) {
+        steps.push_back({one.file + ": " + labelOf(run, one.product.id), [&](const ProductStore& store) {
+                             return planApply(store, one.product, run.request.merge ? Unnamed::kept : Unnamed::removed);
+                         }});
+    }
+    Store store(run, use(run));
+    perform(run, store, steps);
+    return ExitCode::done;
+}
+
+ExitCode remove(Run& run) {
+    std::vector<Step> steps;
+    std::string labels;
+    {
+        Store store(run, Store::Use::reading);
+        for (const std::string& text : run.request.operands) {
+            const ProductId id = findProduct(run, store.products(), text);
+            const std::string label = labelOf(run, id);
+            labels += (labels.empty() ? "" : ", ") + label;
+            steps.push_back({label, [id](const ProductStore& products) { return planRemoval(products, id); }});
+        }
+    }
+    if (!run.request.dryRun && !isAgreed(run, "Remove " + labels + "?")) {
+        run.print("Nothing was removed.");
+        return ExitCode::done;
+    }
+    Store store(run, use(run));
+    perform(run, store, steps);
+    return ExitCode::done;
+}
+
+}  // namespace vrix::command

@@ -1,0 +1,114 @@
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "makers/embedded/memory_registry.h"
+#include "makers/kept/kept_keys.h"
+#include "product/json/product_json.h"
+#include "product/plan.h"
+#include "product/settings_text.h"
+#include "vrix/commands.h"
+#include "vrix/policy_collection.h"
+#include "vrix/products.h"
+
+namespace vrix::command {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// The settings file of a Product: of its own store, or of one that holds nothing else.
+std::string settingsOf(const Product& product, Store* store) {
+    if (store != nullptr) {
+        KeptKeys kept(store->registry());
+        return settingsText(kept, product.id);
+    }
+    MemoryRegistry registry;
+    perform(registry, planApply(ProductStore(registry), product, Unnamed::removed));
+    return settingsText(registry, product.id);
+}
+
+std::string textOf(Run& run, const Product& product, Store* store, const std::string& format) {
+    if (format == "json") return toJson(product, run.encoding());
+    if (format == "xml") {
+        return policyCollection(product, run.encoding(), run.request.store.view == RegistryView::narrow);
+    }
+    return settingsOf(product, store);
+}
+
+std::string formatOf(const std::string& path) {
+    const auto ends = [&](std::string_view ending) {
+        return path.size() >= ending.size() && sameName(path.substr(path.size() - ending.size()), ending);
+    };
+    return ends(".json") ? "json" : ends(".xml") ? "xml" : "kls";
+}
+
+// A text as the name of a file on any system.
+std::string fileName(const std::string& text) {
+    static const std::set<std::string> devices{"con",  "prn",  "aux",  "nul",  "com1", "com2", "com3", "com4",
+                                               "com5", "com6", "com7", "com8", "com9", "lpt1", "lpt2", "lpt3",
+                                               "lpt4", "lpt5", "lpt6", "lpt7", "lpt8", "lpt9"};
+    std::string name = text;
+    for (char& c : name) {
+        if (static_cast<unsigned char>(c) < 0x20 || std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos) {
+            c = '_';
+        }
+    }
+    while (name.ends_with('.') || name.ends_with(' ')) name.back() = '_';
+    const std::string stem = name.substr(0, name.find('.'));
+    const bool isDevice =
+        std::any_of(devices.begin(), devices.end(), [&](const std::string& device) { return sameName(device, stem); });
+    return isDevice ? '_' + name : name;
+}
+
+// Writes a file, and tells it as a line of JSON.
+Json save(Run& run, const Product& product, Store* store, const std::string& path, const std::string& format) {
+    run.host.writeFile(path, textOf(run, product, store, format));
+    if (!run.request.json) run.print(labelOf(run, product.id) + " is in " + path);
+    Json line = identityOf(run, product.id);
+    line["file"] = path;
+    return line;
+}
+
+// Every Product in a file of its own, named by its key.
+Json exportAll(Run& run) {
+    Json lines = Json::array();
+    Store store(run, Store::Use::reading);
+    run.host.makeFolder(run.request.folder);
+    const std::string format = run.request.format.empty() ? "kls" : run.request.format;
+    std::set<std::string> used;
+    for (const ProductId& id : store.products().list()) {
+        if (!whyNoKey(id).empty()) continue;
+        const std::string first = fileName(run.shown(id.key));
+        std::string name = first;
+        const auto isUsed = [&] {
+            return std::any_of(used.begin(), used.end(), [&](const std::string& one) { return sameName(one, name); });
+        };
+        for (int number = 2; isUsed(); ++number) name = first + " " + std::to_string(number);
+        used.insert(name);
+        const std::string path = run.request.folder + '/' + name + '.' + format;
+        lines.push_back(save(run, store.products().read(id), &store, path, format));
+    }
+    return lines;
+}
+
+Json exportOne(Run& run, const std::string& text, const std::string& path) {
+    ProductSource source(run);
+    Store* store = source.find(text) ? &source.store() : nullptr;
+    return Json::array({save(run, source.read(text), store, path, formatOf(path))});
+}
+
+}  // namespace
+
+ExitCode exportProducts(Run& run) {
+    const auto& operands = run.request.operands;
+    const bool all = !run.request.folder.empty();
+    if (operands.size() != (all ? 0 : 2)) {
+        throw Failure(ExitCode::wrongUse, "export takes a Product and a file, or --all with a folder");
+    }
+    const Json lines = all ? exportAll(run) : exportOne(run, operands[0], operands[1]);
+    if (run.request.json) run.printJson(lines);
+    return ExitCode::done;
+}
+
+}  // namespace vrix::command

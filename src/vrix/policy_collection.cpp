@@ -1,0 +1,121 @@
+#include "vrix/policy_collection.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+
+namespace vrix {
+
+namespace {
+
+constexpr auto collectionClass = "{53B533F5-224C-47e3-B01B-CA3B3F3FF4BF}";
+constexpr auto itemClass = "{9CD4B2F4-923D-47f5-A062-E897DD1DAD50}";
+constexpr auto changed = "2000-01-01 00:00:00";  // never another, so that the same Product gives the same file
+
+// A hash of 64 bits, FNV-1a, from a start of one's choice.
+std::uint64_t hashOf(const std::string& text, std::uint64_t start) {
+    for (const char c : text) start = (start ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
+    return start;
+}
+
+// A GUID that is the same for the same text. Its version, 8, says that it was made in a way of one's own.
+std::string guidOf(const std::string& text) {
+    const std::uint64_t high = (hashOf(text, 0xCBF29CE484222325u) & ~0xF000ull) | 0x8000u;
+    const std::uint64_t low = (hashOf(text, high) & 0x3FFFFFFFFFFFFFFFull) | 0x8000000000000000ull;
+    std::array<char, 48> guid{};
+    std::snprintf(guid.data(), guid.size(), "{%08lX-%04lX-%04lX-%04lX-%012llX}", static_cast<unsigned long>(high >> 32),
+                  static_cast<unsigned long>(high >> 16 & 0xFFFFu), static_cast<unsigned long>(high & 0xFFFFu),
+                  static_cast<unsigned long>(low >> 48), static_cast<unsigned long long>(low & 0xFFFFFFFFFFFFull));
+    return guid.data();
+}
+
+std::string escaped(const std::string& text, const std::string& place) {
+    std::string safe;
+    for (const char c : text) {
+        switch (c) {
+            case '&': safe += "&amp;"; break;
+            case '<': safe += "&lt;"; break;
+            case '>': safe += "&gt;"; break;
+            case '"': safe += "&quot;"; break;
+            case '\t': safe += "&#9;"; break;
+            case '\n': safe += "&#10;"; break;
+            case '\r': safe += "&#13;"; break;
+            default:
+                if (static_cast<unsigned char>(c) < 0x20) throw Malformed(place, "XML cannot hold a control character");
+                safe += c;
+        }
+    }
+    return safe;
+}
+
+// The collection as it grows.
+class Collection {
+public:
+    Collection(const Encoding& encoding, bool narrow, const std::string& name)
+        : encoding_(encoding), family_(narrow ? "Software\\WOW6432Node\\Vrix" : "Software\\Vrix") {
+        text_ = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Collection clsid=\"";
+        text_ += collectionClass + std::string("\" name=\"") + attribute(name, "the name") + "\">\r\n";
+    }
+
+    void add(const KeyPath& path, const StoredValue& value) {
+        const std::string place = joined(path) + '\\' + value.name;
+        const std::string key = attribute(family_ + '\\' + joined(path), place);
+        const std::string name = attribute(value.name, place);
+        const Form form = formOf(value, place);
+        const std::string title = value.name.empty() ? "(Default)" : name;
+        text_ += "  <Registry clsid=\"" + std::string(itemClass) + "\" name=\"" + title + "\" status=\"" + title +
+                 "\" image=\"" + form.image + "\" changed=\"" + changed + "\" uid=\"" + guidOf(key + '\n' + name) +
+                 "\" bypassErrors=\"1\">\r\n    <Properties action=\"R\" displayDecimal=\"0\" default=\"" +
+                 (value.name.empty() ? "1" : "0") + "\" hive=\"HKEY_LOCAL_MACHINE\" key=\"" + key + "\" name=\"" +
+                 name + "\" type=\"" + form.type + "\" value=\"" + form.value + "\"/>\r\n  </Registry>\r\n";
+    }
+
+    std::string whole() const { return text_ + "</Collection>\r\n"; }
+
+private:
+    // How a value stands in an item. The image is the one for replaced texts, or that for replaced numbers and bytes.
+    struct Form {
+        const char* image;
+        const char* type;
+        std::string value;
+    };
+
+    Form formOf(const StoredValue& value, const std::string& place) const {
+        const bool endsOnce = value.data.find('\0') + 1 == value.data.size();
+        if (value.type == valuetype::string && endsOnce) return {"6", "REG_SZ", attribute(textOf(value), place)};
+        if (value.type == valuetype::expandString && endsOnce) {
+            return {"6", "REG_EXPAND_SZ", attribute(value.data.c_str(), place)};
+        }
+        if (value.type == valuetype::binary) return {"11", "REG_BINARY", hexDigits(value.data)};
+        if (value.type == valuetype::dword && value.data.size() == 4) {
+            return {"11", "REG_DWORD", hexDigits(std::string(value.data.rbegin(), value.data.rend()))};
+        }
+        throw Malformed(place, "a policy's collection has no form for this value");
+    }
+
+    std::string attribute(const std::string& text, const std::string& place) const {
+        const auto known = encoding_.toUtf8(text);
+        if (!known) throw Malformed(place, "this has bytes that stand for no character");
+        return escaped(*known, place);
+    }
+
+    const Encoding& encoding_;
+    std::string family_;
+    std::string text_;
+};
+
+}  // namespace
+
+std::string policyCollection(const Product& product, const Encoding& encoding, bool narrow) {
+    Collection collection(encoding, narrow, product.id.name.empty() ? product.id.key : product.id.name);
+    if (!product.id.name.empty()) {
+        collection.add(listPath(product.id.tree), textValue(product.id.name, product.id.key));
+    }
+    for (const StoredKey& key : product.keys) {
+        const KeyPath path = joinedPaths(rootPath(product.id), key.path);
+        for (const StoredValue& value : key.values) collection.add(path, value);
+    }
+    return collection.whole();
+}
+
+}  // namespace vrix

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
+#include <string>
+
+#include "product/product.h"
+#include "vrix/run.h"
+#include "vrix/store.h"
+
+namespace vrix {
+
+// ---- Products of a store ----
+
+// The Product of that name, or of that key where no name fits; what a deletion left behind has but a key. Throws
+// Failure: none, or several, which are named then.
+ProductId findProduct(Run& run, const ProductStore& store, const std::string& text);
+// The same, but nothing where there is none.
+std::optional<ProductId> lookFor(Run& run, const ProductStore& store, const std::string& text);
+// What a Product is known by, for machines: "name", "key" and "tree".
+nlohmann::ordered_json identityOf(const Run& run, const ProductId& id);
+// A Product for people, such as: "Site Safety Manual" (toolkit:SiteSafety).
+std::string labelOf(const Run& run, const ProductId& id);
+
+// ---- Products of files ----
+
+// A file with a Product in any form: JSON, or a settings file. Throws Failure, which names the file.
+Product productOfFile(Run& run, const std::string& path);
+
+// ---- Either ----
+
+// Reads Products that the user names: from the store, or else from files. The store is opened when it is first needed.
+class ProductSource {
+public:
+    explicit ProductSource(Run& run) : run_(run) {}
+
+    // The Product of the store; nothing where there is none, and so a file is meant.
+    std::optional<ProductId> find(const std::string& text);
+    Product read(const std::string& text);
+    Store& store();
+
+private:
+    bool hasStore() const;
+
+    Run& run_;
+    std::optional<Store> store_;
+};
+
+}  // namespace vrix

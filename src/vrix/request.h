@@ -1,0 +1,69 @@
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/host.h"
+
+namespace vrix {
+
+// What the program answers to its caller.
+enum class ExitCode {
+    done = 0,       // done, or equal, or clean
+    different = 1,  // differences or findings
+    wrongUse = 2,
+    notFound = 3,
+    refused = 4,    // by the store or the disk
+    malformed = 5,  // a file is not what it should be
+};
+
+// Ends a command with a sentence for the error stream, in UTF-8.
+class Failure final : public std::runtime_error {
+public:
+    Failure(ExitCode code_, const std::string& sentence) : std::runtime_error(sentence), code(code_) {}
+    ExitCode code;
+};
+
+// Which store a command works on.
+struct StoreChoice {
+    enum class Kind { registry, trial, file };
+
+    std::optional<Kind> kind{};  // that of the system if none is named
+    std::string path{};          // of a file
+    RegistryView view = RegistryView::own;
+    std::optional<unsigned> codePage{};
+};
+
+class Run;
+
+// What the command line asks for. Texts are UTF-8.
+struct Request {
+    using Command = ExitCode (*)(Run&);
+
+    Command command = nullptr;
+    StoreChoice store{};
+    std::vector<std::string> operands{};  // Products, files, a backup, in their order
+    std::string folder{};                 // for all exports
+    std::string format{};                 // of those
+    std::string finding{};                // to explain
+    std::optional<std::string> input{};   // an instance; read from the input if none is given
+    bool isDsc = false;                   // messages are for the engine
+    bool json = false;
+    bool yes = false;
+    bool noBackup = false;
+    bool dryRun = false;
+    bool merge = false;
+    bool files = false;
+};
+
+// Thrown in place of a request where a text is all that was asked for.
+struct HelpWanted {
+    std::string text;
+};
+
+// Reads a command line without the program's name. Throws Failure, and HelpWanted.
+Request readArguments(const std::vector<std::string>& arguments);
+
+}  // namespace vrix

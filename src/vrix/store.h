@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "makers/backup/backup_folder.h"
+#include "makers/embedded/journal_disk.h"
+#include "platform/registry.h"
+#include "product/plan.h"
+#include "product/product_store.h"
+#include "vrix/run.h"
+
+namespace vrix {
+
+class JournalRegistry;
+
+// The store that a run works on, open. A journal that is only read stays as it is. One that is written to must be free:
+// it is refused while another program has it.
+class Store {
+public:
+    enum class Use { reading, rehearsing, writing };
+
+    // Throws Failure for a store that is not there, that may not be used, or that nobody named where the system has no
+    // registry. A journal that is missing is made for writing, and empty when writing is only rehearsed.
+    Store(Run& run, const StoreChoice& choice, Use use);
+    Store(Run& run, Use use) : Store(run, run.request.store, use) {}
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
+
+    // Where the run writes, the first change is preceded by a backup, unless the request forbids it. Journals that the
+    // user names have none: they can be copied as files.
+    Registry& registry();
+    ProductStore products() { return ProductStore(registry()); }
+    // Makes the changes and tells each that is made. Once it returns, those of a journal are on the disk itself. Throws
+    // StoreRefused and Failure.
+    void change(const Plan& plan, const std::function<void(const StoreChange&)>& made = {});
+    // The backups of this store, or null.
+    BackupFolder* backups() const { return backups_.get(); }
+    // The backup that was made; empty if none was.
+    const std::string& backup() const { return backup_; }
+    bool isRegistry() const { return isRegistry_; }
+
+private:
+    void openRegistry(RegistryView view);
+    void openJournal(const std::string& path, Use use, bool mayLack);
+    std::string backupNamed(const std::string& text);
+    void keepBackupsIn(const std::string& folder);
+
+    Host& host_;
+    bool isRegistry_;
+    std::unique_ptr<JournalDisk> disk_;  // of the backups
+    std::unique_ptr<Registry> store_;
+    JournalRegistry* journal_ = nullptr;  // the store, where it is one that is written to
+    std::unique_ptr<BackupFolder> backups_;
+    std::unique_ptr<Registry> backedUp_;
+    std::string backup_;
+};
+
+}  // namespace vrix

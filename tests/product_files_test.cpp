@@ -1,0 +1,289 @@
+#include "product/check.h"
+#include "product/json/product_json.h"
+#include "product/settings_text.h"
+#include "product_dice.h"
+
+namespace vrix {
+namespace {
+
+// ---- Settings files ----
+
+std::string refusal(const std::string& file) {
+    try {
+        return "read: " + listing(readSettings(file, *western));
+    } catch (const Malformed& malformed) {
+        return malformed.what();
+    }
+}
+
+// As the registry editor writes it; in version 5.00 for texts whose bytes are their characters.
+std::string editorFile(const Product& product, bool isVersion5) {
+    const auto wide = [](const std::string& text) {
+        std::string units;
+        for (const char c : text) units += {c, '\0'};
+        return units;
+    };
+    const auto escaped = [](const std::string& text) {
+        std::string all = "\"";
+        for (const char c : text) all += (c == '"' || c == '\\' ? "\\" : "") + std::string(1, c);
+        return all + '"';
+    };
+    const std::string family = "HKEY_LOCAL_MACHINE\\SOFTWARE\\Vrix\\";
+    std::string text = isVersion5 ? "Windows Registry Editor Version 5.00\r\n\r\n" : "REGEDIT4\r\n; all\r\n";
+    for (const StoredKey& key : product.keys) {
+        text +=
+            '[' + family + joined(rootPath(product.id)) + (key.path.empty() ? "" : "\\" + joined(key.path)) + "]\r\n";
+        for (const auto& [name, type, data, isExact] : key.values) {
+            text += (name.empty() ? "@" : escaped(name)) + '=';
+            const bool isLine =
+                type == valuetype::string && !data.empty() &&
+                data.substr(0, data.size() - 1).find_first_of(std::string("\r\n\0", 3)) == std::string::npos;
+            const bool isText =
+                type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
+            text += isLine ? escaped(data.substr(0, data.size() - 1))
+                           : "hex(" + std::string(1, "0123456789abc"[type]) + "):";
+            for (const char c : isLine ? "" : isVersion5&& isText ? wide(data) : data) {
+                char byte[8];
+                std::snprintf(byte, sizeof byte, "%02x,", static_cast<unsigned char>(c));
+                text += byte + std::string(text.size() % 7 == 0 ? "\\\r\n  " : "");
+            }
+            while (text.ends_with(' ') || text.ends_with('\r') || text.ends_with('\n') || text.ends_with('\\'))
+                text.pop_back();
+            if (text.ends_with(',')) text.pop_back();
+            text += "\r\n";
+        }
+        text += "\r\n";
+    }
+    text += '[' + family + joined(listPath(product.id.tree)) + "]\r\n" + escaped(product.id.name) + "=\"K\"\r\n\r\n";
+    return isVersion5 ? "\xFF\xFE" + wide(text) : text;
+}
+
+TEST(SettingsText, OfTheRegistryEditorIsReadByItsRules) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        Product product = Dice(seed).product();
+        ASSERT_EQ(refusal(editorFile(product, false)), "read: " + listing(product)) << seed;
+        const auto isOdd = [](const std::string& text) { return text.find('\x81') != std::string::npos; };
+        std::erase_if(product.keys, [&](const StoredKey& key) { return isOdd(joined(key.path)); });
+        for (StoredKey& key : product.keys) {
+            std::erase_if(key.values, [&](const StoredValue& value) { return isOdd(value.name) || isOdd(value.data); });
+        }
+        ASSERT_EQ(refusal(editorFile(product, true)), "read: " + listing(product)) << seed;
+    }
+}
+
+TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
+    const std::string head = "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\K]\r\n";
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"", "line 1: this is no settings file"},
+        {"REGEDIT5\r\n", "line 1: this is no settings file"},
+        {"\xFF\xFE"
+         "a",
+         "the file holds half a character"},
+        {head + "[-HKEY_LOCAL_MACHINE\\Software\\Vrix\\K]\r\n\r\n", "line 4: it deletes a key"},
+        {head + "\"a\"=-\r\n\r\n", "line 4: it deletes a value"},
+        {head + "[HKEY_CURRENT_USER\\Software\\Vrix\\K]\r\n\r\n", "line 4: the key is not below"},
+        {head + "[HKEY_LOCAL_MACHINE\\Software\\Other]\r\n\r\n", "line 4: the key is not below"},
+        {head + "[HKEY_LOCAL_MACHINE\\Software\\Vrix\\K\\..\\..\\Other]\r\n\r\n", "read: ,K!\n[]\n[..]\n[..\\..]\n"},
+        {head + "[HKEY_LOCAL_MACHINE\\Software\\Vrix\\L]\r\n\r\n", "line 4: the key is not that of the file's one"},
+        {head + "[HKEY_LOCAL_MACHINE\\Software\\Vrix]\r\n\"a\"=\"b\"\r\n\r\n", "line 4: the key is not that of"},
+        {head + "[HKEY_LOCAL_MACHINE\\Software\\Vrix\\Products]\r\n\"a\"=\"K\"\r\n\"b\"=\"K\"\r\n\r\n",
+         "line 4: there is more"},
+        {head + "\"a\"=\"b\\c\"\r\n\r\n", "line 4: a backslash stands"},
+        {head + "\"a\"=\"b\"c\"\r\n\r\n", "line 4: there is more behind"},
+        {head + "\"a\"=\"b\r\nc\"\r\n\r\n", "line 4: the text has no end"},
+        {head + "\"a\"=hex:1,\\\r\n", "the file does not end with an empty line"},
+        {head + "\"a\"=hex:1,,2\r\n\r\n", "line 4: this is no list of bytes"},
+        {head + "\"a\"=dword:123456789\r\n\r\n", "line 4: this is no number"},
+        {head + "a\r\n\r\n", "line 4: this is neither"},
+        {head + std::string("\"a\"=\"\0\"\r\n\r\n", 11), "line 4: there is a zero byte"},
+        {"REGEDIT4\r\n\r\n\"a\"=\"b\"\r\n\r\n", "line 3: the value stands in no section"},
+        {"REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\Toolkit]\r\n\r\n", "the file names no Product"},
+        {"REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\Products]\r\n\"a\"=\"K\"\r\n\r\n",
+         "the file is cut off"}};
+    for (const auto& [file, told] : cases) EXPECT_EQ(refusal(file).substr(0, told.size()), told) << file;
+
+    // Cut off at any byte, and with any line taken from another place.
+    const std::string file = expected("big.kls");
+    for (std::size_t size = 0; size < file.size(); ++size)
+        ASSERT_FALSE(refusal(file.substr(0, size)).starts_with("read")) << size;
+    std::string unixFile = file;
+    std::erase(unixFile, '\r');
+    EXPECT_EQ(refusal(unixFile), refusal(file));
+    const std::string other = editorFile(Dice(1).product(), true);
+    for (std::size_t size = 0; size < other.size(); ++size) refusal(other.substr(0, size));
+    for (std::size_t at = file.find("\r\n[", 30); at != std::string::npos; at = file.find("\r\n[", at + 1)) {
+        ASSERT_FALSE(refusal(std::string(file).insert(at + 2, "[HKEY_LOCAL_MACHINE\\Software\\Vrix\\L]\r\n"))
+                         .starts_with("read"));
+    }
+}
+
+// ---- What the Toolkit leaves ----
+
+// Does anything at the window in front. Texts are such as a file of one line for each can hold.
+void work(Walk& walk, Dice& dice) {
+    for (int steps = 0; steps < 60 && !walk.windows.ended; ++steps) {
+        const std::vector<Control*> controls = walk.user.form().controls();
+        Control& target = *controls[dice.below(static_cast<unsigned>(controls.size()))];
+        const std::string& name = target.name();
+        if (!target.visible() || !target.enabled() || name == "ExitBtn" || name == "SettingsPath") continue;
+        const std::string text =
+            dice.any({"Intro", "The \"Tools\"", "a\"=\"b", "C:\\a\\b.doc", "\\\\s\\c.doc", "\xE4\\x", " "});
+        if (dynamic_cast<ImageButton*>(&target) != nullptr) walk.user.press(name);
+        if (dynamic_cast<CheckBox*>(&target) != nullptr) walk.user.check(name, dice.once(2));
+        if (dynamic_cast<TextBox*>(&target) != nullptr) walk.user.type(name, text);
+        const auto* box = dynamic_cast<ComboBox*>(&target);
+        if (box != nullptr && box->count() > 0) walk.user.choose(name, dice.row(box->count()));
+        const auto* list = dynamic_cast<MarkList*>(&target);
+        if (list != nullptr && list->count() > 0) walk.user.mark(name, dice.row(list->count()), dice.once(2));
+    }
+}
+
+// The file that the hub of the Toolkit writes; none if that ends the program.
+std::string exported(const std::shared_ptr<EmbeddedRegistry>& store) {
+    Walk walk(store);
+    walk.start().editProduct().user.press("ExportSettingsBtn").type("SettingsPath", walk.path("out")).press("NextBtn");
+    return walk.windows.ended ? "" : walk.file("out");
+}
+
+TEST(SettingsText, OfWhateverTheToolkitLeavesIsItsOwnAndReadsBack) {
+    int same = 0;
+    int whole = 0;
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        Dice dice(seed);
+        const auto left = std::make_shared<MemoryRegistry>();
+        Walk(left).createProduct("Manual");
+        for (const char* group : {"TopicsBtn", "TopicOrderBtn", "DependenciesBtn", "SmartFieldsBtn", "CoverPagesBtn"}) {
+            Walk walk(left);
+            walk.start().editProduct().user.press(group);
+            work(walk, dice);
+        }
+        const ProductStore store(*left);
+        const Product product = store.read(store.list().at(0));
+        ASSERT_EQ(listing(fromJson(toJson(product, *western), *western)), listing(product)) << seed;
+        ASSERT_EQ(applied(product), listing(product)) << seed;
+        const std::string file = settingsText(*left, product.id);
+        const std::string byToolkit = exported(left);
+        same += !byToolkit.empty();
+        ASSERT_TRUE(byToolkit.empty() || byToolkit == file) << seed;
+        const Product back = readSettings(file, *western);
+        MemoryRegistry other;
+        apply(other, back);
+        ASSERT_EQ(settingsText(other, back.id), file) << seed;
+        // Unnamed values are lost with the file; one in front of others costs the names behind it their texts.
+        bool shifts = false;
+        for (const StoredKey& key : product.keys) {
+            const StoredValue* unnamed = findValue(&key, "");
+            shifts |= unnamed != nullptr && unnamed != &key.values.back();
+        }
+        if (shifts) continue;
+        ++whole;
+        for (const Difference& d : compare(product, back)) {
+            ASSERT_TRUE(!d.right && (d.what.empty() || d.what == "index of " || d.what.starts_with("row  of")))
+                << seed << listing({d});
+        }
+    }
+    EXPECT_GT(same, 20);
+    EXPECT_GT(whole, 20);
+}
+
+// ---- Findings ----
+
+std::string found(const std::vector<Finding>& findings) {
+    std::set<std::string> names;
+    for (const Finding& finding : findings) names.insert(std::string(finding.kind->name));
+    std::string all;
+    for (const std::string& name : names) all += (all.empty() ? "" : " ") + name;
+    return all;
+}
+
+TEST(Check, FindsWhatIsSharp) {
+    const Product whole = readSettings(expected("sample.kls"), *western);
+    EXPECT_EQ(found(checkProduct(whole, *western)), "");
+    const auto with = [&](const KeyPath& path, const StoredValue& value) {
+        Product product = whole;
+        std::vector<StoredValue>& values = product.at(path).values;
+        std::erase_if(values, [&](const StoredValue& v) { return v.name == value.name; });
+        if (value.type != 0) values.push_back(value);
+        return found(checkProduct(product, *western));
+    };
+    const auto text = [](const char* name, const char* data) { return textValue(name, data); };
+    const auto none = [](const char* name) { return StoredValue{name, 0, ""}; };
+    EXPECT_EQ(with(part::options, none("AllowNoTOC")), "missing-option");
+    EXPECT_EQ(with(part::options, text("AllowNoTOC", "yes")), "odd-option");
+    EXPECT_EQ(with(part::options, text("UserDefined1Pos", "-1")), "odd-option");
+    EXPECT_EQ(with(part::options, text("DefaultCoverPage", "-1")), "");
+    EXPECT_EQ(with(part::options, {"AllowNoTOC", valuetype::dword, {"\1\0\0\0", 4}}), "odd-type");
+    EXPECT_EQ(with(part::options, text("New", "")), "unknown-value");
+    EXPECT_EQ(with({"New"}, text("New", "")), "unknown-value");
+    EXPECT_EQ(with(part::options, text("UserDefined1", "a\"b")), "quotation-mark");
+    EXPECT_EQ(with(part::options, text("UserDefined1", "a\\b")), "plain-backslash");
+    EXPECT_EQ(with(part::options, text("UserDefined1", "a\nb")), "line-break");
+    EXPECT_EQ(with(part::options, text("UserDefined1", "a\x81")), "undefined-bytes");
+    EXPECT_EQ(with(part::options, text("TOCPath", "%A%\\b")), "percent-pair");
+    EXPECT_EQ(with(part::options, text("TOCPath", "C:\\a\\\\b")), "path-with-double-backslash");
+    EXPECT_EQ(with(part::options, text("TOCPath", "a.doc")), "relative-path");
+    EXPECT_EQ(with(part::options, text("TOCPath", "C:\\a.doc ")), "blank-at-path-end");
+    EXPECT_EQ(with(part::options, text("TOCPath", "X:\\a.doc")), "drive-letter");
+    EXPECT_EQ(with(part::topics, none("Safety")), "index-without-topic one-topic-left");
+    EXPECT_EQ(with(part::addedTopics, text("SAFETY", "C:\\a")), "added-elsewhere");
+    EXPECT_EQ(with(part::addedTopics, text("New", "C:\\a")), "topic-without-index");
+    EXPECT_EQ(with(part::matrix, none("0")), "topic-without-row");
+    EXPECT_EQ(with(part::matrix, text("1", "7")), "unknown-dependency");
+    EXPECT_EQ(with(part::matrix, text("9", "")), "row-beyond-topics");
+    EXPECT_EQ(with(part::matrix, text("", "")), "unnamed-value-behind");
+    EXPECT_EQ(found(checkProduct({whole.id, {}}, *western)), "key-without-settings");
+    StandardFiles files;
+    EXPECT_EQ(found(checkFiles(whole, files)), "missing-file");
+    for (const FindingKind& kind : findingKinds()) EXPECT_EQ(findFindingKind(kind.name), &kind);
+
+    const auto store = std::make_shared<MemoryRegistry>();
+    Walk walk(store);
+    walk.createProduct("K");
+    const ProductStore products(*store);
+    EXPECT_EQ(found(checkStore(products)), "");
+    EXPECT_EQ(found(checkViews(products, products)), "other-view");
+    walk.put("Toolkit\\Products", "Again", "K");
+    walk.put("Toolkit\\Products", "Inside", "K\\Options");
+    walk.put("Toolkit\\Products", "Nothing", "");
+    walk.put("Products", "k", "L");
+    walk.put("Old", "CreationDate", "");
+    EXPECT_EQ(found(checkStore(products)),
+              "key-of-nothing leftover nested-products same-name-in-both-trees two-products-one-key");
+    EXPECT_THROW(planRemoval(products, {Tree::toolkit, "K", "K"}), PlanRefused);
+    EXPECT_THROW(planApply(products, {{Tree::toolkit, "Inside", "New"}, {}}, Unnamed::removed), PlanRefused);
+}
+
+// Whatever ends the Toolkit when it opens a page of a Product, or exports it, was found before.
+TEST(Check, ForeseesWhatEndsTheToolkit) {
+    int ended = 0;
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        Dice dice(seed);
+        Product product = readSettings(expected("sample.kls"), *western);
+        std::vector<StoredValue>& values = product.keys[dice.below(static_cast<unsigned>(product.keys.size()))].values;
+        if (!values.empty()) values.erase(values.begin() + dice.below(static_cast<unsigned>(values.size())));
+        Product odd = dice.product();
+        for (const StoredValue& value : dice.once(2) ? odd.at(part::matrix).values : std::vector<StoredValue>()) {
+            if (findValue(product.find(part::matrix), value.name) == nullptr)
+                product.at(part::matrix).values.push_back(value);
+        }
+        const auto store = std::make_shared<MemoryRegistry>();
+        apply(*store, product);
+        bool ends = exported(store).empty();
+        for (const char* group : {"ProductSettingsBtn", "CoverPagesBtn", "ContentSummaryBtn", "TableOfContentsBtn",
+                                  "ConclusionBtn", "TopicsBtn", "TopicOrderBtn", "DependenciesBtn",
+                                  "UserDefinedFieldsBtn", "SmartFieldsBtn", "MiscellaneousSettingsBtn"}) {
+            Walk walk(store);
+            walk.start().editProduct().user.press(group);
+            ends |= walk.windows.ended;
+        }
+        ended += ends;
+        const auto findings = checkProduct(ProductStore(*store).read(product.id), *western);
+        const bool isFound = std::any_of(findings.begin(), findings.end(),
+                                         [](const Finding& f) { return f.kind->severity == Severity::error; });
+        ASSERT_TRUE(!ends || isFound) << seed << found(findings) << '\n' << listing(product);
+    }
+    EXPECT_GT(ended, 5);
+}
+
+}  // namespace
+}  // namespace vrix

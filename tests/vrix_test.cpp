@@ -1,0 +1,252 @@
+#include "vrix/vrix.h"
+
+#include <nlohmann/json.hpp>
+
+#include "makers/backup/backed_up_registry.h"
+#include "makers/embedded/memory_registry.h"
+#include "registry_suite.h"
+#include "stubs.h"
+#include "test_encoding.h"
+
+namespace vrix {
+namespace {
+
+// A system with a registry and files in memory, and local data in a folder that goes with it.
+class TestHost final : public Host {
+public:
+    bool isAttended() override { return !answer.empty(); }
+    std::string readLine() override { return answer; }
+    std::string readAll() override { return input; }
+    void write(const std::string& text) override { out += text; }
+    void writeError(const std::string& text) override { err += text; }
+    void flush() override {}
+    std::optional<std::string> readFile(const std::string& path) override {
+        const auto found = files.find(path);
+        return found == files.end() ? std::nullopt : std::optional(found->second);
+    }
+    void writeFile(const std::string& path, const std::string& bytes) override {
+        if (path.starts_with("full/")) throw HostRefused("the file \"" + path + "\" cannot be written");
+        files[path] = bytes;
+    }
+    void makeFolder(const std::string&) override {}
+    std::vector<std::string> filesOf(const std::string& pattern) override { return {pattern}; }
+    std::unique_ptr<Registry> registry(RegistryView view) override {
+        if (!hasRegistry) return nullptr;
+        return std::make_unique<BackedUpRegistry>(view == RegistryView::narrow ? narrow : wide, nullptr);
+    }
+    RegistryView ownView() override { return RegistryView::wide; }
+    unsigned codePage() override { return 1252; }
+    std::unique_ptr<Encoding> encoding(unsigned number) override { return testEncoding(number); }
+    std::unique_ptr<JournalDisk> journalDisk() override {
+        auto disk = std::make_unique<StubDisk>(isFree);
+        disk->syncs = syncs;
+        return disk;
+    }
+    std::string localDataFile(const std::string& folder, const std::string& file) override {
+        if (hasLocalData) std::filesystem::create_directories(data.folder / folder);
+        return data.path(folder) + '/' + file;
+    }
+    std::time_t now() override { return time++; }
+
+    // Runs a command and gives its exit code and all that it printed.
+    std::string run(const std::vector<std::string>& arguments) {
+        out = err = "";
+        const int code = runVrix(arguments, *this);
+        return std::to_string(code) + '|' + out + err;
+    }
+    std::string tree() { return listing(wide, hive::localMachine); }
+
+    StubRegistry wide;
+    StubRegistry narrow;
+    std::map<std::string, std::string> files{{"sample.kls", bytesOf(VRIX_EXPECTED "/sample.kls")}};
+    std::string answer, input, out, err;
+    bool hasRegistry = true;
+    bool isFree = true;
+    bool syncs = true;
+    bool hasLocalData = true;
+    std::time_t time = 1'800'000'000;
+    TemporaryFolder data;
+};
+
+class Vrix : public testing::Test {
+protected:
+    std::string run(const std::vector<std::string>& arguments) { return host.run(arguments); }
+    // The code alone.
+    char code(const std::vector<std::string>& arguments) { return run(arguments)[0]; }
+    void write(const std::string& name, const std::string& text,
+               const std::string& section = "Toolkit\\SampleKey\\Options") {
+        ASSERT_TRUE(host.wide.replay(
+            Change(Change::Kind::setValue, "Software\\Vrix\\" + section, name, valuetype::string, text + '\0')));
+    }
+    std::string latest() {
+        run({"backups", "--json"});
+        return nlohmann::json::parse(host.out).at(0).at("file");
+    }
+
+    TestHost host;
+};
+
+}  // namespace
+
+TEST_F(Vrix, BringsAProductBackFromEachFormThatItWasKeptIn) {
+    EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    const std::string whole = host.tree();
+    EXPECT_EQ(code({"export", "Sample Manual", "kept.kls"}), '0');
+    EXPECT_EQ(code({"export", "toolkit:samplekey", "kept.json"}), '0');
+    EXPECT_EQ(code({"export", "kept.json", "again.kls"}), '0');
+    EXPECT_EQ(host.files["again.kls"], host.files["kept.kls"]);
+    for (const std::vector<std::string>& back : {std::vector<std::string>{"apply", "sample.kls"},
+                                                 {"apply", "kept.json"},
+                                                 {"restore", "latest"},
+                                                 {"restore", "latest", "SampleKey"}}) {
+        EXPECT_EQ(code({"remove", "SampleKey", "--yes"}), '0');
+        EXPECT_EQ(host.tree().find("SampleKey"), std::string::npos);
+        EXPECT_EQ(code(back), '0') << back[1];
+        EXPECT_EQ(host.tree(), whole) << back[1];
+        EXPECT_EQ(run({"compare", "SampleKey", "sample.kls"}), "0|No differences.\n");
+    }
+    EXPECT_EQ(code({"--store", latest(), "show", "SampleKey"}), '3');  // as it was before the last restore
+    write("AllowNoTOC", "1");
+    EXPECT_EQ(run({"compare", "sample.kls", "SampleKey"}), "1|options\n  - AllowNoTOC = 0\n  + AllowNoTOC = 1\n");
+    EXPECT_EQ(run({"apply", "kept.json", "--dry-run"}),
+              "0|kept.json: \"Sample Manual\" (toolkit:SampleKey):\n"
+              "  set Toolkit\\SampleKey\\Options\\AllowNoTOC = 0 (was 1)\n1 change to make; nothing was written.\n");
+    const std::string edited = host.tree();
+    EXPECT_EQ(code({"apply", "kept.json"}), '0');
+    EXPECT_EQ(host.tree(), whole);
+    EXPECT_EQ(run({"apply", "kept.kls"}), "0|kept.kls: \"Sample Manual\" (toolkit:SampleKey): nothing to change\n");
+    EXPECT_EQ(code({"--store", "latest", "export", "SampleKey", "backup.json"}), '0');
+    EXPECT_EQ(code({"apply", "backup.json"}), '0');
+    EXPECT_EQ(host.tree(), edited);
+}
+
+TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
+    host.files["bad.kls"] = "REGEDIT4\n";
+    host.files["bad.json"] = "{\"key\": \"K\", \"colour\": 1}";
+    host.files["x.json"] = "{\"name\": \"Sample Manual\", \"key\": \"X\", \"tree\": \"installed\"}";
+    EXPECT_EQ(code({"apply", "sample.kls", "x.json"}), '0');
+    struct Case {
+        std::vector<std::string> arguments;
+        char code;
+        std::string said;
+    };
+    for (const auto& [arguments, expected, said] : std::vector<Case>{
+             {{"list", "--json"}, '0', "\"key\": \"SampleKey\""},
+             {{"--version"}, '0', "vrix "},
+             {{"restore", "--help"}, '0', "vrix restore latest"},
+             {{"check", "--explain", "missing-option"}, '0', "missing-option (error)"},
+             {{"check", "sample.kls"}, '0', "Nothing was found."},
+             {{"check", "x.json"}, '1', "error missing-option: X\\Options\\AllowNoTOC"},
+             {{"compare", "sample.kls", "x.json"}, '1', "+ key = X"},
+             {{"show", "X", "--no-such"}, '2', "--no-such"},
+             {{"show", "Sample Manual"}, '2', "any of \"Sample Manual\" (installed:X), \"Sample Manual\" (toolkit:"},
+             {{"remove", "X"}, '2', "--yes"},
+             {{"apply", "sample.kls", "sample.kls"}, '2', "both for"},
+             {{"show", "installed:SampleKey"}, '3', "neither a Product nor a file"},
+             {{"--store", "none.journal", "list"}, '3', "none.journal"},
+             {{"restore", "none"}, '3', "no backup \"none\""},
+             {{"export", "X", "full/x.kls"}, '4', "full/x.kls"},
+             {{"apply", "bad.kls"}, '5', "bad.kls: the file does not end"},
+             {{"apply", "bad.json"}, '5', "bad.json: /colour"},
+             {{"apply", "sample.kls", "bad.json", "--json"}, '5', "bad.json"},
+         }) {
+        const std::string answer = run(arguments);
+        EXPECT_EQ(answer[0], expected) << answer;
+        EXPECT_NE(answer.find(said), std::string::npos) << answer;
+    }
+    host.wide.answer = RegistryStatus::accessDenied;
+    host.files["x.json"].replace(10, 6, "Renamed");
+    EXPECT_EQ(run({"apply", "x.json"}).substr(0, 17), "4|x.json: \"Rename");
+    EXPECT_NE(host.err.find("run vrix as an administrator"), std::string::npos) << host.err;
+    host.hasRegistry = false;
+    EXPECT_EQ(code({"list"}), '2');
+    EXPECT_EQ(code({"check", "sample.kls"}), '0');
+}
+
+TEST_F(Vrix, LeavesAJournalThatItReadsAsItIsAndOneThatIsHeldAlone) {
+    const std::string path = host.data.path("store.journal");
+    EXPECT_EQ(code({"apply", "sample.kls", "--dry-run", "--store", path}), '0');
+    EXPECT_FALSE(std::filesystem::exists(path));
+    host.syncs = false;
+    EXPECT_EQ(code({"apply", "sample.kls", "--store", path}), '4');
+    EXPECT_EQ(host.out.find("changes made"), std::string::npos);
+    host.syncs = true;
+    EXPECT_EQ(code({"apply", "sample.kls", "--store", path}), '0');
+    const std::string torn = bytesOf(path) + "\x01";
+    writeBytes(path, torn);
+    host.isFree = false;
+    EXPECT_EQ(code({"list", "--store", path}), '0');
+    EXPECT_EQ(run({"remove", "SampleKey", "--yes", "--store", path}).substr(0, 1), "4");
+    EXPECT_NE(host.err.find("is in use by another program"), std::string::npos);
+    EXPECT_EQ(bytesOf(path), torn);
+}
+
+TEST_F(Vrix, KeepsABackupBeforeItWritesAndTheNewestTwenty) {
+    const auto count = [&] {
+        run({"backups", "--json"});
+        return nlohmann::json::parse(host.out).size();
+    };
+    EXPECT_EQ(code({"apply", "sample.kls", "--no-backup"}), '0');
+    EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    EXPECT_EQ(count(), 0u);
+    for (int i = 0; i < 25; ++i) {
+        write("DefaultCourseName", std::to_string(i));
+        EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    }
+    EXPECT_EQ(count(), 20u);
+    host.files["x.json"] = "{\"name\": \"X\", \"key\": \"X\"}";
+    EXPECT_EQ(code({"apply", "x.json", "--no-backup"}), '0');
+    EXPECT_NE(run({"backups"})
+                  .find("\n  changed since: \"Sample Manual\" (toolkit:SampleKey)\n  added since: \"X\" "
+                        "(toolkit:X)\n"),
+              std::string::npos)
+        << host.out;
+    EXPECT_EQ(code({"restore", "latest", "--no-backup"}), '0');
+    EXPECT_EQ(code({"show", "X"}), '3');
+    std::filesystem::remove_all(host.data.path("Vrix Toolkit Backups (64-bit)"));
+    host.hasLocalData = false;
+    const std::string whole = host.tree();
+    EXPECT_EQ(code({"apply", "x.json"}), '4');
+    EXPECT_NE(host.err.find("--no-backup"), std::string::npos) << host.err;
+    EXPECT_EQ(host.tree(), whole);
+}
+
+TEST_F(Vrix, RestoresRowsThatShareAKeyOrHaveNoneAndProductsInOneAnother) {
+    EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    for (const char* key : {"SampleKey", "SampleKey\\Options", ""}) {
+        write("Odd" + std::string(key), key, "Toolkit\\Products");
+    }
+    const std::string whole = host.tree();
+    host.files["x.json"] = "{\"name\": \"X\", \"key\": \"X\"}";
+    EXPECT_EQ(code({"apply", "x.json"}), '0');
+    const std::string backup = latest();
+    write("AllowNoTOC", "9");
+    write("Sample Manual", "Elsewhere", "Toolkit\\Products");
+    EXPECT_EQ(code({"restore", backup}), '0');
+    EXPECT_EQ(host.tree(), whole);
+    EXPECT_EQ(run({"restore", backup}).find(" made."), std::string::npos) << host.out;
+}
+
+TEST_F(Vrix, IsAResourceOfDsc) {
+    EXPECT_EQ(run({"dsc", "get", "--input", "{\"key\":\"X\"}"}),
+              "0|{\"key\":\"X\",\"tree\":\"toolkit\",\"_exist\":false}\n");
+    host.input = "{\"key\":\"X\",\"name\":\"The X\",\"topics\":[{\"name\":\"A\",\"file\":\"a.doc\"}]}";
+    EXPECT_EQ(code({"dsc", "set"}), '0');
+    EXPECT_NE(host.out.find("\"_exist\":true}\n[\"_exist\"]\n"), std::string::npos) << host.out;
+    const std::string whole = host.tree();
+    host.input.replace(host.input.find("a.doc"), 5, "b.doc");
+    EXPECT_EQ(code({"dsc", "test"}), '0');
+    EXPECT_NE(host.out.find("\"_inDesiredState\":false}\n[\"topics\"]\n"), std::string::npos) << host.out;
+    EXPECT_EQ(host.tree(), whole);
+    EXPECT_EQ(run({"dsc", "set"}).substr(0, 1), "0");
+    EXPECT_EQ(code({"dsc", "test"}), '0');
+    EXPECT_NE(host.out.find("\"_inDesiredState\":true}\n[]\n"), std::string::npos) << host.out;
+    host.input = "{\"key\":\"X\",\"_exist\":false}";
+    EXPECT_EQ(code({"dsc", "set"}), '0');
+    EXPECT_EQ(run({"dsc", "export"}), "0|");
+    host.input = "{\"key\":\"X\",\"file\":\"sample.kls\"}";
+    EXPECT_EQ(run({"dsc", "get"}),
+              "5|{\"error\":\"the instance tells another Product than sample.kls, or more than its key.\"}\n");
+}
+
+}  // namespace vrix
