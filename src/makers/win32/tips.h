@@ -7,7 +7,8 @@
 
 namespace vrix {
 
-// The tips of one window. A tip shows a text that its control has no room for, while the pointer rests there.
+// The tips of one window. A tip shows a text that its control has no room for, or does not say, while the pointer rests
+// there.
 class Tips {
 public:
     // Sets the tip of a child of `owner`. An empty text takes it away.

@@ -33,6 +33,13 @@ Edit2::Edit2(Toolkit& owner) : Page(owner, "Edit2", "Product Name", editTask) {
     SmartFieldsBtn.action = [this] { open(toolkit.create19, &Create19::initThis19); };
     MiscellaneousSettingsBtn.action = [this] { open(toolkit.create17, &Create17::initThis17); };
     ExportSettingsBtn.action = [this] { open(toolkit.create18, &Create18::initThis18); };
+    // The hub opens at the button that was used last, for the next Product too.
+    for (ImageButton* button : only<ImageButton>(Frame2.children())) {
+        button->action = [this, button, open = button->action] {
+            firstFocus = button;
+            open();
+        };
+    }
 }
 
 template <class OwnerPage, class Init>
