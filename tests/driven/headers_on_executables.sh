@@ -8,7 +8,7 @@ facts() {
     nm -A "${1%/*}"/libvrix_*.a | sed -n 's/.*libvrix_\(\w*\)\.a:.*_stack_chk_fail$/\1/p' | sort -u
     x86_64-w64-mingw32-windres -J coff -O rc "$1" | grep -oE \
         'GROUP_ICON|FILEVERSION .*|MANIFEST|PerMonitorV2|level=""\w+|Controls"" version=""6' | tr -d ' "'
-    find "$1" \( -path '*64/VrixToolkit.exe' -size +1499999c -o -name vrix.exe -size +1999999c \) -printf 'too large: %s bytes\n'
+    find "$1" \( -path '*64/VrixToolkit.exe' -size +1499999c -o -path '*64/vrix.exe' -size +1999999c \) -printf 'too large: %s bytes\n'
 }
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
 all=".rsrc .reloc backup command core portable product product_json win32 GROUP_ICON FILEVERSION${version//./,},0 MANIFEST Controlsversion=6"

@@ -58,6 +58,13 @@ cmp "$out/kept.json" "$out/backup.json"
 vrix restore latest >/dev/null
 store | diff "$out/before" -
 
+# What the code page lacks is named, and does not keep the rest from being read and put right.
+LC_ALL=C.UTF-8 wine reg add 'HKLM\Software\Vrix\Toolkit\SampleKey\Options' /v UserDefined1 /d 'Ω' /f >/dev/null
+is 1 check
+grep '^warning outside-code-page: .*UserDefined1' "$out/said" >/dev/null
+vrix apply "$out/kept.json" >/dev/null
+store | diff "$out/before" -
+
 # Other stores.
 [ "$(narrow)" = 0 ]
 vrix --view 32 apply "$out/kept.kls" >/dev/null
