@@ -70,7 +70,8 @@ inline std::string listing(const Product& product) {
     std::string text = product.id.name + ',' + product.id.key + (product.id.tree == Tree::toolkit ? "" : "!") + '\n';
     for (const StoredKey& key : product.keys) {
         text += '[' + joined(key.path) + "]\n";
-        for (const auto& [name, type, data, isExact] : key.values) text += name + '=' + std::to_string(type) + ':' + data + '\n';
+        for (const auto& [name, type, data, isExact] : key.values)
+            text += name + '=' + std::to_string(type) + ':' + data + '\n';
     }
     std::replace(text.begin(), text.end(), '\0', '~');
     return text;
