@@ -1,6 +1,7 @@
 #include "product/plan.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <string_view>
 #include <unordered_map>
@@ -183,8 +184,8 @@ Plan planApply(const ProductStore& store, const Product& product, Unnamed unname
     refuseShared(store.list(), product.id, false);
     Plan plan;
     planRows(plan, store, product.id, unnamed);
-    const Plan settings = planSettings(store, product, unnamed);
-    plan.insert(plan.end(), settings.begin(), settings.end());
+    Plan settings = planSettings(store, product, unnamed);
+    std::move(settings.begin(), settings.end(), std::back_inserter(plan));
     return plan;
 }
 

@@ -17,23 +17,25 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// The settings file of a Product: of its own store, or of one that holds nothing else.
-std::string settingsOf(const Product& product, Store* store) {
-    if (store != nullptr) {
-        KeptKeys kept(store->registry());
-        return settingsText(kept, product.id);
-    }
+// The settings file of a Product that stands in no store: of one that holds nothing else.
+std::string settingsOf(const Product& product) {
     MemoryRegistry registry;
     perform(registry, planApply(ProductStore(registry), product, Unnamed::removed));
     return settingsText(registry, product.id);
 }
 
-std::string textOf(Run& run, const Product& product, Store* store, const std::string& format) {
+std::string bytesOf(Run& run, const Product& product, const std::string& format) {
     if (format == "json") return toJson(product, run.encoding());
     if (format == "xml") {
         return policyCollection(product, run.encoding(), run.request.store.view == RegistryView::narrow);
     }
-    return settingsOf(product, store);
+    return settingsOf(product);
+}
+
+std::string bytesOf(Run& run, Store& store, const ProductId& id, const std::string& format) {
+    if (format != "kls") return bytesOf(run, store.products().read(id), format);
+    KeptKeys kept(store.registry());
+    return settingsText(kept, id);
 }
 
 std::string formatOf(const std::string& path) {
@@ -62,10 +64,10 @@ std::string fileName(const std::string& text) {
 }
 
 // Writes a file, and tells it as a line of JSON.
-Json save(Run& run, const Product& product, Store* store, const std::string& path, const std::string& format) {
-    run.host.writeFile(path, textOf(run, product, store, format));
-    if (!run.request.json) run.print(labelOf(run, product.id) + " is in " + path);
-    Json line = identityOf(run, product.id);
+Json save(Run& run, const ProductId& id, const std::string& path, const std::string& bytes) {
+    run.host.writeFile(path, bytes);
+    if (!run.request.json) run.print(labelOf(run, id) + " is in " + path);
+    Json line = identityOf(run, id);
     line["file"] = path;
     return line;
 }
@@ -87,15 +89,19 @@ Json exportAll(Run& run) {
         for (int number = 2; isUsed(); ++number) name = first + " " + std::to_string(number);
         used.insert(name);
         const std::string path = run.request.folder + '/' + name + '.' + format;
-        lines.push_back(save(run, store.products().read(id), &store, path, format));
+        lines.push_back(save(run, id, path, bytesOf(run, store, id, format)));
     }
     return lines;
 }
 
 Json exportOne(Run& run, const std::string& text, const std::string& path) {
+    const std::string format = formatOf(path);
     ProductSource source(run);
-    Store* store = source.find(text) ? &source.store() : nullptr;
-    return Json::array({save(run, source.read(text), store, path, formatOf(path))});
+    if (const auto id = source.find(text)) {
+        return Json::array({save(run, *id, path, bytesOf(run, source.store(), *id, format))});
+    }
+    const Product product = source.read(text);
+    return Json::array({save(run, product.id, path, bytesOf(run, product, format))});
 }
 
 }  // namespace

@@ -49,6 +49,8 @@ Run::Run(const Request& wanted, Host& system)
 }
 
 std::string Run::shown(std::string_view text) const {
+    // Most texts are the same in every code page.
+    if (std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; })) return std::string(text);
     if (const auto whole = encoding_->toUtf8(text)) return withoutControls(*whole);
     std::string safe;
     for (std::size_t at = 0; at < text.size();) {

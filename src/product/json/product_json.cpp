@@ -151,17 +151,22 @@ void refuseTwins(const Product& product) {
     }
 }
 
-// Refuses a member that stands twice, which the parser would pass over.
-class Doubles {
+// The parser, which would pass over a member that stands twice.
+class Reader final : public nlohmann::detail::json_sax_dom_parser<Json> {
 public:
-    bool operator()(int, Json::parse_event_t event, const Json& parsed) {
-        using Event = Json::parse_event_t;
-        if (event == Event::object_start) names_.emplace_back();
-        if (event == Event::object_end) names_.pop_back();
-        if (event == Event::key && !names_.back().insert(parsed.get<std::string>()).second) {
-            throw Malformed("", "the member \"" + parsed.get<std::string>() + "\" stands twice");
-        }
-        return true;
+    using json_sax_dom_parser::json_sax_dom_parser;
+
+    bool start_object(std::size_t size) {
+        names_.emplace_back();
+        return json_sax_dom_parser::start_object(size);
+    }
+    bool key(std::string& name) {
+        if (names_.back().insert(name).second) return json_sax_dom_parser::key(name);
+        throw Malformed("", "the member \"" + name + "\" stands twice");
+    }
+    bool end_object() {
+        names_.pop_back();
+        return json_sax_dom_parser::end_object();
     }
 
 private:
@@ -170,9 +175,10 @@ private:
 
 Json parsed(std::string_view text) {
     try {
-        Doubles doubles;
-        return Json::parse(
-            text, [&](int depth, Json::parse_event_t event, Json& value) { return doubles(depth, event, value); });
+        Json json;
+        Reader reader(json);
+        Json::sax_parse(text, &reader);
+        return json;
     } catch (const Json::parse_error& error) {
         const auto before = text.substr(0, std::min(error.byte, text.size()));
         const auto line = 1 + std::count(before.begin(), before.end(), '\n');
