@@ -214,7 +214,7 @@ void product(const Read& read) {
         promise(toJson(fromJson(json, *encoding), *encoding) == json);
         const Plan plan = planApply(store, found, Unnamed::removed);
         for (const StoreChange& change : plan) {
-            promise(isWithin(change.path, rootPath(found.id)) || change.path == listPath(found.id.tree));
+            promise(isWithin(change.path, rootPath(found.id)) || samePath(change.path, listPath(found.id.tree)));
         }
         perform(registry, plan);
         promise(compare(found, store.read(found.id)).empty());

@@ -55,7 +55,7 @@ std::string nameOf(const ProductId& id, const std::vector<StoredValue>& rows) {
 
 // Rows that must go do so before one is set: a row that differs in case alone would be found under both names.
 void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unnamed unnamed) {
-    const KeyPath path = listPath(id.tree);
+    const SharedPath path = listPath(id.tree);
     const std::vector<StoredValue> rows = store.values(path);
     const std::string name = nameOf(id, rows);
     std::optional<StoredValue> before;
@@ -81,10 +81,11 @@ void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unname
 // The changes of one key.
 class KeyPlan {
 public:
-    KeyPlan(Plan& plan, KeyPath path, const std::vector<StoredValue>& wanted, const std::vector<StoredValue>& there)
+    KeyPlan(Plan& plan, SharedPath path, std::vector<StoredValue>& wanted, const std::vector<StoredValue>& there)
         : plan_(plan), path_(std::move(path)), wanted_(wanted), there_(there), isThere_(byName(there)) {}
 
     void removeUnwanted(Unnamed unnamed) {
+        if (there_.empty()) return;
         const ByName isWanted = byName(wanted_);
         std::set<std::string> wantedInAnyCase;
         for (const StoredValue& value : wanted_) wantedInAnyCase.insert(lowerCase(value.name));
@@ -99,7 +100,7 @@ public:
     }
 
     void setMissing() {
-        for (const StoredValue& value : wanted_) set(value);
+        for (StoredValue& value : wanted_) set(value);
     }
 
     // A value takes its place by being set behind the others, so from the first wrong place on all are set again.
@@ -107,27 +108,27 @@ public:
         std::size_t place = 0;
         for (; place < kept_.size() && kept_[place] == wanted_[place].name; ++place) set(wanted_[place]);
         for (; place < wanted_.size(); ++place) {
-            const StoredValue& value = wanted_[place];
+            StoredValue& value = wanted_[place];
             const auto there = isThere_.find(value.name);
             if (there != isThere_.end()) remove(*there->second);
-            plan_.push_back({Kind::setValue, path_, value, std::nullopt});
+            plan_.push_back({Kind::setValue, path_, std::move(value), std::nullopt});
         }
     }
 
 private:
     void remove(const StoredValue& value) { plan_.push_back({Kind::removeValue, path_, value, value}); }
-    void set(const StoredValue& value) {
+    void set(StoredValue& value) {
         const auto there = isThere_.find(value.name);
         if (there == isThere_.end()) {
-            plan_.push_back({Kind::setValue, path_, value, std::nullopt});
+            plan_.push_back({Kind::setValue, path_, std::move(value), std::nullopt});
         } else if (!(*there->second == value)) {
-            plan_.push_back({Kind::setValue, path_, value, *there->second});
+            plan_.push_back({Kind::setValue, path_, std::move(value), *there->second});
         }
     }
 
     Plan& plan_;
-    KeyPath path_;
-    const std::vector<StoredValue>& wanted_;
+    SharedPath path_;
+    std::vector<StoredValue>& wanted_;  // each goes into the plan
     const std::vector<StoredValue>& there_;
     ByName isThere_;
     std::vector<std::string> kept_;  // the names that are wanted and there, in the order of the store
@@ -139,13 +140,14 @@ void settleDates(StoredKey& wanted, std::vector<StoredValue>& there) {
     if (std::erase_if(there, isDate) > 0) std::erase_if(wanted.values, isDate);
 }
 
-void planKey(Plan& plan, const Product& stored, StoredKey wanted, Unnamed unnamed) {
+void planKey(Plan& plan, const Product& stored, StoredKey& wanted, Unnamed unnamed) {
     const StoredKey* found = stored.find(wanted.path);
     std::vector<StoredValue> there = found == nullptr ? std::vector<StoredValue>() : found->values;
     if (wanted.path == part::root) settleDates(wanted, there);
-    KeyPath path = joinedPaths(rootPath(stored.id), wanted.path);
+    const SharedPath path = joinedPaths(rootPath(stored.id), wanted.path);
+    plan.reserve(plan.size() + wanted.values.size());
     if (stored.keys.empty() && wanted.values.empty()) plan.push_back({Kind::makeKey, path});
-    KeyPlan changes(plan, std::move(path), wanted.values, there);
+    KeyPlan changes(plan, path, wanted.values, there);
     changes.removeUnwanted(unnamed);
     if (orderCounts(wanted.path)) {
         changes.setInOrder();
@@ -177,6 +179,16 @@ void planKeysToGo(Plan& plan, const ProductId& id, const std::vector<KeyPath>& p
     }
 }
 
+// Keys go before others are made, for the same reason as rows.
+void addSettings(Plan& plan, const ProductStore& store, const Product& product, Unnamed unnamed) {
+    const Product stored = store.read(product.id);
+    Product wanted = product;
+    wanted.at(part::root);
+    wanted.sortKeys();
+    if (unnamed == Unnamed::removed) planKeysToGo(plan, product.id, unwantedKeys(stored, wanted));
+    for (StoredKey& key : wanted.keys) planKey(plan, stored, key, unnamed);
+}
+
 }  // namespace
 
 Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed) {
@@ -184,15 +196,14 @@ Plan planApply(const ProductStore& store, const Product& product, Unnamed unname
     refuseShared(store.list(), product.id, false);
     Plan plan;
     planRows(plan, store, product.id, unnamed);
-    Plan settings = planSettings(store, product, unnamed);
-    std::move(settings.begin(), settings.end(), std::back_inserter(plan));
+    addSettings(plan, store, product, unnamed);
     return plan;
 }
 
 Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed) {
     Plan plan;
     for (const Tree tree : {Tree::installed, Tree::toolkit}) {
-        const std::vector<StoredValue> rows = wanted.values(listPath(tree));
+        std::vector<StoredValue> rows = wanted.values(listPath(tree));
         const std::vector<StoredValue> there = store.values(listPath(tree));
         KeyPlan changes(plan, listPath(tree), rows, there);
         changes.removeUnwanted(unnamed);
@@ -201,15 +212,9 @@ Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed un
     return plan;
 }
 
-// Keys go before others are made, for the same reason as rows.
 Plan planSettings(const ProductStore& store, const Product& product, Unnamed unnamed) {
     Plan plan;
-    const Product stored = store.read(product.id);
-    Product wanted = product;
-    wanted.at(part::root);
-    wanted.sortKeys();
-    if (unnamed == Unnamed::removed) planKeysToGo(plan, product.id, unwantedKeys(stored, wanted));
-    for (const StoredKey& key : wanted.keys) planKey(plan, stored, key, unnamed);
+    addSettings(plan, store, product, unnamed);
     return plan;
 }
 
@@ -222,7 +227,7 @@ Plan planRemoval(const ProductStore& store, const ProductId& id) {
         for (const StoredKey& key : store.read(id).keys) paths.push_back(key.path);
         planKeysToGo(plan, id, paths);
     }
-    const KeyPath list = listPath(id.tree);
+    const SharedPath list = listPath(id.tree);
     for (const StoredValue& row : store.values(list)) {
         if (leadsTo(row, id.key) && (hasKey || sameName(row.name, id.name))) {
             plan.push_back({Kind::removeValue, list, row, row});
@@ -258,7 +263,7 @@ private:
         return registry_.setValue(open_->key, name, type, data.data(), static_cast<std::uint32_t>(data.size()));
     }
 
-    RegistryStatus goTo(const KeyPath& path, bool make) {
+    RegistryStatus goTo(const SharedPath& path, bool make) {
         if (open_ && path == path_) return RegistryStatus::success;
         open_.emplace(registry_);
         path_ = path;
@@ -275,7 +280,7 @@ private:
     }
 
     Registry& registry_;
-    KeyPath path_;
+    SharedPath path_ = KeyPath();
     std::optional<OpenKey> open_;
 };
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "product/product.h"
@@ -11,12 +13,23 @@
 
 namespace vrix {
 
+// The path of a key, shared by all changes of it.
+class SharedPath {
+public:
+    SharedPath(KeyPath path) : path_(std::make_shared<const KeyPath>(std::move(path))) {}
+    operator const KeyPath&() const { return *path_; }
+    bool operator==(const SharedPath& other) const { return path_ == other.path_ || *path_ == *other.path_; }
+
+private:
+    std::shared_ptr<const KeyPath> path_;
+};
+
 // One change of the store. `path` counts from the family key.
 struct StoreChange {
     enum class Kind { makeKey, setValue, removeValue, removeKey };
 
     Kind kind;
-    KeyPath path;
+    SharedPath path;
     StoredValue value{};                  // to set; of one to remove only the name
     std::optional<StoredValue> before{};  // what stands there now; none where nothing does
 };

@@ -110,14 +110,15 @@ std::string textOf(const StoredValue& value) {
     return value.data.substr(0, value.data.size() - 1);
 }
 
-StoredValue textValue(std::string name, const std::string& text) {
-    return {std::move(name), isExpandable(text) ? valuetype::expandString : valuetype::string, text + '\0'};
+StoredValue textValue(std::string name, std::string text) {
+    const std::uint32_t type = isExpandable(text) ? valuetype::expandString : valuetype::string;
+    text += '\0';
+    return {std::move(name), type, std::move(text)};
 }
 
 bool isPlainText(const StoredValue& value) {
-    const std::string text = textOf(value);
-    const StoredValue plain = textValue(value.name, text);
-    return text.find('\0') == std::string::npos && value.type == plain.type && value.data == plain.data;
+    if (value.data.empty() || value.data.find('\0') != value.data.size() - 1) return false;
+    return value.type == (isExpandable(value.data) ? valuetype::expandString : valuetype::string);
 }
 
 // ---- Dates ----

@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <functional>
-#include <set>
+#include <unordered_set>
 
 #include "common/code_page.h"
 #include "product/settings_lines.h"
@@ -38,6 +38,7 @@ bool isPathOption(std::string_view name) {
 // A path's data with each doubled backslash as one; nothing where one stands alone.
 std::optional<std::string> unescaped(std::string_view data) {
     std::string path;
+    path.reserve(data.size());
     for (std::size_t at = 0; at < data.size(); at += characterSize(data, at)) {
         if (data[at] == '\\' && (++at == data.size() || data[at] != '\\')) return std::nullopt;
         path += data.substr(at, characterSize(data, at));
@@ -155,9 +156,9 @@ private:
         for (const Line& line : expect(path).entries) {
             all.push_back(entryOf(line, fits));
             const Entry& entry = all.back();
-            const auto text = isPath(entry.name) ? unescaped(entry.data) : std::optional(std::string(entry.data));
+            auto text = isPath(entry.name) ? unescaped(entry.data) : std::optional(std::string(entry.data));
             if (!text) refuseLine(line.index, "a backslash of the path is not doubled");
-            key.put(textValue(std::string(entry.name), *text));
+            key.put(textValue(std::string(entry.name), std::move(*text)));
         }
         if (!key.empty()) product_.at(path).values = key.take();
         return all;
@@ -186,7 +187,7 @@ private:
 
     std::vector<Section> sections_;
     std::size_t next_ = 0;
-    std::set<std::string_view> topics_;  // by the table of indexes, which names every Topic
+    std::unordered_set<std::string_view> topics_;  // by the table of indexes, which names every Topic
     Product product_;
 };
 

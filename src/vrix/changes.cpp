@@ -1,6 +1,7 @@
 #include "vrix/changes.h"
 
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "makers/embedded/memory_registry.h"
 #include "product/compare.h"
@@ -24,8 +25,8 @@ const char* verbOf(const StoreChange& change) {
 
 bool isOfValue(const StoreChange& change) { return change.kind == Kind::setValue || change.kind == Kind::removeValue; }
 
-std::string lineOf(const Run& run, const StoreChange& change) {
-    std::string line = std::string("  ") + verbOf(change) + " " + run.shown(joined(change.path));
+std::string lineOf(const Run& run, const StoreChange& change, const std::string& key) {
+    std::string line = std::string("  ") + verbOf(change) + " " + key;
     if (isOfValue(change)) line += '\\' + run.shown(change.value.name);
     if (change.kind == Kind::setValue) line += " = " + run.shown(shown(change.value));
     if (change.before) line += " (was " + run.shown(shown(*change.before)) + ")";
@@ -42,10 +43,13 @@ Json asJson(const Run& run, const StoreChange& change) {
 
 // The plans one by one, each for the store that the ones before it leave.
 std::vector<Plan> plansOf(const ProductStore& store, const std::vector<Step>& steps) {
-    if (steps.size() == 1) return {steps[0].plan(store)};
+    std::vector<Plan> plans;
+    if (steps.size() == 1) {
+        plans.push_back(steps[0].plan(store));
+        return plans;
+    }
     MemoryRegistry rehearsal;
     copyStore(store, rehearsal);
-    std::vector<Plan> plans;
     for (const Step& step : steps) {
         plans.push_back(step.plan(ProductStore(rehearsal)));
         perform(rehearsal, plans.back());
@@ -67,7 +71,11 @@ public:
         if (run_.request.json) {
             changes_.push_back(asJson(run_, change));
         } else {
-            run_.print(lineOf(run_, change));
+            if (!path_ || !(*path_ == change.path)) {
+                path_ = change.path;
+                key_ = run_.shown(joined(change.path));
+            }
+            run_.print(lineOf(run_, change, key_));
         }
     }
     void end(const std::string& backup) {
@@ -82,6 +90,8 @@ public:
 
 private:
     Run& run_;
+    std::optional<SharedPath> path_;  // of the last change
+    std::string key_;                 // that path as it is told
     Json changes_ = Json::array();
     std::size_t count_ = 0;
 };
@@ -90,7 +100,8 @@ private:
 
 void copyStore(const ProductStore& from, Registry& to) {
     Plan plan;
-    from.walk({}, [&](const KeyPath& path, std::vector<StoredValue> values) {
+    from.walk({}, [&](const KeyPath& key, std::vector<StoredValue> values) {
+        const SharedPath path = key;
         plan.push_back({Kind::makeKey, path});
         for (StoredValue& value : values) plan.push_back({Kind::setValue, path, std::move(value)});
     });

@@ -91,7 +91,7 @@ TEST_F(MachineRegistry, ListsValuesAsSingleReadsGiveThem) {
             EXPECT_EQ(values[i], cursor.Value()) << names[i];
         }
     }
-    EXPECT_EQ(alone, (std::set<std::string>{"outside", "za", "?", "long", std::string(2'000, '\xFC')}));
+    EXPECT_EQ(alone, (std::set<std::string>{"outside", "za", "?"}));
 }
 
 TEST_F(MachineRegistry, ListsNamesOfCharactersOfAnySize) {
