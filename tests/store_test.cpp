@@ -96,6 +96,8 @@ TEST_F(StoreTest, TheCursorWritesByItsTypeAndKeepsWhatItFound) {
     EXPECT_EQ(std::get<std::vector<std::uint8_t>>(value.Value()), (std::vector<std::uint8_t>{1, 2, 0}));
     value.Value(value.Value());  // each round loses a byte
     EXPECT_EQ(std::get<std::vector<std::uint8_t>>(value.Value()), (std::vector<std::uint8_t>{1, 0}));
+    value.Value(std::vector<std::uint8_t>{9});  // too short to be written
+    EXPECT_EQ(std::get<std::vector<std::uint8_t>>(value.Value()), (std::vector<std::uint8_t>{1, 0}));
     value.ValueType = 1;
     value.Value(std::string());
     EXPECT_EQ(std::get<std::string>(value.Value()), "");

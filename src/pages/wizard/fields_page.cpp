@@ -54,7 +54,6 @@ void FieldsPage::initThis() {
         } else {
             field->name.clear();
             field->path.clear();
-            field->pos.setListIndex(0);
         }
     }
 }
