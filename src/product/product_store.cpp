@@ -68,7 +68,7 @@ void onKey(Registry& registry, const KeyPath& path, const Use& use) {
     use(open.key);
 }
 
-// NOLINTNEXTLINE(misc-no-recursion): the platform ends it at 512 levels.
+// The platform ends the recursion at 512 levels.
 void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const ProductStore::Visit& visit) {
     visit(path, valuesOf(registry, key, path));
     for (const std::string& name : subkeysOf(registry, key, path)) {

@@ -15,9 +15,9 @@ namespace {
 void keepBackup(vrix::Registry& registry) {
     try {
         const auto disk = vrix::makeJournalDisk();
-        const std::string folder = vrix::localDataFile(vrix::registryBackups(8 * sizeof(void*)), "");
+        const std::string folder = vrix::localDataFile(vrix::registryBackups(vrix::programWidth), "");
         vrix::BackupFolder(folder, *disk).keep(registry, std::time(nullptr));
-    } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch)
+    } catch (const std::exception&) {
     }
 }
 

@@ -21,9 +21,7 @@ public:
 
 // The folders below the user's local data: one for the registry as programs of each width, 64 or 32 bits, see it, and
 // one for the Trial's store. The Trial itself keeps no backups of it, the command line does.
-inline std::string registryBackups(std::size_t width) {
-    return "Vrix Toolkit Backups (" + std::to_string(width) + "-bit)";
-}
+inline std::string registryBackups(int width) { return "Vrix Toolkit Backups (" + std::to_string(width) + "-bit)"; }
 inline constexpr auto trialBackups = "Vrix Toolkit Trial Backups";
 
 // The folder in which the backups of one store lie: journals named by date and time, such as
