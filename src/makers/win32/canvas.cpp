@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace vrix {
 
@@ -12,18 +13,6 @@ constexpr int linesPerRow = 4;
 
 std::uint32_t swapped(Colour colour) {
     return ((colour & 0xFFu) << 16) | (colour & 0xFF00u) | ((colour >> 16) & 0xFFu);
-}
-
-// Where a horizontal line crosses the edges of a polygon, from left to right.
-std::vector<double> crossings(const std::vector<Point>& corners, double y) {
-    std::vector<double> found;
-    Point from = corners.back();
-    for (const Point& to : corners) {
-        if ((from.y <= y) != (to.y <= y)) found.push_back(from.x + (y - from.y) * (to.x - from.x) / (to.y - from.y));
-        from = to;
-    }
-    std::sort(found.begin(), found.end());
-    return found;
 }
 
 void addArc(std::vector<Point>& points, Point centre, double radius, double from, double to) {
@@ -41,7 +30,7 @@ Canvas::Canvas(int width, int height, double scale, Colour background)
       height_(std::max(height, 0)),
       scale_(scale),
       pixels_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), swapped(background)),
-      coverage_(static_cast<std::size_t>(width_)) {}
+      coverage_(static_cast<std::size_t>(width_) + 1) {}
 
 void Canvas::polygon(const std::vector<Point>& corners, Colour colour) {
     std::vector<Point> shape = corners;
@@ -54,28 +43,46 @@ void Canvas::polygon(const std::vector<Point>& corners, Colour colour) {
     }
     const int last = std::min(height_ - 1, static_cast<int>(std::ceil(bottom)));
     for (int row = std::max(0, static_cast<int>(std::floor(top))); row <= last; ++row) {
-        std::fill(coverage_.begin(), coverage_.end(), 0.0);
         for (int line = 0; line < linesPerRow; ++line) {
-            const auto at = crossings(shape, row + (line + 0.5) / linesPerRow);
-            for (std::size_t i = 0; i + 1 < at.size(); i += 2) cover(at[i], at[i + 1]);
+            findCrossings(shape, row + (line + 0.5) / linesPerRow);
+            for (std::size_t i = 0; i + 1 < crossings_.size(); i += 2) cover(crossings_[i], crossings_[i + 1]);
         }
         blend(row, colour);
     }
 }
 
+// Where a horizontal line crosses the edges of a polygon, from left to right.
+void Canvas::findCrossings(const std::vector<Point>& corners, double y) {
+    crossings_.clear();
+    const Point* from = &corners.back();
+    for (const Point& to : corners) {
+        if ((from->y <= y) != (to.y <= y)) {
+            crossings_.push_back(from->x + (y - from->y) * (to.x - from->x) / (to.y - from->y));
+        }
+        from = &to;
+    }
+    std::sort(crossings_.begin(), crossings_.end());
+}
+
 void Canvas::cover(double from, double to) {
     from = std::max(from, 0.0);
     to = std::min(to, static_cast<double>(width_));
-    for (double x = std::floor(from); x < to; ++x) {
-        coverage_[static_cast<std::size_t>(x)] += (std::min(to, x + 1) - std::max(from, x)) / linesPerRow;
-    }
+    if (from >= to) return;
+    const auto first = static_cast<std::size_t>(from);
+    const auto last = static_cast<std::size_t>(to);
+    constexpr double whole = 1.0 / linesPerRow;
+    for (std::size_t x = first; x < last; ++x) coverage_[x] += whole;
+    coverage_[first] -= (from - static_cast<double>(first)) * whole;
+    coverage_[last] += (to - static_cast<double>(last)) * whole;
 }
 
+// Leaves the coverage empty for the next row.
 void Canvas::blend(int row, Colour colour) {
     std::uint32_t* pixel = pixels_.data() + static_cast<std::ptrdiff_t>(row) * width_;
-    for (const double share : coverage_) {
-        if (share > 0) *pixel = mixed(*pixel, swapped(colour), std::min(share, 1.0));
-        ++pixel;
+    const std::uint32_t whole = swapped(colour);
+    for (int x = 0; x < width_; ++x, ++pixel) {
+        const double share = std::exchange(coverage_[static_cast<std::size_t>(x)], 0.0);
+        if (share > 0) *pixel = share < 1 ? mixed(*pixel, whole, share) : whole;
     }
 }
 
@@ -124,7 +131,7 @@ Colour mixed(Colour from, Colour to, double share) {
     for (const int shift : {0, 8, 16}) {
         const double a = (from >> shift) & 0xFFu;
         const double b = (to >> shift) & 0xFFu;
-        result |= static_cast<Colour>(std::lround(a + (b - a) * share)) << shift;
+        result |= static_cast<Colour>(a + (b - a) * share + 0.5) << shift;
     }
     return result;
 }

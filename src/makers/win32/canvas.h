@@ -31,13 +31,15 @@ public:
     const std::vector<std::uint32_t>& pixels() const { return pixels_; }
 
 private:
+    void findCrossings(const std::vector<Point>& corners, double y);
     void cover(double from, double to);
     void blend(int row, Colour colour);
     int width_;
     int height_;
     double scale_;
     std::vector<std::uint32_t> pixels_;
-    std::vector<double> coverage_;  // of the row at work, 0 to 1 for each pixel
+    std::vector<double> crossings_;  // of the line at work with the edges of a shape
+    std::vector<double> coverage_;   // of the row at work, 0 to 1 for each pixel, and one pixel behind the row
 };
 
 // The points turned by `angle` radians round a centre.

@@ -171,25 +171,32 @@ int FormWindow::surface(const Control& control) const {
     return rowTop_ > 0 && control.bounds().top >= rowTop_ ? COLOR_BTNFACE : COLOR_WINDOW;
 }
 
+// Each pixel is drawn once, so nothing flickers.
 void FormWindow::paint(HDC dc, const RECT& area) const {
-    const Buffer buffer(dc, area);
-    const auto fill = [&](const RECT& part, Colour colour) {
-        SetDCBrushColor(buffer.dc(), colour);
-        FillRect(buffer.dc(), &part, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    const auto fill = [&](LONG left, LONG top, LONG right, LONG bottom, Colour colour) {
+        const RECT part{left, top, right, bottom};
+        SetDCBrushColor(dc, colour);
+        FillRect(dc, &part, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     };
     const Palette& palette = style_->palette();
+    const LONG right = area.right;
+    const LONG bottom = area.bottom;
     const int line = style_->px(1);
-    const int row = style_->px(rowTop_);
-    const int band = style_->px(bandBottom_);
     if (rowTop_ == 0) {
-        fill(area, palette.rule);
-        fill({area.left + line, area.top + line, area.right - line, area.bottom - line}, palette.window);
+        fill(0, 0, right, line, palette.rule);
+        fill(0, line, line, bottom, palette.rule);
+        fill(line, line, right - line, bottom - line, palette.window);
+        fill(right - line, line, right, bottom, palette.rule);
+        fill(line, bottom - line, right - line, bottom, palette.rule);
         return;
     }
-    fill({area.left, area.top, area.right, row}, palette.window);
-    fill({area.left, row, area.right, area.bottom}, palette.face);
-    fill({area.left, band - line, area.right, band}, palette.rule);
-    fill({area.left, row, area.right, row + line}, palette.rule);
+    const int row = style_->px(rowTop_);
+    const int band = style_->px(bandBottom_);
+    fill(0, 0, right, band - line, palette.window);
+    fill(0, band - line, right, band, palette.rule);
+    fill(0, band, right, row, palette.window);
+    fill(0, row, right, row + line, palette.rule);
+    fill(0, row + line, right, bottom, palette.face);
 }
 
 std::optional<LRESULT> FormWindow::colourMessage(HDC dc, HWND child) const {

@@ -40,18 +40,24 @@ const wchar_t* windowClass(WNDPROC procedure) {
     return name;
 }
 
-// The outer rectangle of a frame round a page that begins at (0, 0). The page may have a scale of its own.
-RECT outerRect(HWND window, const Size& page, int pageDpi, int dpi) {
-    RECT client{0, 0, MulDiv(page.width, pageDpi, 96), MulDiv(page.height, pageDpi, 96)};
+// The edges of a window at a scale, as the outer rectangle round an empty page at (0, 0).
+RECT edgesAt(HWND window, int dpi) {
+    RECT edges{};
     using Adjust = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
     static const auto adjust = libraryFunction<Adjust>("user32.dll", "AdjustWindowRectExForDpi");
     const auto style = static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
     if (adjust != nullptr) {
-        adjust(&client, style, FALSE, 0, static_cast<UINT>(dpi));
+        adjust(&edges, style, FALSE, 0, static_cast<UINT>(dpi));
     } else {
-        AdjustWindowRectEx(&client, style, FALSE, 0);
+        AdjustWindowRectEx(&edges, style, FALSE, 0);
     }
-    return client;
+    return edges;
+}
+
+// The outer rectangle of a frame round a page, which may have a scale of its own.
+RECT outerRect(const RECT& edges, const Size& page, int pageDpi) {
+    return {edges.left, edges.top, edges.right + MulDiv(page.width, pageDpi, 96),
+            edges.bottom + MulDiv(page.height, pageDpi, 96)};
 }
 
 RECT windowRect(HWND window) {
@@ -80,11 +86,12 @@ FrameWindow::FrameWindow(Win32Screen& screen, const Form& first)
     : screen_(screen),
       border_(first.border()),
       handle_(makeWindow(first, screen.identity, &FrameWindow::procedure)),
-      dpi_(dpiOf(handle_)) {
+      dpi_(dpiOf(handle_)),
+      edges_(edgesAt(handle_, dpi_)) {
     SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     // The form has centred its client area; the frame takes the same centre with its border.
     const Size& size = first.size();
-    const RECT outer = outerRect(handle_, size, fittingDpi(size), dpi_);
+    const RECT outer = outerRect(edges_, size, fittingDpi(size));
     const int middle = MulDiv(2 * first.top() + size.height, systemDpi(), 192);
     topCentre_ = {MulDiv(2 * first.left() + size.width, systemDpi(), 192), middle - (outer.bottom - outer.top) / 2};
 }
@@ -122,7 +129,7 @@ RECT FrameWindow::workArea() const {
 
 // The frame's size on a monitor of another scale.
 SIZE FrameWindow::sizeAt(int dpi) const {
-    const RECT outer = outerRect(handle_, page_->form().size(), screen_.styles().withTextScale(dpi), dpi);
+    const RECT outer = outerRect(edgesAt(handle_, dpi), page_->form().size(), screen_.styles().withTextScale(dpi));
     return {outer.right - outer.left, outer.bottom - outer.top};
 }
 
@@ -133,7 +140,7 @@ int FrameWindow::fittingDpi(const Size& page) const {
         return area.right - area.left <= work.right - work.left && area.bottom - area.top <= work.bottom - work.top;
     };
     int dpi = screen_.styles().withTextScale(dpi_);
-    while (dpi > leastReadable && !fits(outerRect(handle_, page, dpi, dpi_))) --dpi;
+    while (dpi > leastReadable && !fits(outerRect(edges_, page, dpi))) --dpi;
     return dpi;
 }
 
@@ -148,12 +155,12 @@ void FrameWindow::fit() {
     if (!shownOpen()) return;
     const Size& size = page_->form().size();
     page_->take(styleFor(size));
-    const RECT outer = outerRect(handle_, size, page_->style().dpi(), dpi_);
+    const RECT outer = outerRect(edges_, size, page_->style().dpi());
     placeAt(topCentre_.x - (outer.right - outer.left) / 2, topCentre_.y, true);
 }
 
 void FrameWindow::placeAt(int left, int top, bool wholeOnMonitor) {
-    RECT area = outerRect(handle_, page_->form().size(), page_->style().dpi(), dpi_);
+    RECT area = outerRect(edges_, page_->form().size(), page_->style().dpi());
     OffsetRect(&area, left - area.left, top - area.top);
     if (wholeOnMonitor) {
         const RECT work = workArea();
@@ -166,10 +173,16 @@ void FrameWindow::placeAt(int left, int top, bool wholeOnMonitor) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Asking the platform takes longer than all else that places a frame.
+void FrameWindow::measureEdges(int dpi) {
+    dpi_ = dpi;
+    edges_ = edgesAt(handle_, dpi);
+}
+
 // The frame goes where the platform suggests. While it is dragged from one monitor to another, any other place would
 // take it back to the first.
 void FrameWindow::dpiChanged(int dpi, const RECT& suggested) {
-    dpi_ = dpi;
+    measureEdges(dpi);
     if (!shownOpen()) return;
     topCentre_ = {(suggested.left + suggested.right) / 2, suggested.top};
     page_->take(styleFor(page_->form().size()));
@@ -246,16 +259,18 @@ std::optional<LRESULT> FrameWindow::message(UINT message, WPARAM wParam, LPARAM 
             return TRUE;
         case WM_DPICHANGED: dpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
         case WM_DISPLAYCHANGE:
-            dpi_ = dpiOf(handle_);
+            measureEdges(dpiOf(handle_));
             settingsChanged(true);
             return 0;
         case WM_SETTINGCHANGE:
             screen_.styles().refresh();
+            measureEdges(dpi_);
             settingsChanged(wParam == SPI_SETWORKAREA);
             return std::nullopt;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
             screen_.styles().renew();
+            measureEdges(dpi_);
             settingsChanged(false);
             return std::nullopt;
         default: return std::nullopt;

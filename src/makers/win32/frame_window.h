@@ -45,6 +45,7 @@ private:
     bool shownOpen() const;
     void fit();
     void placeAt(int left, int top, bool wholeOnMonitor);
+    void measureEdges(int dpi);
     void dpiChanged(int dpi, const RECT& suggested);
     void settingsChanged(bool placesToo);
     void moved();
@@ -56,7 +57,8 @@ private:
     Win32Screen& screen_;
     Form::Border border_;
     HWND handle_;
-    int dpi_;  // of the monitor
+    int dpi_;     // of the monitor
+    RECT edges_;  // at this scale: the outer rectangle round an empty page
     FormWindow* page_ = nullptr;
     POINT topCentre_{};  // where the user wants the middle of the upper edge; pages differ in width
     RECT placed_{};      // the rectangle that the program gave the frame last

@@ -28,23 +28,16 @@ private:
     HGDIOBJ before_;
 };
 
-// A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers.
+// A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers. All share one
+// bitmap, so there is one at a time.
 class Buffer {
 public:
-    Buffer(HDC target, const RECT& area)
-        : target_(target),
-          area_(area),
-          dc_(CreateCompatibleDC(target)),
-          bitmap_(CreateCompatibleBitmap(target, area.right - area.left, area.bottom - area.top)),
-          before_(SelectObject(dc_, bitmap_.get())) {
+    Buffer(HDC target, const RECT& area) : target_(target), area_(area), dc_(bitmapFor(area)) {
         SetViewportOrgEx(dc_, -area.left, -area.top, nullptr);
-        SetBkMode(dc_, TRANSPARENT);
     }
     ~Buffer() {
         BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top, dc_, area_.left,
                area_.top, SRCCOPY);
-        SelectObject(dc_, before_);
-        DeleteDC(dc_);
     }
     Buffer(const Buffer&) = delete;
     Buffer& operator=(const Buffer&) = delete;
@@ -52,11 +45,11 @@ public:
     HDC dc() const { return dc_; }
 
 private:
+    static HDC bitmapFor(const RECT& area);
+
     HDC target_;
     RECT area_;
     HDC dc_;
-    Owned<HBITMAP> bitmap_;
-    HGDIOBJ before_;
 };
 
 }  // namespace vrix
