@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <set>
 #include <string_view>
 #include <unordered_map>
@@ -58,7 +59,7 @@ void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unname
     const SharedPath path = listPath(id.tree);
     const std::vector<StoredValue> rows = store.values(path);
     const std::string name = nameOf(id, rows);
-    std::optional<StoredValue> before;
+    std::shared_ptr<const StoredValue> before;
     for (const StoredValue& row : rows) {
         const bool same = sameName(row.name, name);
         const bool ours = leadsTo(row, id.key);
@@ -66,9 +67,9 @@ void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unname
             throw PlanRefused("the name \"" + name + "\" belongs to the Product with the key " + textOf(row));
         }
         if (row.name == name) {
-            before = row;
+            before = std::make_shared<StoredValue>(row);
         } else if (same || (ours && unnamed == Unnamed::removed)) {
-            plan.push_back({Kind::removeValue, path, row, row});
+            plan.push_back({Kind::removeValue, path, row});
         }
     }
     if (!before || (!id.name.empty() && textOf(*before) != id.key)) {
@@ -111,18 +112,18 @@ public:
             StoredValue& value = wanted_[place];
             const auto there = isThere_.find(value.name);
             if (there != isThere_.end()) remove(*there->second);
-            plan_.push_back({Kind::setValue, path_, std::move(value), std::nullopt});
+            plan_.push_back({Kind::setValue, path_, std::move(value)});
         }
     }
 
 private:
-    void remove(const StoredValue& value) { plan_.push_back({Kind::removeValue, path_, value, value}); }
+    void remove(const StoredValue& value) { plan_.push_back({Kind::removeValue, path_, value}); }
     void set(StoredValue& value) {
         const auto there = isThere_.find(value.name);
         if (there == isThere_.end()) {
-            plan_.push_back({Kind::setValue, path_, std::move(value), std::nullopt});
+            plan_.push_back({Kind::setValue, path_, std::move(value)});
         } else if (!(*there->second == value)) {
-            plan_.push_back({Kind::setValue, path_, std::move(value), *there->second});
+            plan_.push_back({Kind::setValue, path_, std::move(value), std::make_shared<StoredValue>(*there->second)});
         }
     }
 
@@ -145,7 +146,6 @@ void planKey(Plan& plan, const Product& stored, StoredKey& wanted, Unnamed unnam
     std::vector<StoredValue> there = found == nullptr ? std::vector<StoredValue>() : found->values;
     if (wanted.path == part::root) settleDates(wanted, there);
     const SharedPath path = joinedPaths(rootPath(stored.id), wanted.path);
-    plan.reserve(plan.size() + wanted.values.size());
     if (stored.keys.empty() && wanted.values.empty()) plan.push_back({Kind::makeKey, path});
     KeyPlan changes(plan, path, wanted.values, there);
     changes.removeUnwanted(unnamed);
@@ -180,23 +180,25 @@ void planKeysToGo(Plan& plan, const ProductId& id, const std::vector<KeyPath>& p
 }
 
 // Keys go before others are made, for the same reason as rows.
-void addSettings(Plan& plan, const ProductStore& store, const Product& product, Unnamed unnamed) {
-    const Product stored = store.read(product.id);
-    Product wanted = product;
+void addSettings(Plan& plan, const ProductStore& store, Product wanted, Unnamed unnamed) {
+    const Product stored = store.read(wanted.id);
     wanted.at(part::root);
     wanted.sortKeys();
-    if (unnamed == Unnamed::removed) planKeysToGo(plan, product.id, unwantedKeys(stored, wanted));
+    if (unnamed == Unnamed::removed) planKeysToGo(plan, wanted.id, unwantedKeys(stored, wanted));
+    std::size_t most = plan.size();
+    for (const StoredKey& key : wanted.keys) most += key.values.size();
+    plan.reserve(most);
     for (StoredKey& key : wanted.keys) planKey(plan, stored, key, unnamed);
 }
 
 }  // namespace
 
-Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed) {
+Plan planApply(const ProductStore& store, Product product, Unnamed unnamed) {
     refuseBadKey(product.id);
     refuseShared(store.list(), product.id, false);
     Plan plan;
     planRows(plan, store, product.id, unnamed);
-    addSettings(plan, store, product, unnamed);
+    addSettings(plan, store, std::move(product), unnamed);
     return plan;
 }
 
@@ -212,9 +214,9 @@ Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed un
     return plan;
 }
 
-Plan planSettings(const ProductStore& store, const Product& product, Unnamed unnamed) {
+Plan planSettings(const ProductStore& store, Product product, Unnamed unnamed) {
     Plan plan;
-    addSettings(plan, store, product, unnamed);
+    addSettings(plan, store, std::move(product), unnamed);
     return plan;
 }
 
@@ -230,7 +232,7 @@ Plan planRemoval(const ProductStore& store, const ProductId& id) {
     const SharedPath list = listPath(id.tree);
     for (const StoredValue& row : store.values(list)) {
         if (leadsTo(row, id.key) && (hasKey || sameName(row.name, id.name))) {
-            plan.push_back({Kind::removeValue, list, row, row});
+            plan.push_back({Kind::removeValue, list, row});
         }
     }
     return plan;
@@ -286,13 +288,18 @@ private:
 
 }  // namespace
 
-void perform(Registry& registry, const Plan& plan, const std::function<void(const StoreChange&)>& made) {
+void perform(Registry& registry, const Plan& plan, std::size_t& made) {
     Writer writer(registry);
-    for (const StoreChange& change : plan) {
+    for (made = 0; made < plan.size(); ++made) {
+        const StoreChange& change = plan[made];
         const RegistryStatus status = writer.make(change);
         if (status != RegistryStatus::success) throw StoreRefused(status, refusalText(change.path, status));
-        if (made) made(change);
     }
+}
+
+void perform(Registry& registry, const Plan& plan) {
+    std::size_t made = 0;
+    perform(registry, plan, made);
 }
 
 }  // namespace vrix

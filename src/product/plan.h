@@ -1,8 +1,7 @@
 #pragma once
 
-#include <functional>
+#include <cstddef>
 #include <memory>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -30,8 +29,9 @@ struct StoreChange {
 
     Kind kind;
     SharedPath path;
-    StoredValue value{};                  // to set; of one to remove only the name
-    std::optional<StoredValue> before{};  // what stands there now; none where nothing does
+    StoredValue value{};  // to set or to remove
+    // Of a value to set: what stands there now. Null where nothing does.
+    std::shared_ptr<const StoredValue> before{};
 };
 
 // The changes in the order in which they are made: rows of the list, keys that go, values. Cut off anywhere, they leave
@@ -54,19 +54,20 @@ enum class Unnamed { removed, kept };
 // has none the given one is written. Other rows of the list that name the same key go. Empty keys come with a Product
 // that is new in the store. Where the order of values says something, those behind the first that stands wrong are
 // removed and set again, one by one. Throws PlanRefused, and StoreRefused from reading.
-Plan planApply(const ProductStore& store, const Product& product, Unnamed unnamed);
+Plan planApply(const ProductStore& store, Product product, Unnamed unnamed);
 
 // The two halves of bringing a whole store back: what makes both lists what another store's are, and what makes the
 // settings below a Product's root what the given ones are. Neither looks whether Products share a root.
 Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed);
-Plan planSettings(const ProductStore& store, const Product& product, Unnamed unnamed);
+Plan planSettings(const ProductStore& store, Product product, Unnamed unnamed);
 
 // What removes the Product, all that its root holds and all rows of the list that name its key. Throws as above. Empty
 // where there is neither.
 Plan planRemoval(const ProductStore& store, const ProductId& id);
 
-// Makes the changes one after the other and tells each that is made. Throws StoreRefused at the first that the registry
-// refuses; those before it stay made.
-void perform(Registry& registry, const Plan& plan, const std::function<void(const StoreChange&)>& made = {});
+// Makes the changes one after the other and counts in `made` those that are made. Throws StoreRefused at the first that
+// the registry refuses; those before it stay made.
+void perform(Registry& registry, const Plan& plan, std::size_t& made);
+void perform(Registry& registry, const Plan& plan);
 
 }  // namespace vrix

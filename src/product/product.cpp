@@ -110,10 +110,12 @@ std::string textOf(const StoredValue& value) {
     return value.data.substr(0, value.data.size() - 1);
 }
 
-StoredValue textValue(std::string name, std::string text) {
-    const std::uint32_t type = isExpandable(text) ? valuetype::expandString : valuetype::string;
-    text += '\0';
-    return {std::move(name), type, std::move(text)};
+StoredValue textValue(std::string_view name, std::string_view text) {
+    std::string data;
+    data.reserve(text.size() + 1);
+    data.append(text).push_back('\0');
+    const std::uint32_t type = isExpandable(data) ? valuetype::expandString : valuetype::string;
+    return {std::string(name), type, std::move(data)};
 }
 
 bool isPlainText(const StoredValue& value) {

@@ -89,7 +89,7 @@ std::string hexDigits(std::string_view bytes, std::string_view between = "");
 // numbers in decimal, other values as their bytes.
 std::string textOf(const StoredValue& value);
 // The value that the Toolkit writes for a text.
-StoredValue textValue(std::string name, std::string text);
+StoredValue textValue(std::string_view name, std::string_view text);
 // Whether the Toolkit would write the value so, which then is nothing but its text.
 bool isPlainText(const StoredValue& value);
 

@@ -59,30 +59,38 @@ std::vector<Section> sectionsOf(const std::vector<std::string_view>& lines) {
     return sections;
 }
 
-// Every way in which a line is an entry: quotation marks and equal signs may stand in name and data as well.
-std::vector<Entry> readings(const Line& line) {
-    constexpr std::string_view between = "\"=\"";
-    constexpr std::size_t tooMany = 100;
-    const std::string_view text = line.text;
-    std::vector<Entry> all;
-    if (!text.starts_with('"') || !text.ends_with('"')) refuseLine(line.index, "this is no entry");
-    for (auto at = text.find(between, 1); at != std::string_view::npos && at + between.size() < text.size();
-         at = text.find(between, at + 1)) {
-        const std::size_t data = at + between.size();
-        all.push_back({text.substr(1, at - 1), text.substr(data, text.size() - 1 - data)});
-        if (all.size() == tooMany) refuseLine(line.index, "there are too many quotation marks");
-    }
-    if (all.empty()) refuseLine(line.index, "this is no entry");
-    return all;
+constexpr std::string_view middle = "\"=\"";  // between name and data
+
+// Where the next middle of an entry may be, with data or a closing mark behind it.
+std::size_t findMiddle(std::string_view line, std::size_t from) {
+    const std::size_t at = line.find(middle, from);
+    return at != std::string_view::npos && at + middle.size() < line.size() ? at : std::string_view::npos;
 }
 
-// The one reading of a line. Where there are several, all but one must be unfit for their section.
+Entry entryAt(std::string_view line, std::size_t at) {
+    const std::size_t data = at + middle.size();
+    return {line.substr(1, at - 1), line.substr(data, line.size() - 1 - data)};
+}
+
+// The one reading of a line. Quotation marks and equal signs may stand in name and data as well: where there are
+// several readings, all but one must be unfit for their section.
 Entry entryOf(const Line& line, const std::function<bool(const Entry&)>& fits) {
-    std::vector<Entry> all = readings(line);
-    if (all.size() == 1) return all[0];
-    std::erase_if(all, [&](const Entry& entry) { return !fits(entry); });
-    if (all.size() != 1) refuseLine(line.index, "the quotation marks can be read in more than one way");
-    return all[0];
+    constexpr int tooMany = 100;
+    const std::string_view text = line.text;
+    std::size_t at = text.starts_with('"') && text.ends_with('"') ? findMiddle(text, 1) : std::string_view::npos;
+    if (at == std::string_view::npos) refuseLine(line.index, "this is no entry");
+    Entry found = entryAt(text, at);
+    if (findMiddle(text, at + 1) == std::string_view::npos) return found;
+    int fitting = 0;
+    for (int count = 1; at != std::string_view::npos; at = findMiddle(text, at + 1), ++count) {
+        if (count == tooMany) refuseLine(line.index, "there are too many quotation marks");
+        if (const Entry entry = entryAt(text, at); fits(entry)) {
+            found = entry;
+            ++fitting;
+        }
+    }
+    if (fitting != 1) refuseLine(line.index, "the quotation marks can be read in more than one way");
+    return found;
 }
 
 class ToolkitReader {
@@ -140,7 +148,7 @@ private:
         const Entry entry = entryOf(root.entries[0], [](const Entry& e) { return e.name == "CreationDate"; });
         if (entry.name != "CreationDate") refuseLine(root.entries[0].index, "the date of creation is missing");
         if (entry.data.empty()) return;
-        key.values.push_back(textValue(std::string(creationDateName(product_.id.tree)), std::string(entry.data)));
+        key.values.push_back(textValue(creationDateName(product_.id.tree), entry.data));
     }
 
     void empty(const KeyPath& path) {
@@ -156,9 +164,9 @@ private:
         for (const Line& line : expect(path).entries) {
             all.push_back(entryOf(line, fits));
             const Entry& entry = all.back();
-            auto text = isPath(entry.name) ? unescaped(entry.data) : std::optional(std::string(entry.data));
-            if (!text) refuseLine(line.index, "a backslash of the path is not doubled");
-            key.put(textValue(std::string(entry.name), std::move(*text)));
+            const auto plain = isPath(entry.name) ? unescaped(entry.data) : std::nullopt;
+            if (isPath(entry.name) && !plain) refuseLine(line.index, "a backslash of the path is not doubled");
+            key.put(textValue(entry.name, plain ? *plain : entry.data));
         }
         if (!key.empty()) product_.at(path).values = key.take();
         return all;

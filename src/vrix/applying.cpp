@@ -42,11 +42,12 @@ std::vector<FileProduct> readFiles(Run& run) {
 }  // namespace
 
 ExitCode apply(Run& run) {
-    const std::vector<FileProduct> all = readFiles(run);
+    std::vector<FileProduct> all = readFiles(run);
+    const Unnamed unnamed = run.request.merge ? Unnamed::kept : Unnamed::removed;
     std::vector<Step> steps;
-    for (const FileProduct& one : all) {
+    for (FileProduct& one : all) {  // a step is planned once
         steps.push_back({one.file + ": " + labelOf(run, one.product.id), [&](const ProductStore& store) {
-                             return planApply(store, one.product, run.request.merge ? Unnamed::kept : Unnamed::removed);
+                             return planApply(store, std::move(one.product), unnamed);
                          }});
     }
     Store store(run, use(run));

@@ -25,11 +25,16 @@ Store::Store(Run& run, const StoreChoice& choice, Use use)
 
 Registry& Store::registry() { return backedUp_ ? *backedUp_ : *store_; }
 
-void Store::change(const Plan& plan, const std::function<void(const StoreChange&)>& made) {
+void Store::change(const Plan& plan, std::size_t& made) {
     perform(registry(), plan, made);
     if (journal_ != nullptr && !journal_->sync()) {
         throw Failure(ExitCode::refused, "the disk has not confirmed the changes: a loss of power may undo them");
     }
+}
+
+void Store::change(const Plan& plan) {
+    std::size_t made = 0;
+    change(plan, made);
 }
 
 void Store::openRegistry(RegistryView view) {

@@ -33,9 +33,10 @@ public:
     // user names have none: they can be copied as files.
     Registry& registry();
     ProductStore products() { return ProductStore(registry()); }
-    // Makes the changes and tells each that is made. Once it returns, those of a journal are on the disk itself. Throws
-    // StoreRefused and Failure.
-    void change(const Plan& plan, const std::function<void(const StoreChange&)>& made = {});
+    // Makes the changes and counts in `made` those that are made. Once it returns, those of a journal are on the disk
+    // itself. Throws StoreRefused and Failure.
+    void change(const Plan& plan, std::size_t& made);
+    void change(const Plan& plan);
     // The backups of this store, or null.
     BackupFolder* backups() const { return backups_.get(); }
     // The backup that was made; empty if none was.

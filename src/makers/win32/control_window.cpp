@@ -22,6 +22,21 @@ bool withFrames(const Control& control, const Test& test) {
     return test(control) && (frame == nullptr || withFrames(*frame, test));
 }
 
+bool isVisible(const Control& control) {
+    return withFrames(control, [](const Control& part) { return part.visible(); });
+}
+
+// The window is made in its place: each later change of it asks the platform once more.
+HWND makeWindow(const FormWindow& owner, const Control& control, const WindowKind& kind, const RECT& place, HMENU id) {
+    const DWORD shown = isVisible(control) ? WS_VISIBLE : 0;
+    const HWND window =
+        CreateWindowExW(kind.extendedStyle, wide(kind.className).c_str(), L"", WS_CHILD | shown | kind.style,
+                        place.left, place.top, place.right - place.left, place.bottom - place.top, owner.handle(), id,
+                        GetModuleHandleA(nullptr), nullptr);
+    if (window == nullptr) throw std::runtime_error("The window of " + control.name() + " could not be made.");
+    return window;
+}
+
 // Makes a window of that class if the control is of that kind.
 template <class Window, class Kind>
 std::unique_ptr<ControlWindow> makeIf(FormWindow& owner, Control& control) {
@@ -34,10 +49,8 @@ std::unique_ptr<ControlWindow> makeIf(FormWindow& owner, Control& control) {
 ControlWindow::ControlWindow(FormWindow& owner, Control& control, const WindowKind& kind)
     : owner_(owner),
       control_(control),
-      handle_(CreateWindowExW(kind.extendedStyle, wide(kind.className).c_str(), L"", WS_CHILD | kind.style, 0, 0, 0, 0,
-                              owner.handle(), reinterpret_cast<HMENU>(owner.nextId()), GetModuleHandleA(nullptr),
-                              nullptr)) {
-    if (handle_ == nullptr) throw std::runtime_error("The window of " + control.name() + " could not be made.");
+      placed_(owner.style().px(control.bounds())),
+      handle_(makeWindow(owner, control, kind, placed_, reinterpret_cast<HMENU>(owner.nextId()))) {
     SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     original_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
@@ -97,7 +110,7 @@ bool ControlWindow::enabled() const {
 
 void ControlWindow::update() {
     moveTo(place());
-    const bool visible = withFrames(control_, [](const Control& part) { return part.visible(); });
+    const bool visible = isVisible(control_);
     const bool enabledNow = enabled();
     if (!(visible && enabledNow) && GetFocus() == handle_) owner_.keyboard().takeFocusAway();
     if ((IsWindowEnabled(handle_) != FALSE) != enabledNow) EnableWindow(handle_, enabledNow);

@@ -80,9 +80,9 @@ private:
     LRESULT received(UINT message, WPARAM wParam, LPARAM lParam);
     FormWindow& owner_;
     Control& control_;
+    RECT placed_;
     HWND handle_;
     WNDPROC original_;
-    RECT placed_{};
 };
 
 std::wstring windowText(HWND window);

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "forms/event.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/frame_window.h"
+#include "makers/win32/themed_controls.h"
 #include "makers/win32/win32_screen.h"
 
 namespace vrix {
@@ -62,6 +64,8 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::makeControls() {
+    std::optional<ThemedControls> themed;
+    if (form_.border() == Form::Border::fixed) themed.emplace();
     for (Control* control : form_.controls()) {
         auto window = makeControlWindow(*this, *control);
         if (window == nullptr) continue;

@@ -16,7 +16,7 @@ namespace {
 // A letter whose small one the code page lacks stays as it is.
 wchar_t lowerLetter(wchar_t letter) {
     wchar_t lower = letter;
-    CharLowerBuffW(&lower, 1);
+    LCMapStringW(LOCALE_INVARIANT, LCMAP_LOWERCASE, &letter, 1, &lower, 1);
     std::string ignored;
     return narrowExactly({&lower, 1}, ignored) ? lower : letter;
 }
@@ -84,10 +84,6 @@ std::optional<std::string> environmentText(const std::string& name) {
 std::string aboutProgram(const std::string& name, const std::string& version, const std::string& store) {
     return name + "\r\nVersion " + version + ", " + std::to_string(programWidth) + "-bit\r\n\r\nStore: " + store +
            "\r\n\r\nGuide: " + guide();
-}
-
-void tell(const std::string& sentence, const std::string& title) {
-    MessageBoxW(nullptr, wide(sentence, CP_UTF8).c_str(), wide(title).c_str(), MB_OK | MB_SETFOREGROUND);
 }
 
 }  // namespace vrix

@@ -5,6 +5,8 @@
 
 namespace vrix {
 
+// What every program does at its start. Nothing here needs the libraries of windows, which the command line spares.
+
 // To be called first. From then on the process loads libraries from the system's folder only.
 void hardenProcess();
 
@@ -23,8 +25,5 @@ std::optional<std::string> environmentText(const std::string& name);
 std::string aboutProgram(const std::string& name, const std::string& version, const std::string& store);
 // The width of the running program, in bits.
 inline constexpr int programWidth = static_cast<int>(8 * sizeof(void*));
-
-// Says a sentence in UTF-8 in a message box.
-void tell(const std::string& sentence, const std::string& title);
 
 }  // namespace vrix

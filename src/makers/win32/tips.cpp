@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "makers/win32/library_function.h"
+#include "makers/win32/themed_controls.h"
 #include "makers/win32/wide_text.h"
 
 namespace vrix {
@@ -10,6 +11,7 @@ namespace vrix {
 namespace {
 
 HWND makeTipWindow(HWND owner) {
+    const ThemedControls themed;
     // Few windows need a tip, so the library is loaded at the first.
     constexpr INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_BAR_CLASSES};
     using Init = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);

@@ -72,13 +72,19 @@ bool isAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// Into room that is kept: assign() would ask for memory.
+void widen(std::string_view ascii, std::wstring& text) {
+    text.resize(ascii.size());
+    std::copy(ascii.begin(), ascii.end(), text.begin());
+}
+
 // Writes a text of ASCII with its terminator by the wide call. The narrow one stores the same, and takes longer by an
 // eighth: it asks for memory twice on the way.
 RegistryStatus setWide(HKEY key, std::string_view name, DWORD type, std::string_view text) {
     static std::wstring wideName;
     static std::wstring data;
-    wideName.assign(name.begin(), name.end());
-    data.assign(text.begin(), text.end());
+    widen(name, wideName);
+    widen(text, data);
     return status(RegSetValueExW(key, wideName.c_str(), 0, type, reinterpret_cast<const BYTE*>(data.data()),
                                  static_cast<DWORD>(data.size() * sizeof(wchar_t))));
 }

@@ -12,6 +12,7 @@
 #include "makers/win32/control_window.h"
 #include "makers/win32/form_window.h"
 #include "makers/win32/frame_window.h"
+#include "makers/win32/themed_controls.h"
 #include "makers/win32/wide_text.h"
 
 namespace vrix {
@@ -53,6 +54,11 @@ private:
 };
 
 }  // namespace
+
+void tell(const std::string& sentence, const std::string& title) {
+    const ThemedControls themed;
+    MessageBoxW(nullptr, wide(sentence, CP_UTF8).c_str(), wide(title).c_str(), MB_OK | MB_SETFOREGROUND);
+}
 
 Win32Screen::Win32Screen() : styles_(std::make_unique<Styles>()), timers_(makeTimerWindow(*this)) {}
 
@@ -160,6 +166,7 @@ void Win32Screen::modal(const std::function<void(HWND)>& dialog) {
     const bool quietBefore = std::exchange(quiet_, false);
     {
         const CurrentFolder kept;
+        const ThemedControls themed;
         dialog(owner == nullptr ? nullptr : owner->handle());
     }
     quiet_ = quietBefore;

@@ -83,4 +83,7 @@ private:
     int exitCode_ = 0;
 };
 
+// Says a sentence in UTF-8 in a message box, where no page is there to say it.
+void tell(const std::string& sentence, const std::string& title);
+
 }  // namespace vrix

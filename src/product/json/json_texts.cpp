@@ -74,7 +74,7 @@ Json JsonTexts::content(const StoredValue& value) const {
 }
 
 StoredValue JsonTexts::valueOf(std::string name, const Json& content, const std::string& place) const {
-    if (content.is_string()) return textValue(std::move(name), fromUtf8(content.get<std::string>(), place));
+    if (content.is_string()) return textValue(name, fromUtf8(content.get<std::string>(), place));
     expectMembers(content, {"type", "text", "bytes"}, place);
     const std::uint32_t type = typeNumber(memberOf(content, "type", place), place + "/type");
     if (content.contains("text") == content.contains("bytes")) {
