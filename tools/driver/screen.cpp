@@ -78,9 +78,9 @@ INPUT key(WORD virtualKey, WORD character, DWORD flags) {
 
 WORD keyNamed(const std::string& name) {
     static const std::map<std::string, WORD> names{
-        {"Tab", VK_TAB},     {"Shift", VK_SHIFT},   {"Alt", VK_MENU},    {"Enter", VK_RETURN}, {"Esc", VK_ESCAPE},
-        {"Space", VK_SPACE}, {"Delete", VK_DELETE}, {"Home", VK_HOME},   {"End", VK_END},      {"Up", VK_UP},
-        {"Down", VK_DOWN},   {"Left", VK_LEFT},     {"Right", VK_RIGHT}, {"F4", VK_F4}};
+        {"Tab", VK_TAB},    {"Shift", VK_SHIFT}, {"Alt", VK_MENU},      {"Ctrl", VK_CONTROL}, {"Enter", VK_RETURN},
+        {"Esc", VK_ESCAPE}, {"Space", VK_SPACE}, {"Delete", VK_DELETE}, {"Home", VK_HOME},    {"End", VK_END},
+        {"Up", VK_UP},      {"Down", VK_DOWN},   {"Left", VK_LEFT},     {"Right", VK_RIGHT},  {"F4", VK_F4}};
     if (name.size() == 1 && name.front() >= 'A' && name.front() <= 'Z') return static_cast<WORD>(name.front());
     const auto found = names.find(name);
     if (found == names.end()) throw StepFailure("no key is called \"" + name + '"');

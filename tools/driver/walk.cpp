@@ -85,6 +85,18 @@ bool isButton(HWND control, const std::string& text) {
     return isClass(control, "BUTTON") && (numbered || textOf(control) == text);
 }
 
+// Counts lines of text: each begins below a row of pixels that shows nothing but the background.
+int linesIn(const Pixels& pixels, std::ptrdiff_t width) {
+    int lines = 0;
+    bool emptyBefore = true;
+    for (auto row = pixels.begin(); row != pixels.end(); row += width) {
+        const bool empty = std::all_of(row, row + width, [&](std::uint32_t pixel) { return pixel == pixels.front(); });
+        if (emptyBefore && !empty) ++lines;
+        emptyBefore = empty;
+    }
+    return lines;
+}
+
 POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
 
 // Works one program's windows as its user would. Every step waits until the screen is as it should be; one that waits
@@ -121,7 +133,7 @@ public:
             {"write", &Walker::write},     {"hold", &Walker::hold},       {"release", &Walker::hold},
             {"look", &Walker::look},       {"changed", &Walker::compare}, {"alike", &Walker::compare},
             {"beside", &Walker::beside},   {"point", &Walker::point},     {"tip", &Walker::tip},
-            {"caption", &Walker::caption}};
+            {"caption", &Walker::caption}, {"click", &Walker::clickHere}, {"lines", &Walker::lines}};
         const auto found = actions.find(step.verb);
         if (found == actions.end()) throw StepFailure("there is no such step");
         if (!running() && step.verb != "start") throw StepFailure("the program does not run");
@@ -254,11 +266,24 @@ private:
         await("control that is " + step.verb, [&] { return (lookAt(area) == seen_) == (step.verb == "alike"); });
     }
 
-    // Presses the caption beside a picture.
+    // Moves the pointer to the caption beside a picture.
     void beside(const Step& step) {
-        const HWND label = labelOf(step.target(0));
         leave();
-        drag(middleOf(areaOf(label)), middleOf(areaOf(label)));
+        moveTo(middleOf(areaOf(labelOf(step.target(0)))));
+    }
+
+    // Presses what is under the pointer.
+    void clickHere(const Step& /*step*/) {
+        POINT place{};
+        GetCursorPos(&place);
+        drag(place, place);
+    }
+
+    // A label whose text stands in so many lines.
+    void lines(const Step& step) {
+        const RECT area = areaOf(labelOf(step.target(0)));
+        await("label of " + step.text(1) + " lines",
+              [&] { return std::to_string(linesIn(lookAt(area), area.right - area.left)) == step.text(1); });
     }
 
     // Moves the pointer to a control; or, where a second text says so, to a row of a list.
