@@ -133,7 +133,8 @@ public:
             {"write", &Walker::write},     {"hold", &Walker::hold},       {"release", &Walker::hold},
             {"look", &Walker::look},       {"changed", &Walker::compare}, {"alike", &Walker::compare},
             {"beside", &Walker::beside},   {"point", &Walker::point},     {"tip", &Walker::tip},
-            {"caption", &Walker::caption}, {"click", &Walker::clickHere}, {"lines", &Walker::lines}};
+            {"caption", &Walker::caption}, {"click", &Walker::clickHere}, {"lines", &Walker::lines},
+            {"greyed", &Walker::greyed}};
         const auto found = actions.find(step.verb);
         if (found == actions.end()) throw StepFailure("there is no such step");
         if (!running() && step.verb != "start") throw StepFailure("the program does not run");
@@ -320,6 +321,16 @@ private:
         see(step, [](HWND control) {
             const bool readOnly = isClass(control, "EDIT") && (GetWindowLongA(control, GWL_STYLE) & ES_READONLY) != 0;
             return readOnly || !live(control);
+        });
+    }
+    // A check box without a check mark, whose inside is not of the page's colour.
+    void greyed(const Step& step) {
+        see(step, [](HWND box) {
+            constexpr int middle = 6;  // of the mark, from the left
+            const RECT area = areaOf(box);
+            const Pixels pixels = lookAt(area);
+            const LONG row = (area.bottom - area.top) / 2;
+            return pixels[static_cast<std::size_t>(row * (area.right - area.left) + middle)] != pixels.front();
         });
     }
     void focus(const Step& step) {

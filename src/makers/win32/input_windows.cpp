@@ -13,6 +13,7 @@ namespace vrix {
 namespace {
 
 constexpr UINT settleChoices = WM_APP;
+constexpr UINT listOpened = WM_APP + 1;
 constexpr UINT setMostRowsSeen = 0x1701;  // CB_SETMINVISIBLE
 constexpr int rowsSeen = 12;              // of an open list, at most
 constexpr int markSide = 13;
@@ -228,6 +229,13 @@ int ComboBoxWindow::selectionWidth() const {
     return info.rcItem.right - info.rcItem.left - owner().style().px(2);
 }
 
+RECT ComboBoxWindow::workArea() const {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoA(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
 // The open list is as wide as its longest row needs, up to the width of the monitor.
 void ComboBoxWindow::widenList() {
     const HDC dc = GetDC(handle());
@@ -237,12 +245,23 @@ void ComboBoxWindow::widenList() {
         for (const std::string& row : box_.rows()) widest = std::max(widest, measured(dc, row, 0, rowFormat).cx);
     }
     ReleaseDC(handle(), dc);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof(monitor);
-    GetMonitorInfoA(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT work = workArea();
     const LONG needed = widest + GetSystemMetrics(SM_CXVSCROLL) + owner().style().px(8);
-    const LONG most = monitor.rcWork.right - monitor.rcWork.left;
-    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(needed, most)));
+    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(needed, work.right - work.left)));
+}
+
+// The platform opens a list at the left edge of its box, even if it runs off the monitor.
+void ComboBoxWindow::keepListOnMonitor() const {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    if (GetComboBoxInfo(handle(), &info) == FALSE) return;
+    RECT area{};
+    GetWindowRect(info.hwndList, &area);
+    const RECT work = workArea();
+    const LONG left = std::max(work.left, work.right - (area.right - area.left));
+    if (area.left <= left) return;
+    SetWindowPos(info.hwndList, nullptr, left, area.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 // One choice comes as several notifications. Their order depends on how the user chose. A message that arrives behind
@@ -251,6 +270,7 @@ void ComboBoxWindow::notified(int code) {
     if (code == CBN_DROPDOWN) {
         raised_ = false;
         widenList();
+        PostMessageA(handle(), listOpened, 0, 0);
     }
     if (code == CBN_SELENDOK) confirmed_ = true;
     if (code != CBN_SELENDOK && code != CBN_SELCHANGE && code != CBN_CLOSEUP) return;
@@ -258,9 +278,11 @@ void ComboBoxWindow::notified(int code) {
 }
 
 LRESULT ComboBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != settleChoices) return ControlWindow::message(message, wParam, lParam);
-    choicesSettled();
-    return 0;
+    switch (message) {
+        case settleChoices: choicesSettled(); return 0;
+        case listOpened: keepListOnMonitor(); return 0;
+        default: return ControlWindow::message(message, wParam, lParam);
+    }
 }
 
 void ComboBoxWindow::choicesSettled() {

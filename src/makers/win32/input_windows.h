@@ -76,6 +76,8 @@ private:
     RECT place() const override;
     void choicesSettled();
     void widenList();
+    RECT workArea() const;
+    void keepListOnMonitor() const;
     int selectionWidth() const;
 
     ComboBox& box_;

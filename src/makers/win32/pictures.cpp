@@ -26,8 +26,7 @@ void drawRing(Canvas& canvas, const Palette& palette) {
             return turned(turned(std::move(points), -0.42, {24, 10}), angle, middle);
         };
         const Colour colour = sheetColour(palette, i);
-        canvas.polygon(place({{18.5, 2}, {26, 2}, {30, 6}, {30, 18}, {18.5, 18}}), colour);
-        canvas.polygon(place({{26, 2}, {30, 6}, {26, 6}}), palette.window);
+        canvas.polygon(place({{18.5, 2}, {26, 2}, {26, 6}, {30, 6}, {30, 18}, {18.5, 18}}), colour);
         canvas.stroke(place({{21, 9.5}, {27.5, 9.5}}), 1.4, palette.window);
         canvas.stroke(place({{21, 13.5}, {27.5, 13.5}}), 1.4, palette.window);
     }
@@ -71,19 +70,18 @@ void drawBadge(Canvas& canvas, const Palette& palette, Colour colour, double x, 
 
 void drawPencil(Canvas& canvas, const Palette& palette, double x, double y) {
     const Point tip{22 + x, 41 + y};
-    const auto pencil = [&](double from, double to, double half) {
-        return turned({{tip.x + from, tip.y - half},
-                       {tip.x + to, tip.y - half},
-                       {tip.x + to, tip.y + half},
-                       {tip.x + from, tip.y + half}},
-                      -std::numbers::pi / 4, tip);
+    const auto along = [&](std::vector<Point> points) {
+        for (Point& point : points) point = {tip.x + point.x, tip.y + point.y};
+        return turned(std::move(points), -std::numbers::pi / 4, tip);
     };
-    canvas.polygon(pencil(0, 29, 5.2), palette.window);
+    const auto part = [&](double from, double to, double half) {
+        return along({{from, -half}, {to, -half}, {to, half}, {from, half}});
+    };
+    canvas.polygon(along({{-2.9, 0}, {6.6, -5.2}, {29, -5.2}, {29, 5.2}, {6.6, 5.2}}), palette.window);
     const Colour wood = palette.systemColoursOnly ? palette.text : RGB(226, 148, 40);
-    canvas.polygon(turned({tip, {tip.x + 7, tip.y - 3.8}, {tip.x + 7, tip.y + 3.8}}, -std::numbers::pi / 4, tip),
-                   mixed(wood, palette.text, 0.55));
-    canvas.polygon(pencil(7, 21.5, 3.8), wood);
-    canvas.polygon(pencil(23, 27.5, 3.8), palette.accent);
+    canvas.polygon(along({{0, 0}, {7, -3.8}, {7, 3.8}}), mixed(wood, palette.text, 0.55));
+    canvas.polygon(part(7, 21.5, 3.8), wood);
+    canvas.polygon(part(23, 27.5, 3.8), palette.accent);
 }
 
 void drawTile(Canvas& canvas, Tile tile, bool focused, const Palette& palette) {
