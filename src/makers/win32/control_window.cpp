@@ -29,10 +29,9 @@ bool isVisible(const Control& control) {
 // The window is made in its place: each later change of it asks the platform once more.
 HWND makeWindow(const FormWindow& owner, const Control& control, const WindowKind& kind, const RECT& place, HMENU id) {
     const DWORD shown = isVisible(control) ? WS_VISIBLE : 0;
-    const HWND window =
-        CreateWindowExW(kind.extendedStyle, wide(kind.className).c_str(), L"", WS_CHILD | shown | kind.style,
-                        place.left, place.top, place.right - place.left, place.bottom - place.top, owner.handle(), id,
-                        GetModuleHandleA(nullptr), nullptr);
+    const HWND window = CreateWindowExW(
+        kind.extendedStyle, wide(kind.className).c_str(), L"", WS_CHILD | shown | kind.style, place.left, place.top,
+        place.right - place.left, place.bottom - place.top, owner.handle(), id, GetModuleHandleA(nullptr), nullptr);
     if (window == nullptr) throw std::runtime_error("The window of " + control.name() + " could not be made.");
     return window;
 }
