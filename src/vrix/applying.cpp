@@ -46,9 +46,8 @@ ExitCode apply(Run& run) {
     const Unnamed unnamed = run.request.merge ? Unnamed::kept : Unnamed::removed;
     std::vector<Step> steps;
     for (FileProduct& one : all) {  // a step is planned once
-        steps.push_back({one.file + ": " + labelOf(run, one.product.id), [&](const ProductStore& store) {
-                             return planApply(store, std::move(one.product), unnamed);
-                         }});
+        steps.push_back({one.file + ": " + labelOf(run, one.product.id),
+                         [&](const ProductStore& store) { return planApply(store, std::move(one.product), unnamed); }});
     }
     Store store(run, use(run));
     perform(run, store, steps);
