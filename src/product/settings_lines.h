@@ -27,6 +27,8 @@ KeyPath headerPath(std::string_view line, std::size_t index);
 // The values of a key in the making. As in the registry, a name that comes again gives the first one its new data.
 class GrowingKey {
 public:
+    // Makes room for so many values.
+    void reserve(std::size_t count);
     void put(StoredValue value);
     std::vector<StoredValue> take() { return std::move(values_); }
     bool empty() const { return values_.empty(); }

@@ -115,6 +115,11 @@ KeyPath headerPath(std::string_view line, std::size_t index) {
     return belowRoot(path, family);
 }
 
+void GrowingKey::reserve(std::size_t count) {
+    values_.reserve(count);
+    places_.reserve(count);
+}
+
 void GrowingKey::put(StoredValue value) {
     const auto [place, isNew] = places_.emplace(lowerCase(value.name), values_.size());
     if (isNew) {

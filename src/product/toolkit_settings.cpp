@@ -39,11 +39,15 @@ bool isPathOption(std::string_view name) {
 std::optional<std::string> unescaped(std::string_view data) {
     std::string path;
     path.reserve(data.size());
-    for (std::size_t at = 0; at < data.size(); at += characterSize(data, at)) {
-        if (data[at] == '\\' && (++at == data.size() || data[at] != '\\')) return std::nullopt;
-        path += data.substr(at, characterSize(data, at));
+    for (;;) {
+        const std::size_t end = std::min(findCharacter(data, '\\', 0), data.size());
+        path += data.substr(0, end);
+        data.remove_prefix(end);
+        if (data.empty()) return path;
+        if (!data.starts_with("\\\\")) return std::nullopt;
+        path += '\\';
+        data.remove_prefix(2);
     }
-    return path;
 }
 
 std::vector<Section> sectionsOf(const std::vector<std::string_view>& lines) {
@@ -159,9 +163,12 @@ private:
     // Reads a section. It makes a key only where it has entries: the Toolkit writes it also where there is no key.
     std::vector<Entry> entries(const KeyPath& path, const std::function<bool(const Entry&)>& fits,
                                const std::function<bool(std::string_view)>& isPath) {
+        const std::vector<Line>& lines = expect(path).entries;
         std::vector<Entry> all;
         GrowingKey key;
-        for (const Line& line : expect(path).entries) {
+        all.reserve(lines.size());
+        key.reserve(lines.size());
+        for (const Line& line : lines) {
             all.push_back(entryOf(line, fits));
             const Entry& entry = all.back();
             const auto plain = isPath(entry.name) ? unescaped(entry.data) : std::nullopt;
