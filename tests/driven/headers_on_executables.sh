@@ -11,14 +11,15 @@ facts() {
     find "$1" \( -path '*64/VrixToolkit.exe' -size +1499999c -o -path '*64/vrix.exe' -size +1999999c \) -printf 'too large: %s bytes\n'
 }
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
-all=".rsrc .reloc backup command core portable product product_json win32 GROUP_ICON FILEVERSION${version//./,},0 MANIFEST Controlsversion=6"
+all=".rsrc .reloc backup command core portable product product_json win32 GROUP_ICON FILEVERSION${version//./,},0 MANIFEST"
+controls="MANIFEST Controlsversion=6"
 programs=(build/win{64,32}/{VrixToolkit,VrixToolkitTrial,vrix}.exe)
 stat -c '%n: %s bytes' "${programs[@]}"
 diff <(for program in "${programs[@]}"; do facts "$program" | paste -sd' '; done) - <<END
-pei-x86-64 6 1 00000002 00008160 $all level=requireAdministrator PerMonitorV2
-pei-x86-64 6 1 00000002 00008160 $all level=asInvoker PerMonitorV2
-pei-x86-64 6 1 00000003 00008160 $all level=asInvoker PerMonitorV2
-pei-i386 6 1 00000002 00008140 $all level=requireAdministrator PerMonitorV2
-pei-i386 6 1 00000002 00008140 $all level=asInvoker PerMonitorV2
-pei-i386 6 1 00000003 00008140 $all level=asInvoker PerMonitorV2
+pei-x86-64 6 1 00000002 00008160 $all level=requireAdministrator PerMonitorV2 $controls
+pei-x86-64 6 1 00000002 00008160 $all level=asInvoker PerMonitorV2 $controls
+pei-x86-64 6 1 00000003 00008160 $all level=asInvoker PerMonitorV2 $controls
+pei-i386 6 1 00000002 00008140 $all level=requireAdministrator PerMonitorV2 $controls
+pei-i386 6 1 00000002 00008140 $all level=asInvoker PerMonitorV2 $controls
+pei-i386 6 1 00000003 00008140 $all level=asInvoker PerMonitorV2 $controls
 END
