@@ -48,13 +48,13 @@ Run::Run(const Request& wanted, Host& system)
     }
 }
 
-std::string Run::shown(std::string_view text) const {
+std::string Run::shown(std::string text) const {
     // Most texts are the same in every code page.
-    if (std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; })) return std::string(text);
+    if (std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; })) return text;
     if (const auto whole = encoding_->toUtf8(text)) return withoutControls(*whole);
     std::string safe;
     for (std::size_t at = 0; at < text.size();) {
-        const std::string_view character = text.substr(at, characterSize(text, at));
+        const auto character = std::string_view(text).substr(at, characterSize(text, at));
         const auto known = encoding_->toUtf8(character);
         safe += known ? withoutControls(*known) : escapedByte(character[0]);
         at += known ? character.size() : 1;

@@ -4,7 +4,6 @@
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/encoding.h"
@@ -25,12 +24,12 @@ public:
     const Encoding& encoding() const { return *encoding_; }
 
     // A text of a store for people: a byte that stands for no character shows as "\x81", a line break as "\n".
-    std::string shown(std::string_view text) const;
+    std::string shown(std::string text) const;
     // A text of the command line in the code page; nothing where that lacks a character.
     std::optional<std::string> stored(const std::string& text) const { return encoding_->fromUtf8(text); }
 
     // Prints a line.
-    void print(const std::string& line) { host.write(line + '\n'); }
+    void print(std::string line) { host.write(line += '\n'); }
     void printJson(const nlohmann::ordered_json& json);
 
 private:
