@@ -1,5 +1,6 @@
 #include "makers/win32/control_window.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "forms/buttons.h"
@@ -7,6 +8,7 @@
 #include "forms/frame.h"
 #include "forms/inputs.h"
 #include "makers/win32/input_windows.h"
+#include "makers/win32/list_windows.h"
 #include "makers/win32/painted_windows.h"
 #include "makers/win32/wide_text.h"
 #include "makers/win32/win32_screen.h"
@@ -95,6 +97,12 @@ void ControlWindow::layout() {
 }
 
 RECT ControlWindow::place() const { return owner_.style().px(control_.bounds()); }
+
+RECT ControlWindow::lineBox() const {
+    const RECT place = ControlWindow::place();
+    const int spare = std::max(0, static_cast<int>(place.bottom - place.top) - owner_.style().lineBoxHeight());
+    return {place.left, place.top + spare / 2, place.right, place.bottom - (spare - spare / 2)};
+}
 
 void ControlWindow::moveTo(const RECT& place) {
     if (EqualRect(&place, &placed_)) return;

@@ -67,6 +67,8 @@ protected:
     virtual bool enabled() const;
 
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    // A box for one line of text: as high as its font needs, in the middle of the control's place.
+    RECT lineBox() const;
     void moveTo(const RECT& place);
     bool setText(const std::string& text);  // if it differs; tells whether it did
     // A line of text, cut if it is longer than a width. The whole of it then stands in a tip.

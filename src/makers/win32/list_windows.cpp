@@ -1,0 +1,267 @@
+#include "makers/win32/list_windows.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "makers/win32/pictures.h"
+#include "makers/win32/wide_text.h"
+#include "makers/win32/win32_screen.h"
+
+namespace vrix {
+
+namespace {
+
+constexpr UINT settleChoices = WM_APP;
+constexpr UINT listOpened = WM_APP + 1;
+constexpr UINT setMostRowsSeen = 0x1701;    // CB_SETMINVISIBLE
+constexpr int rowsSeen = 12;                // of an open list, at most
+constexpr int textLeft = 4 + markSide + 6;  // where the text of a row that can be marked begins
+constexpr UINT rowFormat = DT_SINGLELINE | DT_NOPREFIX;
+
+}  // namespace
+
+ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
+    : ControlWindow(owner, box, {"COMBOBOX", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS}),
+      box_(box) {
+    send(setMostRowsSeen, rowsSeen);
+    send(CB_INITSTORAGE, box.rows().size(), 32);
+}
+
+// A native combo box counts its open list to its height.
+RECT ComboBoxWindow::place() const {
+    RECT area = lineBox();
+    area.bottom += static_cast<LONG>(rowsSeen * send(CB_GETITEMHEIGHT, 0)) + owner().style().px(2);
+    return area;
+}
+
+void ComboBoxWindow::layout() {
+    ControlWindow::layout();
+    constexpr auto ownBox = static_cast<WPARAM>(-1);
+    RECT closed{};
+    GetWindowRect(handle(), &closed);
+    const LRESULT border = closed.bottom - closed.top - send(CB_GETITEMHEIGHT, ownBox);
+    send(CB_SETITEMHEIGHT, ownBox, owner().style().lineBoxHeight() - border);
+}
+
+void ComboBoxWindow::rowsChanged(RowChange) { rowsDiffer_ = true; }
+
+void ComboBoxWindow::update() {
+    ControlWindow::update();
+    static_cast<void>(shortenedTo(selectionWidth(), box_.text()));  // for the tip alone
+    if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
+    if (rowsDiffer_) shown_.replace(handle(), box_.rows());
+    rowsDiffer_ = false;
+    send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
+}
+
+// The room for the text of the current row.
+int ComboBoxWindow::selectionWidth() const {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    if (GetComboBoxInfo(handle(), &info) == FALSE) return INT_MAX;
+    return info.rcItem.right - info.rcItem.left - owner().style().px(2);
+}
+
+RECT ComboBoxWindow::workArea() const {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof(monitor);
+    GetMonitorInfoA(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork;
+}
+
+// The open list is as wide as its longest row needs, up to the width of the monitor.
+void ComboBoxWindow::widenList() {
+    const HDC dc = GetDC(handle());
+    LONG widest = 0;
+    {
+        const Selected font(dc, owner().style().font(Look::body));
+        for (const std::string& row : box_.rows()) widest = std::max(widest, measured(dc, row, 0, rowFormat).cx);
+    }
+    ReleaseDC(handle(), dc);
+    const RECT work = workArea();
+    const LONG needed = widest + GetSystemMetrics(SM_CXVSCROLL) + owner().style().px(8);
+    send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(needed, work.right - work.left)));
+}
+
+// The platform opens a list at the left edge of its box, even if it runs off the monitor.
+void ComboBoxWindow::keepListOnMonitor() const {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof(info);
+    if (GetComboBoxInfo(handle(), &info) == FALSE) return;
+    RECT area{};
+    GetWindowRect(info.hwndList, &area);
+    const RECT work = workArea();
+    const LONG left = std::max(work.left, work.right - (area.right - area.left));
+    if (area.left <= left) return;
+    SetWindowPos(info.hwndList, nullptr, left, area.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+}
+
+// One choice comes as several notifications. Their order depends on how the user chose. A message that arrives behind
+// the last handles them together.
+void ComboBoxWindow::notified(int code) {
+    if (code == CBN_DROPDOWN) {
+        raised_ = false;
+        widenList();
+        PostMessageA(handle(), listOpened, 0, 0);
+    }
+    if (code == CBN_SELENDOK) confirmed_ = true;
+    if (code != CBN_SELENDOK && code != CBN_SELCHANGE && code != CBN_CLOSEUP) return;
+    if (!settling_) settling_ = PostMessageA(handle(), settleChoices, 0, 0) != FALSE;
+}
+
+LRESULT ComboBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case settleChoices: choicesSettled(); return 0;
+        case listOpened: keepListOnMonitor(); return 0;
+        default: return ControlWindow::message(message, wParam, lParam);
+    }
+}
+
+void ComboBoxWindow::choicesSettled() {
+    const auto row = static_cast<int>(send(CB_GETCURSEL));
+    const bool again = confirmed_ && !raised_;  // the user chose the row that was current before
+    settling_ = false;
+    confirmed_ = false;
+    if (row < 0 || (row == box_.listIndex() && !again)) return;
+    raised_ = wantsEnter();
+    event([&] { box_.userChooses(row); });
+}
+
+bool ComboBoxWindow::wantsEnter() const { return send(CB_GETDROPPEDSTATE) != 0; }
+
+MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
+    : ControlWindow(owner, list,
+                    {"LISTBOX",
+                     WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED |
+                         LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
+                     WS_EX_CLIENTEDGE}),
+      list_(list) {
+    send(LB_INITSTORAGE, list.rows().size(), 32);
+}
+
+void MarkListWindow::layout() {
+    ControlWindow::layout();
+    const Style& style = owner().style();
+    send(LB_SETITEMHEIGHT, 0, style.lineHeight(Look::body) + style.px(5));
+}
+
+void MarkListWindow::update() {
+    const bool many = rowsDiffer_;
+    if (many) {
+        send(WM_SETREDRAW, FALSE);
+        showRows();
+    }
+    if (marksDiffer_) showMarks();
+    if (many) {
+        send(WM_SETREDRAW, TRUE);
+        InvalidateRect(handle(), nullptr, TRUE);
+    }
+    ControlWindow::update();
+}
+
+void MarkListWindow::showRows() {
+    std::vector<std::string> texts;
+    for (const MarkList::Row& row : list_.rows()) texts.push_back(row.text);
+    shown_.replace(handle(), std::move(texts));
+    // A list that was filled anew begins at its top.
+    if (cleared_) {
+        send(LB_SETCARETINDEX, 0, FALSE);
+        send(LB_SETTOPINDEX, 0);
+    }
+    rowsDiffer_ = false;
+    cleared_ = false;
+}
+
+std::vector<bool> MarkListWindow::shownMarks() const {
+    std::vector<int> rows(static_cast<std::size_t>(std::max<LRESULT>(0, send(LB_GETSELCOUNT))));
+    send(LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
+    std::vector<bool> marks(list_.rows().size());
+    for (const int row : rows) marks.at(static_cast<std::size_t>(row)) = true;
+    return marks;
+}
+
+// When the program marks rows, the focused row and the visible part of the list stay the same.
+void MarkListWindow::showMarks() {
+    marksDiffer_ = false;
+    const std::vector<bool> shown = shownMarks();
+    const auto caret = static_cast<WPARAM>(send(LB_GETCARETINDEX));
+    const auto top = static_cast<WPARAM>(send(LB_GETTOPINDEX));
+    const auto differs = [&](std::size_t row) { return list_.rows()[row].marked != shown[row]; };
+    for (std::size_t row = 0; row < shown.size(); ++row) {
+        if (!differs(row)) continue;
+        const std::size_t first = row;
+        const bool marked = list_.rows()[row].marked;
+        while (row + 1 < shown.size() && differs(row + 1) && list_.rows()[row + 1].marked == marked) ++row;
+        send(LB_SELITEMRANGE, marked, MAKELPARAM(first, row));
+    }
+    if (static_cast<WPARAM>(send(LB_GETCARETINDEX)) != caret) send(LB_SETCARETINDEX, caret, TRUE);
+    if (static_cast<WPARAM>(send(LB_GETTOPINDEX)) != top) send(LB_SETTOPINDEX, top);
+}
+
+void MarkListWindow::rowsChanged(RowChange change) {
+    if (change != RowChange::marked) rowsDiffer_ = true;
+    if (change == RowChange::cleared) cleared_ = true;
+    marksDiffer_ = true;
+}
+
+void MarkListWindow::notified(int code) {
+    if (code == LBN_SELCHANGE) takeMarks();
+}
+
+// Some versions of the platform do not notify of a row that is marked by keyboard.
+LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MOUSEMOVE) explainRow(lParam);
+    const LRESULT result = ControlWindow::message(message, wParam, lParam);
+    if ((message == WM_KEYDOWN || message == WM_CHAR) && wParam == VK_SPACE) takeMarks();
+    return result;
+}
+
+// A row that is cut stands whole in a tip while the pointer is on it.
+void MarkListWindow::explainRow(LPARAM pointer) {
+    const auto hit = send(LB_ITEMFROMPOINT, 0, pointer);
+    const int row = HIWORD(hit) != 0 ? -1 : LOWORD(hit);
+    if (row == explained_) return;
+    explained_ = row;
+    RECT area{};
+    GetClientRect(handle(), &area);
+    const bool known = row >= 0 && row < list_.count();
+    const std::string text = known ? list_.rows()[static_cast<std::size_t>(row)].text : std::string();
+    const Style& style = owner().style();
+    const bool cut = shortened(style.font(Look::body), text, area.right - style.px(textLeft)) != text;
+    owner().explainAt(handle(), pointer, cut ? text : std::string());
+}
+
+void MarkListWindow::takeMarks() {
+    const std::vector<bool> shown = shownMarks();
+    for (std::size_t row = 0; row < std::min(shown.size(), list_.rows().size()); ++row) {
+        const bool marked = shown[row];
+        if (marked != list_.rows()[row].marked) event([&] { list_.userMarks(static_cast<int>(row), marked); });
+    }
+}
+
+void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
+    const Style& style = owner().style();
+    const bool empty = item.itemID >= list_.rows().size();
+    const Buffer buffer(item.hDC, item.rcItem);
+    FillRect(buffer.dc(), &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
+    if (!empty) {
+        const bool live = (item.itemState & ODS_DISABLED) == 0;
+        const int side = style.px(markSide);
+        const LONG left = item.rcItem.left + style.px(4);
+        const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
+        drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
+                 style.palette());
+        const std::wstring text = wide(list_.rows()[item.itemID].text);
+        RECT area{item.rcItem.left + style.px(textLeft), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
+        const Selected font(buffer.dc(), style.font(Look::body));
+        SetTextColor(buffer.dc(), live ? style.palette().text : style.palette().greyText);
+        DrawTextW(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
+                  rowFormat | DT_VCENTER | DT_END_ELLIPSIS);
+    }
+    if ((item.itemState & ODS_FOCUS) == 0) return;
+    SetTextColor(buffer.dc(), style.palette().text);
+    DrawFocusRect(buffer.dc(), &item.rcItem);
+}
+
+}  // namespace vrix
