@@ -53,6 +53,7 @@ std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const Key
     std::vector<StoredValue> values;
     values.reserve(names.size());
     for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i].find('\0') != std::string::npos) continue;  // no call can reach it
         values.push_back({std::move(names[i]), data[i].type, std::move(data[i].bytes)});
     }
     return values;
