@@ -5,9 +5,9 @@
 #include <set>
 #include <stdexcept>
 
-#include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
+#include "common/utf8.h"
 #include "product/compare.h"
 #include "product/view.h"
 #include "store/option_table.h"
@@ -55,7 +55,7 @@ bool isNumberFrom0(const std::string& text, std::size_t upTo) {
 
 class ProductCheck {
 public:
-    ProductCheck(const Product& product, const Encoding& encoding) : product_(product), encoding_(encoding) {}
+    ProductCheck(const Product& product) : product_(product) {}
 
     std::vector<Finding> run() {
         if (product_.keys.empty()) {
@@ -116,12 +116,12 @@ private:
     }
 
     void nameTopic(const KeyPath& path, const std::string& name) {
-        const auto [topic, isNew] = topics_.emplace(lowerCase(name), Topic{name, path, {}});
+        const auto [topic, isNew] = topics_.emplace(foldedName(name), Topic{name, path, {}});
         if (!isNew) add("added-elsewhere", path, name, topic->second.name);
     }
 
     void checkIndex(const StoredValue& index) {
-        const auto topic = topics_.find(lowerCase(index.name));
+        const auto topic = topics_.find(foldedName(index.name));
         indexes_.insert(textOf(index));
         if (topic != topics_.end()) {
             topic->second.index = textOf(index);
@@ -149,6 +149,8 @@ private:
         const bool isKnown = groupOf(key.path) != Group::other || key.path.empty() || isParent;
         if (!isKnown) findings_.add("unknown-value", placeOf(product_.id, key.path));
         if (key.values.size() > mostRows) findings_.add("too-many-rows", placeOf(product_.id, key.path));
+        if (key.unreachable > 0) findings_.add("unreachable-value", placeOf(product_.id, key.path));
+        if (!isWhole(joined(key.path))) findings_.add("half-character", placeOf(product_.id, key.path));
         for (const StoredValue& value : key.values) {
             const bool isListed = groupOf(key.path) != Group::other;
             if (value.name.empty() && isListed) {
@@ -163,14 +165,17 @@ private:
     static bool isKnownValue(const KeyPath& path, const std::string& name) {
         if (path.empty()) return isCreationDate(name);
         if (groupOf(path) != Group::options || name.empty()) return groupOf(path) != Group::other;
-        return std::any_of(optionTable().begin(), optionTable().end(),
-                           [&](const OptionRow& option) { return sameName(option.name, name); });
+        static const std::set<std::string> options = [] {
+            std::set<std::string> names;
+            for (const OptionRow& option : optionTable()) names.insert(foldedName(option.name));
+            return names;
+        }();
+        return options.contains(foldedName(name));
     }
 
     void checkValue(const KeyPath& path, const StoredValue& value) {
         const std::string place = placeOf(product_.id, path) + '\\' + value.name;
         checkText(place, value.name, false);
-        if (!value.isExact) findings_.add("outside-code-page", place, shown(value));
         if (!isPlainText(value)) findings_.add("odd-type", place, shown(value));
         if (value.type != valuetype::string && value.type != valuetype::expandString) return;
         const std::string text = textOf(value);
@@ -185,9 +190,9 @@ private:
         const auto has = [&](const char* characters) { return text.find_first_of(characters) != std::string::npos; };
         if (has("\"")) findings_.add("quotation-mark", place, text);
         if (has("\r\n")) findings_.add("line-break", place, text);
-        if (!isPath && findCharacter(text, '\\') != std::string::npos) findings_.add("plain-backslash", place, text);
+        if (!isPath && has("\\")) findings_.add("plain-backslash", place, text);
         if (isExpandable(text)) findings_.add("percent-pair", place, text);
-        if (!exactUtf8(encoding_, text)) findings_.add("undefined-bytes", place, text);
+        if (!isWhole(text)) findings_.add("half-character", place, text);
     }
 
     void checkPath(const std::string& place, const std::string& path) {
@@ -207,7 +212,6 @@ private:
         std::string index;
     };
     const Product& product_;
-    const Encoding& encoding_;
     Findings findings_;
     std::map<std::string, Topic> topics_;  // by name in small letters
     std::set<std::string> indexes_;
@@ -216,9 +220,7 @@ private:
 
 }  // namespace
 
-std::vector<Finding> checkProduct(const Product& product, const Encoding& encoding) {
-    return ProductCheck(product, encoding).run();
-}
+std::vector<Finding> checkProduct(const Product& product) { return ProductCheck(product).run(); }
 
 std::vector<Finding> checkFiles(const Product& product, Files& files) {
     Findings findings;
@@ -267,11 +269,6 @@ std::vector<Finding> checkStore(const ProductStore& store) {
         if (id.name.empty()) findings.add("unnamed-value", rowPlace(id));
         if (!whyNoKey(id).empty()) findings.add("key-of-nothing", rowPlace(id), id.key);
         for (std::size_t j = 0; j < i; ++j) checkPair(listed[j], id, findings);
-    }
-    for (const Tree tree : {Tree::installed, Tree::toolkit}) {
-        for (const StoredValue& row : store.values(listPath(tree))) {
-            if (!row.isExact) findings.add("outside-code-page", joined(listPath(tree)) + '\\' + row.name);
-        }
     }
     if (listed.size() > mostRows) findings.add("too-many-rows", joined(listPath(Tree::toolkit)));
     for (const ProductId& id : store.leftovers()) findings.add("leftover", placeOf(id));

@@ -33,13 +33,13 @@ std::string commaSeparated(const std::vector<std::string>& texts) {
 
 // One side of the comparison.
 struct Side {
-    explicit Side(const Product& whole) : product(whole), dependencies(whole) {}
+    explicit Side(const Product& whole) : product(whole), keys(keysByPath(whole)), dependencies(whole) {}
 
     // The values that are compared.
     Values valuesAt(const KeyPath& path) const {
-        const StoredKey* key = product.find(path);
-        Values values = key == nullptr ? Values() : key->values;
-        if (samePath(path, part::root)) {
+        const auto key = keys.find(foldedPath(path));
+        Values values = key == keys.end() ? Values() : key->second->values;
+        if (path.empty()) {
             std::erase_if(values, [](const StoredValue& value) { return isCreationDate(value.name); });
         }
         return values;
@@ -50,6 +50,7 @@ struct Side {
     }
 
     const Product& product;
+    std::unordered_map<std::string, const StoredKey*> keys;
     DependencyNames dependencies;
 };
 
@@ -59,8 +60,11 @@ public:
 
     std::vector<Difference> run() {
         identity();
-        Product both{{}, left_.product.keys};
-        for (const StoredKey& key : right_.product.keys) both.at(key.path);
+        Product both;
+        KeyMaker maker(both);
+        for (const Side* side : {&left_, &right_}) {
+            for (const StoredKey& key : side->product.keys) maker.at(key.path);
+        }
         both.sortKeys();
         for (const StoredKey& key : both.keys) compareKey(key.path);
         std::stable_sort(found_.begin(), found_.end(),

@@ -2,13 +2,12 @@
 
 #include <compare>
 #include <cstdint>
-#include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "common/refusal.h"
 #include "platform/registry.h"
 
 namespace vrix {
@@ -23,12 +22,12 @@ struct ProductId {
     std::string key;   // the key of its settings; it may hold backslashes
 };
 
-// A value as the store has it. `data` are its bytes, those of a text with its terminator.
+// A value as the store has it. Names, and the data of texts, are UTF-8 that keeps half characters; a text's data have
+// its terminator. The data of other types are bytes.
 struct StoredValue {
     std::string name;
     std::uint32_t type = valuetype::string;
     std::string data;
-    bool isExact = true;  // false where the code page lacks characters of it, for which others stand here
     bool operator==(const StoredValue&) const = default;
 };
 
@@ -39,7 +38,7 @@ using KeyPath = std::vector<std::string>;
 struct StoredKey {
     KeyPath path;
     std::vector<StoredValue> values;
-    bool operator==(const StoredKey&) const = default;
+    std::size_t unreachable = 0;  // values that are there, and that no call can read: their names hold a zero character
 };
 
 // The keys that a Product is made of. Any other one is kept as it is.
@@ -68,6 +67,22 @@ struct Product {
     StoredKey& at(const KeyPath& path);
     // Brings the keys into their order.
     void sortKeys();
+};
+
+// A path as one text, the same for all paths that differ in case alone: to keep keys in maps.
+std::string foldedPath(const KeyPath& path);
+// All keys of the Product by their folded paths.
+std::unordered_map<std::string, const StoredKey*> keysByPath(const Product& product);
+
+// Makes keys as Product::at does, for whoever makes many. Meanwhile nobody else adds keys or moves them.
+class KeyMaker {
+public:
+    explicit KeyMaker(Product& product);
+    StoredKey& at(const KeyPath& path);
+
+private:
+    Product& product_;
+    std::unordered_map<std::string, std::size_t> places_{};
 };
 
 // Whether both are one tree and key.
@@ -107,7 +122,7 @@ KeyPath rootPath(const ProductId& id);
 std::string joined(const KeyPath& path);
 // A text of the store taken apart at its backslashes. Doubled ones and those at the ends count for nothing.
 KeyPath partsOf(std::string_view text);
-// Whether a key can have that name: 1 to 255 bytes, none of them zero, and no backslash.
+// Whether a key can have that name: 1 to 255 units of UTF-16, none of them zero, and no backslash.
 bool isKeyName(const std::string& name);
 // Without regard to case.
 bool sameName(std::string_view a, std::string_view b);
@@ -118,21 +133,12 @@ KeyPath belowRoot(const KeyPath& path, const KeyPath& root);
 // Whether `path` is `above` or lies below it. Without regard to case.
 bool isWithin(const KeyPath& path, const KeyPath& above);
 
-// The text as UTF-8, if that leads back to the same bytes. Nothing where a byte stands for no character, or for a
-// control character beyond ASCII, which is what some tables have for such bytes.
-std::optional<std::string> exactUtf8(const Encoding& encoding, const std::string& text);
-
 // Why a Product of that name and key cannot be written: an empty key, or one in the place of a list or of a tree. Empty
 // text when it can.
 std::string whyNoKey(const ProductId& id);
 
-// Thrown for a file or text that is not what it should be. `place` is "line 12" or "/options/AllowNoTOC"; empty where
-// the whole is meant. what() has both.
-class Malformed final : public std::runtime_error {
-public:
-    Malformed(const std::string& place_, const std::string& why)
-        : std::runtime_error(place_.empty() ? why : place_ + ": " + why), place(place_) {}
-    std::string place;
-};
+// What is thrown for a file or a text that is not what it should be. `place` is "line 12" or "/options/AllowNoTOC";
+// empty where the whole is meant.
+Refusal malformed(const std::string& place, const std::string& why);
 
 }  // namespace vrix

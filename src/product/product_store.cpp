@@ -12,7 +12,7 @@ namespace vrix {
 namespace {
 
 void expect(RegistryStatus status, const KeyPath& path) {
-    if (status != RegistryStatus::success) throw StoreRefused(status, refusalText(path, status));
+    if (status != RegistryStatus::success) throw Refusal(Refusal::Kind::refused, refusalText(path, status));
 }
 
 std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const KeyPath& path) {
@@ -29,7 +29,7 @@ std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const Ke
 
 // A value that the listing could not give, since the code page lacks characters of it. By such a name nothing is found.
 StoredValue valueOf(Registry& registry, RegistryKey key, const std::string& name, const KeyPath& path) {
-    StoredValue value{name, 0, {}, false};
+    StoredValue value{name, 0, {}};
     std::uint32_t size = 0;
     RegistryStatus status = RegistryStatus::moreData;
     while (status == RegistryStatus::moreData) {  // at first it tells the size
@@ -38,7 +38,7 @@ StoredValue valueOf(Registry& registry, RegistryKey key, const std::string& name
         void* room = size == 0 ? static_cast<void*>(&none) : value.data.data();
         status = registry.queryValue(key, name, value.type, room, size);
     }
-    if (status == RegistryStatus::fileNotFound) return {name, valuetype::string, std::string(1, '\0'), false};
+    if (status == RegistryStatus::fileNotFound) return {name, valuetype::string, std::string(1, '\0')};
     expect(status, path);
     value.data.resize(size);
     return value;
@@ -103,7 +103,7 @@ std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const Key
 
 std::string refusalText(const KeyPath& path, RegistryStatus status) {
     const auto number = std::to_string(static_cast<std::int32_t>(status));
-    const std::string why = status == RegistryStatus::accessDenied ? "access is denied" : "the registry refuses";
+    const std::string why = status == RegistryStatus::accessDenied ? "access is denied, administrator rights may be missing" : "the registry refuses";
     return "Software\\Vrix" + (path.empty() ? "" : "\\" + joined(path)) + ": " + why + " (" + number + ")";
 }
 

@@ -42,12 +42,9 @@ private:
 // A value as a store keeps it: a text ends with a zero byte.
 StoredValue storable(StoredValue value);
 
-// UTF-16, least byte first, as UTF-8; nothing for half a character.
-std::optional<std::string> fromUtf16(std::string_view bytes);
-
-// The two formats.
-Product readToolkitSettings(std::string_view file);
-// `isUtf8` says that the text was brought to UTF-8 and goes to the code page piece by piece; else it is taken as it is.
-Product readEditorSettings(std::string_view text, bool isUtf8, bool hexIsUtf16, const Encoding& encoding);
+// The two formats, as text. Data of the editor's that are texts in hexadecimal digits are UTF-16 if `hexIsUtf16`, else
+// bytes of the code page.
+Product readToolkitSettings(std::string_view text);
+Product readEditorSettings(std::string_view text, bool hexIsUtf16, const Encoding& encoding);
 
 }  // namespace vrix

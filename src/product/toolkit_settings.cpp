@@ -2,7 +2,6 @@
 #include <functional>
 #include <unordered_set>
 
-#include "common/code_page.h"
 #include "product/settings_lines.h"
 #include "store/option_table.h"
 
@@ -40,7 +39,7 @@ std::optional<std::string> unescaped(std::string_view data) {
     std::string path;
     path.reserve(data.size());
     for (;;) {
-        const std::size_t end = std::min(findCharacter(data, '\\', 0), data.size());
+        const std::size_t end = std::min(data.find('\\'), data.size());
         path += data.substr(0, end);
         data.remove_prefix(end);
         if (data.empty()) return path;
@@ -180,7 +179,7 @@ private:
     }
 
     const Section& peek(const std::string& what) const {
-        if (next_ == sections_.size()) throw Malformed("", "the file is cut off: " + what + " is missing");
+        if (next_ == sections_.size()) throw malformed("", "the file is cut off: " + what + " is missing");
         return sections_[next_];
     }
     const Section& take(const std::string& what) {
@@ -208,10 +207,10 @@ private:
 
 }  // namespace
 
-Product readToolkitSettings(std::string_view file) {
-    const auto lines = linesOf(file);
+Product readToolkitSettings(std::string_view text) {
+    const auto lines = linesOf(text);
     const bool isWhole = lines.size() > 2 && lines.back().empty() && lines[lines.size() - 2].empty();
-    if (!isWhole) throw Malformed("", "the file is cut off: it should end with two empty lines");
+    if (!isWhole) throw malformed("", "the file is cut off: it should end with two empty lines");
     return ToolkitReader(sectionsOf(lines)).read();
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 #include "store/option_table.h"
 
 namespace vrix {
@@ -14,12 +14,12 @@ namespace {
 std::map<std::string, std::string> textsOf(const StoredKey* key) {
     std::map<std::string, std::string> texts;
     if (key == nullptr) return texts;
-    for (const StoredValue& value : key->values) texts.emplace(lowerCase(value.name), textOf(value));
+    for (const StoredValue& value : key->values) texts.emplace(foldedName(value.name), textOf(value));
     return texts;
 }
 
 std::string textAt(const std::map<std::string, std::string>& texts, const std::string& name) {
-    const auto found = texts.find(lowerCase(name));
+    const auto found = texts.find(foldedName(name));
     return found == texts.end() ? "" : found->second;
 }
 

@@ -4,6 +4,7 @@
 
 #include "makers/embedded/memory_registry.h"
 #include "makers/kept/kept_keys.h"
+#include "product/encoded_text.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
 #include "product/settings_text.h"
@@ -25,17 +26,17 @@ std::string settingsOf(const Product& product) {
 }
 
 std::string bytesOf(Run& run, const Product& product, const std::string& format) {
-    if (format == "json") return toJson(product, run.encoding());
+    if (format == "json") return toJson(product);
     if (format == "xml") {
         return policyCollection(product, run.encoding(), run.request.store.view == RegistryView::narrow);
     }
-    return settingsOf(product);
+    return encodedSettings(settingsOf(product), run.encoding());
 }
 
 std::string bytesOf(Run& run, Store& store, const ProductId& id, const std::string& format) {
     if (format != "kls") return bytesOf(run, store.products().read(id), format);
     KeptKeys kept(store.registry());
-    return settingsText(kept, id);
+    return encodedSettings(settingsText(kept, id), run.encoding());
 }
 
 std::string formatOf(const std::string& path) {
