@@ -209,7 +209,7 @@ TEST(SettingsText, OfWhateverTheToolkitLeavesIsItsOwnAndReadsBack) {
         // Unnamed values are lost with the file; one in front of others costs the names behind it their texts.
         bool shifts = false;
         for (const StoredKey& key : product.keys) {
-            const StoredValue* unnamed = findValue(&key, "");
+            const StoredValue* unnamed = findValue(key.values, "");
             shifts |= unnamed != nullptr && unnamed != &key.values.back();
         }
         if (shifts) continue;
@@ -303,7 +303,7 @@ TEST(Check, ForeseesWhatEndsTheToolkit) {
         if (!values.empty()) values.erase(values.begin() + dice.below(static_cast<unsigned>(values.size())));
         Product odd = dice.product();
         for (const StoredValue& value : dice.once(2) ? odd.at(part::matrix).values : std::vector<StoredValue>()) {
-            if (findValue(product.find(part::matrix), value.name) == nullptr)
+            if (findValue(product.values(part::matrix), value.name) == nullptr)
                 product.at(part::matrix).values.push_back(value);
         }
         const auto store = std::make_shared<TextStore>();

@@ -126,7 +126,7 @@ TEST(ProductJson, IsRefusedWithItsPlace) {
          "/smartFields/0/utf16: these are no units"},
         {R"({"key": {"utf16": "00410000"}})", "/key: there is a zero character"},
         {"{\"key\": \"" + half + "\"}", "line 1: this is no JSON"},
-        {"{\"key\":\n1e400}", "line 2: a number is out of range"},
+        {"{\"key\":\n1e400}", "behind \"key\": a number is out of range"},
         {"{\"key\":" + std::string(100, '['), "it has more than 100 levels"},
         {R"({"key": "K", "other": [{"key": ["A\\B"]}]})", "/other/0/key: this is no name"},
         {R"({"key": "K", "other": [{"key": [], "order": ["x"]}]})", "/other/0/order: a name is not there"},

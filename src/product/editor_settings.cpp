@@ -1,4 +1,3 @@
-#include <charconv>
 #include <utility>
 
 #include "product/encoded_text.h"
@@ -18,15 +17,6 @@ std::string_view trimmed(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-// A whole hexadecimal number of at most that many digits.
-std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t digits) {
-    std::uint32_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [at, error] = std::from_chars(text.data(), end, number, 16);
-    if (text.size() > digits || at != end || error != std::errc()) return std::nullopt;
-    return number;
 }
 
 class EditorReader {
@@ -159,7 +149,7 @@ private:
         for (Section& section : sections_) {
             if (isWithin(section.path, root)) {
                 keys.at(belowRoot(section.path, root)).values = section.values.take();
-            } else if (!isList(section) && !(isWithin(root, section.path) && section.values.empty())) {
+            } else if (!isList(section) && !(isWithin(root, section.path) && section.values.values().empty())) {
                 refuseLine(section.index, "the key is not that of the file's one Product");
             }
         }

@@ -1,6 +1,5 @@
 #include "product/encoded_text.h"
 
-#include <algorithm>
 #include <cstdio>
 
 #include "common/utf8.h"
@@ -9,14 +8,6 @@
 namespace vrix {
 
 namespace {
-
-// Refuses the first line that is not good.
-template <class Test>
-[[noreturn]] void refuseFirst(std::string_view text, const Test& isGood, const std::string& why) {
-    const auto lines = linesOf(text);
-    const auto bad = std::find_if_not(lines.begin(), lines.end(), isGood);
-    refuseLine(static_cast<std::size_t>(bad - lines.begin()), why);
-}
 
 std::string lineAt(std::string_view text, std::size_t at) {
     const std::size_t begin = text.rfind('\n', at) + 1;

@@ -5,7 +5,6 @@
 #include <optional>
 #include <set>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -17,13 +16,6 @@ namespace vrix {
 namespace {
 
 using Kind = StoreChange::Kind;
-using ByName = std::unordered_map<std::string_view, const StoredValue*>;
-
-ByName byName(const std::vector<StoredValue>& values) {
-    ByName found;
-    for (const StoredValue& value : values) found.emplace(value.name, &value);
-    return found;
-}
 
 // ---- What may be written ----
 
@@ -49,7 +41,7 @@ void refuseShared(const std::vector<ProductId>& listed, const ProductId& id, boo
 
 bool leadsTo(const StoredValue& row, const std::string& key) { return samePath(partsOf(textOf(row)), partsOf(key)); }
 
-std::string nameOf(const ProductId& id, const std::vector<StoredValue>& rows) {
+std::string nameOf(const ProductId& id, const Values& rows) {
     if (!id.name.empty()) return id.name;
     const auto row = std::find_if(rows.begin(), rows.end(), [&](const StoredValue& r) { return leadsTo(r, id.key); });
     if (row == rows.end()) refuse("the Product has no name, and the store knows none for its key");
@@ -59,7 +51,7 @@ std::string nameOf(const ProductId& id, const std::vector<StoredValue>& rows) {
 // Rows that must go do so before one is set: a row that differs in case alone would be found under both names.
 void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unnamed unnamed) {
     const SharedPath path = listPath(id.tree);
-    const std::vector<StoredValue> rows = store.values(path);
+    const Values rows = store.values(path);
     const std::string name = nameOf(id, rows);
     std::shared_ptr<const StoredValue> before;
     for (const StoredValue& row : rows) {
@@ -84,12 +76,12 @@ void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unname
 // The changes of one key.
 class KeyPlan {
 public:
-    KeyPlan(Plan& plan, SharedPath path, std::vector<StoredValue>& wanted, const std::vector<StoredValue>& there)
+    KeyPlan(Plan& plan, SharedPath path, Values& wanted, const Values& there)
         : plan_(plan), path_(std::move(path)), wanted_(wanted), there_(there), isThere_(byName(there)) {}
 
     void removeUnwanted(Unnamed unnamed) {
         if (there_.empty()) return;
-        const ByName isWanted = byName(wanted_);
+        const ValuesByName isWanted = byName(wanted_);
         std::set<std::string> wantedInAnyCase;
         for (const StoredValue& value : wanted_) wantedInAnyCase.insert(foldedName(value.name));
         for (const StoredValue& value : there_) {
@@ -131,21 +123,21 @@ private:
 
     Plan& plan_;
     SharedPath path_;
-    std::vector<StoredValue>& wanted_;  // each goes into the plan
-    const std::vector<StoredValue>& there_;
-    ByName isThere_;
+    Values& wanted_;  // each goes into the plan
+    const Values& there_;
+    ValuesByName isThere_;
     std::vector<std::string> kept_;  // the names that are wanted and there, in the order of the store
 };
 
 // The store's dates of creation stay. Without any, the given ones come.
-void settleDates(StoredKey& wanted, std::vector<StoredValue>& there) {
+void settleDates(StoredKey& wanted, Values& there) {
     const auto isDate = [](const StoredValue& value) { return isCreationDate(value.name); };
     if (std::erase_if(there, isDate) > 0) std::erase_if(wanted.values, isDate);
 }
 
 // `found` is the key as the store has it, or null.
 void planKey(Plan& plan, const Product& stored, const StoredKey* found, StoredKey& wanted, Unnamed unnamed) {
-    std::vector<StoredValue> there = found == nullptr ? std::vector<StoredValue>() : found->values;
+    Values there = found == nullptr ? Values() : found->values;
     if (wanted.path == part::root) settleDates(wanted, there);
     const SharedPath path = joinedPaths(rootPath(stored.id), wanted.path);
     if (stored.keys.empty() && wanted.values.empty()) plan.push_back({Kind::makeKey, path});
@@ -223,8 +215,8 @@ Plan planApply(const ProductStore& store, Product product, Unnamed unnamed) {
 Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed) {
     Plan plan;
     for (const Tree tree : {Tree::installed, Tree::toolkit}) {
-        std::vector<StoredValue> rows = wanted.values(listPath(tree));
-        const std::vector<StoredValue> there = store.values(listPath(tree));
+        Values rows = wanted.values(listPath(tree));
+        const Values there = store.values(listPath(tree));
         KeyPlan changes(plan, listPath(tree), rows, there);
         changes.removeUnwanted(unnamed);
         changes.setInOrder();

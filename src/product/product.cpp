@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstring>
 
 #include "common/utf8.h"
@@ -37,6 +38,12 @@ const StoredKey* Product::find(const KeyPath& path) const {
     const auto found =
         std::find_if(keys.begin(), keys.end(), [&](const StoredKey& key) { return samePath(key.path, path); });
     return found == keys.end() ? nullptr : &*found;
+}
+
+const Values& Product::values(const KeyPath& path) const {
+    static const Values none;
+    const StoredKey* key = find(path);
+    return key == nullptr ? none : key->values;
 }
 
 StoredKey& Product::at(const KeyPath& path) { return KeyMaker(*this).at(path); }
@@ -86,11 +93,16 @@ bool orderCounts(const KeyPath& path) {
 
 // ---- Values ----
 
-const StoredValue* findValue(const StoredKey* key, std::string_view name) {
-    if (key == nullptr) return nullptr;
-    const auto found = std::find_if(key->values.begin(), key->values.end(),
+const StoredValue* findValue(const Values& values, std::string_view name) {
+    const auto found = std::find_if(values.begin(), values.end(),
                                     [&](const StoredValue& value) { return sameName(value.name, name); });
-    return found == key->values.end() ? nullptr : &*found;
+    return found == values.end() ? nullptr : &*found;
+}
+
+ValuesByName byName(const Values& values) {
+    ValuesByName found;
+    for (const StoredValue& value : values) found.emplace(value.name, &value);
+    return found;
 }
 
 bool isText(std::uint32_t type) {
@@ -106,6 +118,18 @@ std::string hexDigits(std::string_view bytes, std::string_view between) {
         text += {digits[byte / 16], digits[byte % 16]};
     }
     return text;
+}
+
+bool isDigits(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t most) {
+    std::uint32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [at, error] = std::from_chars(text.data(), end, number, 16);
+    if (text.size() > most || at != end || error != std::errc()) return std::nullopt;
+    return number;
 }
 
 std::string textOf(const StoredValue& value) {
@@ -138,7 +162,7 @@ bool isCreationDate(std::string_view name) {
 }
 
 std::string createdOf(const Product& product) {
-    const StoredKey* root = product.find(part::root);
+    const Values& root = product.values(part::root);
     const Tree other = product.id.tree == Tree::toolkit ? Tree::installed : Tree::toolkit;
     for (const Tree tree : {product.id.tree, other}) {
         const StoredValue* date = findValue(root, creationDateName(tree));

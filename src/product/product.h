@@ -2,6 +2,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -31,13 +32,15 @@ struct StoredValue {
     bool operator==(const StoredValue&) const = default;
 };
 
+using Values = std::vector<StoredValue>;
+
 // The names of keys from the Product's root downwards; none for the root itself.
 using KeyPath = std::vector<std::string>;
 
 // A key of a Product with its values in the order of the store.
 struct StoredKey {
     KeyPath path;
-    std::vector<StoredValue> values;
+    Values values;
     std::size_t unreachable = 0;  // values that are there, and that no call can read: their names hold a zero character
 };
 
@@ -63,7 +66,9 @@ struct Product {
 
     // The key of that path without regard to case, or null.
     const StoredKey* find(const KeyPath& path) const;
-    // The same, made with those above it where it is missing.
+    // Its values; none where there is no such key.
+    const Values& values(const KeyPath& path) const;
+    // The key, made with those above it where it is missing.
     StoredKey& at(const KeyPath& path);
     // Brings the keys into their order.
     void sortKeys();
@@ -93,13 +98,20 @@ const char* treeName(Tree tree);
 // Whether the order of the values says something there.
 bool orderCounts(const KeyPath& path);
 
-// The value of that name in the key, without regard to case, or null. A null key has no values.
-const StoredValue* findValue(const StoredKey* key, std::string_view name);
+// The value of that name, without regard to case, or null.
+const StoredValue* findValue(const Values& values, std::string_view name);
+// The values by their exact names.
+using ValuesByName = std::unordered_map<std::string_view, const StoredValue*>;
+ValuesByName byName(const Values& values);
 
 // Whether values of that type are texts, whose bytes end with a terminator.
 bool isText(std::uint32_t type);
 // Bytes as pairs of hexadecimal digits, in capitals.
 std::string hexDigits(std::string_view bytes, std::string_view between = "");
+// Whether the text is digits alone, and at least one.
+bool isDigits(std::string_view text);
+// The number of that many hexadecimal digits at most, and of nothing else.
+std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t most);
 // What the Toolkit reads, but for names of the environment, which stay as they are: texts without their terminator,
 // numbers in decimal, other values as their bytes.
 std::string textOf(const StoredValue& value);

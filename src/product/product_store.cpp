@@ -103,7 +103,9 @@ std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const Key
 
 std::string refusalText(const KeyPath& path, RegistryStatus status) {
     const auto number = std::to_string(static_cast<std::int32_t>(status));
-    const std::string why = status == RegistryStatus::accessDenied ? "access is denied, administrator rights may be missing" : "the registry refuses";
+    const std::string why = status == RegistryStatus::accessDenied
+                                ? "access is denied, administrator rights may be missing"
+                                : "the registry refuses";
     return "Software\\Vrix" + (path.empty() ? "" : "\\" + joined(path)) + ": " + why + " (" + number + ")";
 }
 

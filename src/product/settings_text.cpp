@@ -35,13 +35,7 @@ private:
     };
 };
 
-void refuseZeros(std::string_view text) {
-    const std::size_t zero = text.find('\0');
-    if (zero == std::string_view::npos) return;
-    refuseLine(
-        static_cast<std::size_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(zero), '\n')),
-        "there is a zero character");
-}
+bool hasNoZero(std::string_view text) { return text.find('\0') == std::string_view::npos; }
 
 bool isListHeader(std::string_view line, std::size_t index) {
     if (!line.starts_with('[')) return false;
@@ -76,7 +70,7 @@ Product readSettings(std::string_view file, const Encoding& encoding) {
     const bool isVersion5 = signature == "Windows Registry Editor Version 5.00";
     if (!isVersion5 && signature != "REGEDIT4") refuseLine(0, "this is no settings file: REGEDIT4 is missing");
     const std::string text = marked ? *marked : decoded(file, encoding);
-    refuseZeros(text);
+    if (!hasNoZero(text)) refuseFirst(text, hasNoZero, "there is a zero character");
     return !isVersion5 && isToolkits(linesOf(text)) ? readToolkitSettings(text)
                                                     : readEditorSettings(text, isVersion5, encoding);
 }
@@ -95,9 +89,14 @@ std::vector<std::string_view> linesOf(std::string_view text) {
     return lines;
 }
 
-std::string linePlace(std::size_t index) { return "line " + std::to_string(index + 1); }
+void refuseLine(std::size_t index, const std::string& why) {
+    throw malformed("line " + std::to_string(index + 1), why);
+}
 
-void refuseLine(std::size_t index, const std::string& why) { throw malformed(linePlace(index), why); }
+void refuseFirst(std::string_view text, const std::function<bool(std::string_view)>& isGood, const std::string& why) {
+    const auto lines = linesOf(text);
+    refuseLine(static_cast<std::size_t>(std::find_if_not(lines.begin(), lines.end(), isGood) - lines.begin()), why);
+}
 
 KeyPath headerPath(std::string_view line, std::size_t index) {
     if (line.starts_with("[-")) refuseLine(index, "it deletes a key");
@@ -107,11 +106,6 @@ KeyPath headerPath(std::string_view line, std::size_t index) {
     if (!isWithin(path, family)) refuseLine(index, "the key is not below HKEY_LOCAL_MACHINE\\Software\\Vrix");
     if (!std::all_of(path.begin(), path.end(), isKeyName)) refuseLine(index, "the name of a key is too long");
     return belowRoot(path, family);
-}
-
-void GrowingKey::reserve(std::size_t count) {
-    values_.reserve(count);
-    places_.reserve(count);
 }
 
 void GrowingKey::put(StoredValue value) {

@@ -25,10 +25,6 @@ struct Entry {
     std::string_view data;
 };
 
-bool isNumber(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 bool isPathOption(std::string_view name) {
     const OptionRow* option = findOption(name);
     return option != nullptr && option->kind == OptionKind::path;
@@ -37,16 +33,11 @@ bool isPathOption(std::string_view name) {
 // A path's data with each doubled backslash as one; nothing where one stands alone.
 std::optional<std::string> unescaped(std::string_view data) {
     std::string path;
-    path.reserve(data.size());
-    for (;;) {
-        const std::size_t end = std::min(data.find('\\'), data.size());
-        path += data.substr(0, end);
-        data.remove_prefix(end);
-        if (data.empty()) return path;
-        if (!data.starts_with("\\\\")) return std::nullopt;
-        path += '\\';
-        data.remove_prefix(2);
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        path += data[i];
+        if (data[i] == '\\' && (++i == data.size() || data[i] != '\\')) return std::nullopt;
     }
+    return path;
 }
 
 std::vector<Section> sectionsOf(const std::vector<std::string_view>& lines) {
@@ -101,8 +92,8 @@ public:
     explicit ToolkitReader(std::vector<Section> sections) : sections_(std::move(sections)) {}
 
     Product read() {
-        const auto hasNumber = [](const Entry& entry) { return isNumber(entry.data); };
-        const auto isNumbered = [](const Entry& entry) { return entry.name.empty() || isNumber(entry.name); };
+        const auto hasNumber = [](const Entry& entry) { return isDigits(entry.data); };
+        const auto isNumbered = [](const Entry& entry) { return entry.name.empty() || isDigits(entry.name); };
         const auto isTopic = [this](const Entry& entry) { return topics_.contains(entry.name); };
         const auto isOption = [](const Entry& entry) { return findOption(entry.name) != nullptr; };
         const auto isField = [](const Entry& entry) { return entry.name.starts_with("SmartField"); };
@@ -166,7 +157,6 @@ private:
         std::vector<Entry> all;
         GrowingKey key;
         all.reserve(lines.size());
-        key.reserve(lines.size());
         for (const Line& line : lines) {
             all.push_back(entryOf(line, fits));
             const Entry& entry = all.back();
@@ -174,7 +164,7 @@ private:
             if (isPath(entry.name) && !plain) refuseLine(line.index, "a backslash of the path is not doubled");
             key.put(textValue(entry.name, plain ? *plain : entry.data));
         }
-        if (!key.empty()) product_.at(path).values = key.take();
+        if (!key.values().empty()) product_.at(path).values = key.take();
         return all;
     }
 

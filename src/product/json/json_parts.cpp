@@ -4,6 +4,7 @@
 #include <set>
 #include <unordered_map>
 
+#include "product/view.h"
 #include "store/option_table.h"
 
 namespace vrix {
@@ -16,8 +17,7 @@ Json identityOf(const Product& product) {
     if (!id.name.empty()) json["name"] = jsonName(id.name);
     json["key"] = jsonName(id.key);
     json["tree"] = treeName(id.tree);
-    const StoredKey* root = product.find(part::root);
-    for (const StoredValue& value : root == nullptr ? std::vector<StoredValue>() : root->values) {
+    for (const StoredValue& value : product.values(part::root)) {
         if (value.name == creationDateName(id.tree)) json["created"] = jsonContent(value);
     }
     return json;
@@ -89,14 +89,6 @@ void readOptions(const Json& options, StoredKey& key) {
 
 namespace {
 
-using Values = std::vector<StoredValue>;
-
-const Values& valuesAt(const Product& product, const KeyPath& path) {
-    static const Values none;
-    const StoredKey* key = product.find(path);
-    return key == nullptr ? none : key->values;
-}
-
 // The plain texts of values by their exact names.
 std::unordered_map<std::string, std::string> plainTexts(const Values& values) {
     std::unordered_map<std::string, std::string> texts;
@@ -109,10 +101,9 @@ std::unordered_map<std::string, std::string> plainTexts(const Values& values) {
 class TopicWriter {
 public:
     explicit TopicWriter(const Product& product)
-        : indexes_(plainTexts(valuesAt(product, part::indexTable))),
-          rows_(plainTexts(valuesAt(product, part::matrix))) {
+        : indexes_(plainTexts(product.values(part::indexTable))), rows_(plainTexts(product.values(part::matrix))) {
         for (const KeyPath& path : {part::topics, part::addedTopics}) {
-            for (const StoredValue& topic : valuesAt(product, path)) nameIndex(topic.name);
+            for (const StoredValue& topic : product.values(path)) nameIndex(topic.name);
         }
     }
 
@@ -145,14 +136,10 @@ private:
         const auto row = rows_.find(index);
         if (row == rows_.end() || !told_.insert(index).second) return nullptr;
         Json names = Json::array();
-        std::size_t from = 0;
-        while (from < row->second.size()) {
-            const std::size_t end = std::min(row->second.find(' ', from), row->second.size());
-            const std::string number = row->second.substr(from, end - from);
-            if (!plainNumber(number, 0) || end + 1 == row->second.size()) return nullptr;
+        for (const std::string& number : numbersOf(row->second)) {
+            if (!plainNumber(number, 0)) return nullptr;
             const auto topic = topicAt_.find(number);
             names.push_back(topic == topicAt_.end() ? Json(*plainNumber(number, 0)) : jsonName(topic->second));
-            from = end + 1;
         }
         return names;
     }
@@ -214,13 +201,12 @@ private:
             if (topic.contains("dependsOn")) throw malformed(place + "/dependsOn", "a Topic without index has none");
             return;
         }
-        const std::size_t index = given == topic.end() ? row : countOf(*given, place + "/index");
-        if (index > INT32_MAX) throw malformed(place + "/index", "this number is too large");
+        const std::string index = given == topic.end() ? std::to_string(row) : numberOf(*given, place + "/index");
         if (!named_.emplace(name, indexed_.size()).second) {
             throw malformed(place, "another Topic of this name has an index");
         }
         const auto dependsOn = topic.find("dependsOn");
-        indexed_.push_back({name, std::to_string(index), dependsOn == topic.end() ? nullptr : &*dependsOn, place});
+        indexed_.push_back({name, index, dependsOn == topic.end() ? nullptr : &*dependsOn, place});
     }
 
     std::string rowOf(const Indexed& topic) const {
@@ -277,10 +263,9 @@ std::string fieldName(std::size_t row) { return "SmartField" + std::to_string(ro
 void addSmartFields(Json& json, const Product& product) {
     const StoredKey* key = product.find(part::smartFields);
     if (key == nullptr) return;
-    std::unordered_map<std::string, const StoredValue*> byName;
-    for (const StoredValue& value : key->values) byName.emplace(value.name, &value);
+    const ValuesByName known = byName(key->values);
     Json fields = Json::array();
-    for (auto field = byName.find(fieldName(0)); field != byName.end(); field = byName.find(fieldName(fields.size()))) {
+    for (auto field = known.find(fieldName(0)); field != known.end(); field = known.find(fieldName(fields.size()))) {
         fields.push_back(jsonContent(*field->second));
     }
     json["smartFields"] = std::move(fields);

@@ -17,13 +17,9 @@ std::string unhex(const Json& text, const std::string& place) {
     const std::string digits = text.is_string() ? text.get<std::string>() : "?";
     std::string bytes;
     for (std::size_t at = 0; at < digits.size(); at += 2) {
-        unsigned byte = 0;
-        const char* end = digits.data() + std::min(at + 2, digits.size());
-        const auto [stop, error] = std::from_chars(digits.data() + at, end, byte, 16);
-        if (digits.size() % 2 != 0 || error != std::errc() || stop != end) {
-            throw malformed(place, "these are no bytes as pairs of hexadecimal digits");
-        }
-        bytes += static_cast<char>(byte);
+        const auto byte = hexNumber(std::string_view(digits).substr(at, 2), 2);
+        if (!byte || digits.size() % 2 != 0) throw malformed(place, "these are no pairs of hexadecimal digits");
+        bytes += static_cast<char>(*byte);
     }
     return bytes;
 }

@@ -15,36 +15,27 @@ namespace vrix {
 
 namespace {
 
-using Values = std::vector<StoredValue>;
-
 // ---- What the other members cannot tell ----
-
-std::vector<std::string> namesOf(const Values& values) {
-    std::vector<std::string> names;
-    for (const StoredValue& value : values) names.push_back(value.name);
-    return names;
-}
 
 // What is told of a key that the other members tell as `told`: the order of those values, and more values.
 Json otherOf(const StoredKey& key, const Values& told) {
-    const auto keyNames = namesOf(told);
-    const std::set<std::string> isTold(keyNames.begin(), keyNames.end());
-    std::vector<std::string> order;
+    const ValuesByName known = byName(told);
+    Json path = Json::array();
+    Json names = Json::array();
+    Json order = Json::array();
     Json more = Json::array();
-    for (std::size_t at = 0; at < key.values.size(); ++at) {
-        const StoredValue& value = key.values[at];
-        if (isTold.contains(value.name)) {
-            order.push_back(value.name);
+    for (const std::string& name : key.path) path.push_back(jsonName(name));
+    for (const StoredValue& value : told) names.push_back(jsonName(value.name));
+    for (const StoredValue& value : key.values) {
+        if (known.contains(value.name)) {
+            order.push_back(jsonName(value.name));
         } else {
+            const std::size_t at = order.size() + more.size();
             more.push_back({{"at", at}, {"name", jsonName(value.name)}, {"value", jsonContent(value)}});
         }
     }
-    Json other = {{"key", Json::array()}};
-    for (const std::string& name : key.path) other["key"].push_back(jsonName(name));
-    if (order != keyNames) {
-        other["order"] = Json::array();
-        for (const std::string& name : order) other["order"].push_back(jsonName(name));
-    }
+    Json other = {{"key", std::move(path)}};
+    if (order != names) other["order"] = std::move(order);
     if (!more.empty()) other["values"] = std::move(more);
     return other;
 }
@@ -74,7 +65,7 @@ public:
     }
 
 private:
-    KeyPath pathOf(const Json& names, const std::string& place) const {
+    static KeyPath pathOf(const Json& names, const std::string& place) {
         KeyPath path;
         for (const Json& name : arrayOf(names, place)) {
             path.push_back(readName(name, place));
@@ -83,39 +74,33 @@ private:
         return path;
     }
 
-    void putInOrder(StoredKey& key, const Json& order, const std::string& place) const {
-        std::unordered_map<std::string, StoredValue*> byName;
-        for (StoredValue& value : key.values) byName.emplace(value.name, &value);
+    static void putInOrder(StoredKey& key, const Json& order, const std::string& place) {
+        ValuesByName told = byName(key.values);
         Values sorted;
         for (const Json& name : arrayOf(order, place)) {
-            const auto found = byName.find(readName(name, place));
-            if (found == byName.end()) throw malformed(place, "a name is not there, or stands twice");
-            sorted.push_back(std::move(*found->second));
-            byName.erase(found);
+            const auto found = told.find(readName(name, place));
+            if (found == told.end()) throw malformed(place, "a name is not there, or stands twice");
+            sorted.push_back(*found->second);
+            told.erase(found);
         }
-        if (!byName.empty()) throw malformed(place, "a name is missing");
+        if (!told.empty()) throw malformed(place, "a name is missing");
         key.values = std::move(sorted);
     }
 
-    void putBetween(StoredKey& key, const Json& values, const std::string& place) const {
-        Values all;
-        std::set<std::string> names;
-        auto told = key.values.begin();
-        const auto put = [&](StoredValue value, const std::string& where) {
-            if (!names.insert(value.name).second) throw malformed(where, "this value stands twice");
-            all.push_back(std::move(value));
-        };
+    static void putBetween(StoredKey& key, const Json& values, const std::string& place) {
         std::size_t number = 0;
+        Values all;
+        auto told = key.values.begin();
         for (const Json& value : arrayOf(values, place)) {
             const std::string here = place + '/' + std::to_string(number++);
             expectMembers(value, {"at", "name", "value"}, here);
             const std::size_t at = countOf(memberOf(value, "at", here), here + "/at");
-            while (all.size() < at && told != key.values.end()) put(std::move(*told++), here);
+            while (all.size() < at && told != key.values.end()) all.push_back(std::move(*told++));
             if (all.size() != at) throw malformed(here + "/at", "there is no such place");
             std::string name = readName(memberOf(value, "name", here), here + "/name");
-            put(readContent(std::move(name), memberOf(value, "value", here), here + "/value"), here);
+            all.push_back(readContent(std::move(name), memberOf(value, "value", here), here + "/value"));
         }
-        while (told != key.values.end()) put(std::move(*told++), place);
+        std::move(told, key.values.end(), std::back_inserter(all));
         key.values = std::move(all);
     }
 
@@ -140,13 +125,13 @@ Product toldBy(const Json& json) {
     return product;
 }
 
-// Refuses names that differ in case alone: in a store they are one.
+// Refuses names that are the same, or differ in case alone: in a store they are one.
 void refuseTwins(const Product& product) {
     for (const StoredKey& key : product.keys) {
         std::set<std::string> names;
         for (const StoredValue& value : key.values) {
             if (names.insert(foldedName(value.name)).second) continue;
-            throw malformed("", joined(key.path) + ": two names of values differ in case alone");
+            throw malformed("", joined(key.path) + ": a name stands twice, or in another case");
         }
     }
 }
