@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "common/utf8.h"
-#include "makers/embedded/memory_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
 #include "product/plan.h"
 #include "product/product.h"
@@ -20,9 +20,6 @@
 namespace vrix {
 
 inline const std::unique_ptr<Encoding> western = testEncoding();
-
-// A store whose texts are UTF-8.
-using TextStore = MemoryRegistry;
 
 inline const std::string half = "\xED\xA0\x80";  // of a character
 
@@ -97,7 +94,7 @@ inline void apply(Registry& registry, const Product& product, Unnamed unnamed = 
 }
 
 inline std::string applied(const Product& product) {
-    TextStore registry;
+    EmbeddedRegistry registry;
     apply(registry, product);
     const ProductStore store(registry);
     EXPECT_EQ(store.list().at(0).name, product.id.name);

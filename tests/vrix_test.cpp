@@ -32,9 +32,9 @@ public:
     std::vector<std::string> filesOf(const std::string& pattern) override { return {pattern}; }
     std::unique_ptr<Registry> registry(RegistryView view) override {
         if (!hasRegistry) return nullptr;
-        return std::make_unique<BackedUpRegistry>(view == RegistryView::narrow ? narrow : wide, nullptr);
+        return std::make_unique<BackedUpRegistry>(view == RegistryView::bits32 ? narrow : wide, nullptr);
     }
-    RegistryView ownView() override { return RegistryView::wide; }
+    RegistryView ownView() override { return RegistryView::bits64; }
     unsigned codePage() override { return 1252; }
     std::unique_ptr<Encoding> encoding(unsigned number) override { return testEncoding(number); }
     std::unique_ptr<JournalDisk> journalDisk() override {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 
 namespace vrix {
 
