@@ -127,10 +127,10 @@ void change(const Run& run, Store& store, const Plan& plan, Report& report) {
 
 void copyStore(const ProductStore& from, Registry& to) {
     Plan plan;
-    from.walk({}, [&](const KeyPath& key, std::vector<StoredValue> values) {
-        const SharedPath path = key;
+    from.walk({}, [&](StoredKey key) {
+        const SharedPath path = key.path;
         plan.push_back({Kind::makeKey, path});
-        for (StoredValue& value : values) plan.push_back({Kind::setValue, path, std::move(value)});
+        for (StoredValue& value : key.values) plan.push_back({Kind::setValue, path, std::move(value)});
     });
     perform(to, plan);
 }

@@ -24,10 +24,10 @@ std::string timeText(std::time_t time) {
 
 // Hands the family key, if it is there, and all below it to the journal.
 void copyFamily(Registry& registry, const journal::Writer& write) {
-    ProductStore(registry).walk({}, [&](const KeyPath& path, std::vector<StoredValue> values) {
-        const std::string place = joined(joinedPaths({"Software", "Vrix"}, path));
+    ProductStore(registry).walk({}, [&](StoredKey key) {
+        const std::string place = joined(joinedPaths({"Software", "Vrix"}, key.path));
         write(journalRecord(Change(Change::Kind::makeKey, place)));
-        for (StoredValue& value : values) {
+        for (StoredValue& value : key.values) {
             write(journalRecord(
                 Change(Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data))));
         }
