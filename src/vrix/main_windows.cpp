@@ -1,10 +1,14 @@
+#include <string>
+#include <vector>
+
 #include "makers/win32/startup.h"
-#include "makers/win32/win32_host.h"
+#include "makers/win32/wide_text.h"
 #include "vrix/vrix.h"
 
 extern "C" int wmain(int count, wchar_t** arguments) {
     vrix::hardenProcess();
     vrix::useSystemCodePage();
-    vrix::Win32Host host;
-    return vrix::runVrix(vrix::utf8Texts({arguments + 1, arguments + count}), host);
+    std::vector<std::string> texts;
+    for (int i = 1; i < count; ++i) texts.push_back(vrix::narrow(arguments[i], 65001));
+    return vrix::runVrix(texts, vrix::systemConsole(), vrix::systemMachine());
 }

@@ -8,6 +8,7 @@
 #include "common/code_page.h"
 #include "makers/win32/library_function.h"
 #include "makers/win32/wide_text.h"
+#include "platform/disk.h"
 
 namespace vrix {
 
@@ -69,11 +70,11 @@ void hardenProcess() {
 
 void useSystemCodePage() { useCodePage(GetACP(), &lowerBySystem); }
 
-std::string localDataFile(const std::string& folder, const std::string& file) {
+std::string localDataFolder(const std::string& name) {
     const auto local = variable(L"LOCALAPPDATA");
-    const std::wstring path = (local && !local->empty() ? *local : temporaryFolder()) + L"\\" + wide(folder);
-    CreateDirectoryW(path.c_str(), nullptr);
-    return narrow(path + L"\\", CP_UTF8) + file;
+    const std::string path = narrow(local && !local->empty() ? *local : temporaryFolder(), CP_UTF8) + '\\' + name;
+    systemDisk().makeFolder(path);
+    return path + '\\';
 }
 
 std::optional<std::string> environmentText(const std::string& name) {
