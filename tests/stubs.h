@@ -59,7 +59,6 @@ struct StubDisk final : Disk {
     std::vector<std::string> namesIn(const std::string& folder) override { return systemDisk().namesIn(folder); }
     std::vector<std::string> filesOf(const std::string& pattern) override { return systemDisk().filesOf(pattern); }
     std::string reason() override { return systemDisk().reason(); }
-    std::string fromCodePage(const std::string& path) override { return systemDisk().fromCodePage(path); }
 
     bool isFree;
     bool syncs = true;

@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "backup/backed_up_registry.h"
-#include "makers/embedded/memory_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "registry_suite.h"
 #include "stubs.h"
 #include "test_encoding.h"
@@ -31,9 +31,9 @@ public:
     bool flush() override { return takesOutput; }
     std::unique_ptr<Registry> registry(RegistryView view) override {
         if (!hasRegistry) return nullptr;
-        return std::make_unique<BackedUpRegistry>(view == RegistryView::narrow ? narrow : wide, nullptr);
+        return std::make_unique<BackedUpRegistry>(view == RegistryView::bits32 ? narrow : wide, nullptr);
     }
-    RegistryView ownView() override { return RegistryView::wide; }
+    RegistryView ownView() override { return RegistryView::bits64; }
     unsigned codePage() override { return 1252; }
     std::unique_ptr<Encoding> encoding(unsigned number) override { return testEncoding(number); }
     Disk& disk() override { return disk_; }

@@ -59,8 +59,6 @@ public:
     virtual std::vector<std::string> filesOf(const std::string& pattern) = 0;
     // Why the call before this one was refused, in the system's words.
     virtual std::string reason() = 0;
-    // A path in bytes of the system's code page, as the pages have it, as one of this disk.
-    virtual std::string fromCodePage(const std::string& path) = 0;
 };
 
 // The disk of the platform that the program is built for.

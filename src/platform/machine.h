@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/disk.h"
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "platform/registry.h"
 
 namespace vrix {

@@ -2,7 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
-#include "makers/embedded/memory_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
@@ -158,7 +158,7 @@ ExitCode dscSet(Run& run) {
     Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
     const Json changed = differences(run, wanted, readActual(store.products(), wanted.id));
     const Plan plan = planOf(store.products(), wanted);
-    MemoryRegistry rehearsal;
+    EmbeddedRegistry rehearsal;
     if (run.request.dryRun) {
         copyStore(store.products(), rehearsal);
         perform(rehearsal, plan);

@@ -3,8 +3,7 @@
 #include <set>
 
 #include "common/refusal.h"
-#include "makers/embedded/memory_registry.h"
-#include "makers/kept/kept_keys.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
 #include "product/settings_text.h"
@@ -20,7 +19,7 @@ using Json = nlohmann::ordered_json;
 
 // The settings file of a Product that stands in no store: of one that holds nothing else.
 std::string settingsOf(const Product& product) {
-    MemoryRegistry registry;
+    EmbeddedRegistry registry;
     perform(registry, planApply(ProductStore(registry), product, Unnamed::removed));
     return settingsText(registry, product.id);
 }
@@ -28,15 +27,13 @@ std::string settingsOf(const Product& product) {
 std::string bytesOf(Run& run, const Product& product, const std::string& format) {
     if (format == "json") return toJson(product, run.encoding());
     if (format == "xml") {
-        return policyCollection(product, run.request.store.view == RegistryView::narrow);
+        return policyCollection(product, run.request.store.view == RegistryView::bits32);
     }
     return settingsOf(product);
 }
 
 std::string bytesOf(Run& run, Store& store, const ProductId& id, const std::string& format) {
-    if (format != "kls") return bytesOf(run, store.products().read(id), format);
-    KeptKeys kept(store.registry());
-    return settingsText(kept, id);
+    return format == "kls" ? settingsText(store.registry(), id) : bytesOf(run, store.products().read(id), format);
 }
 
 std::string formatOf(const std::string& path) {

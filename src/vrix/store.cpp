@@ -3,7 +3,6 @@
 #include "backup/backed_up_registry.h"
 #include "common/refusal.h"
 #include "makers/embedded/journal_registry.h"
-#include "makers/embedded/memory_registry.h"
 
 namespace vrix {
 
@@ -54,7 +53,7 @@ void Store::openRegistry(RegistryView view) {
                                                    : "this system has no registry of that view");
     }
     const RegistryView real = view == RegistryView::own ? machine_.ownView() : view;
-    keepBackupsIn(machine_.localDataFolder(registryBackups(real == RegistryView::wide ? 64 : 32)));
+    keepBackupsIn(machine_.localDataFolder(registryBackups(real == RegistryView::bits64 ? 64 : 32)));
 }
 
 void Store::openJournal(const std::string& path, Use use, bool mayLack) {
@@ -65,7 +64,7 @@ void Store::openJournal(const std::string& path, Use use, bool mayLack) {
     } else if (machine_.disk().kindOf(path) == PathKind::file) {
         store_ = std::make_unique<JournalSnapshot>(path, Environment(), machine_.disk());
     } else if (use == Use::rehearsing || mayLack) {
-        store_ = std::make_unique<MemoryRegistry>();
+        store_ = std::make_unique<EmbeddedRegistry>();
     } else {
         throw Refusal(Refusal::Kind::notFound, "the store " + quoted(path) + " is not there");
     }
@@ -74,7 +73,7 @@ void Store::openJournal(const std::string& path, Use use, bool mayLack) {
 // The file of a backup that is named as in the list of backups; any other text is a path.
 std::string Store::backupNamed(const std::string& text) {
     Disk& disk = machine_.disk();
-    const bool isOwnWide = machine_.ownView() == RegistryView::wide;
+    const bool isOwnWide = machine_.ownView() == RegistryView::bits64;
     const bool mayBe = BackupFolder::isName(text) && disk.kindOf(text) != PathKind::file;
     for (const std::string& folder :
          {registryBackups(isOwnWide ? 64 : 32), registryBackups(isOwnWide ? 32 : 64), std::string(trialBackups)}) {

@@ -96,7 +96,6 @@ public:
     }
     std::vector<std::string> filesOf(const std::string& pattern) override { return {pattern}; }
     std::string reason() override { return std::strerror(errno); }
-    std::string fromCodePage(const std::string& path) override { return path; }
 };
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
 class PosixMachine final : public Machine {
 public:
     std::unique_ptr<Registry> registry(RegistryView) override { return nullptr; }
-    RegistryView ownView() override { return RegistryView::wide; }
+    RegistryView ownView() override { return RegistryView::bits64; }
     // That of Western Windows systems, from which most files come.
     unsigned codePage() override { return 1252; }
     std::unique_ptr<Encoding> encoding(unsigned codePage) override { return iconvEncoding(codePage); }

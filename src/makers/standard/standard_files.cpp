@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "common/code_page.h"
 #include "common/runtime_failure.h"
 
 namespace vrix {
@@ -11,6 +12,9 @@ namespace vrix {
 namespace {
 
 [[noreturn]] void refuse(FailureNumber number) { throw RuntimeFailure(number); }
+
+// A path of the pages for the disk. It ends at its first zero byte, as in all narrow calls.
+std::string pathOf(const std::string& path) { return systemEncoding().decode(path.c_str()); }
 
 // The folder in which a path lies, the current one for a bare name. The dot makes a folder of a bare drive too.
 std::string folderOf(const std::string& path) {
@@ -93,14 +97,11 @@ std::unique_ptr<TextStream> opened(Disk& disk, const std::string& path, FileUse 
 
 }  // namespace
 
-bool StandardFiles::exists(const std::string& path) {
-    return disk_.kindOf(disk_.fromCodePage(path.c_str())) == PathKind::file;
-}
+bool StandardFiles::exists(const std::string& path) { return disk_.kindOf(pathOf(path)) == PathKind::file; }
 
-// The path for the disk; a path ends at its first zero byte, as in all narrow calls. Refuses what stands in the way of
-// any file there.
+// The path for the disk. Refuses what stands in the way of any file there.
 std::string StandardFiles::placeOf(const std::string& path) {
-    const std::string place = disk_.fromCodePage(path.c_str());
+    const std::string place = pathOf(path);
     const bool isBlank = place.find_first_not_of(" \t") == std::string::npos;
     if (isBlank || disk_.kindOf(folderOf(place)) != PathKind::folder) refuse(FailureNumber::pathNotFound);
     if (disk_.kindOf(place) == PathKind::folder) refuse(FailureNumber::permissionDenied);

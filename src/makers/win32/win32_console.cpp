@@ -25,7 +25,7 @@ bool put(DWORD stream, const std::string& text) {
         return WriteFile(handle, text.data(), size, &done, nullptr) != FALSE && done == size;
     }
     bool isWhole = true;
-    const std::wstring whole = wide(text, CP_UTF8);
+    const std::wstring whole = utf8ToWide(text);
     constexpr std::size_t most = 8'192;  // some consoles take no more at once
     for (std::size_t at = 0; at < whole.size(); at += most) {
         const auto part = static_cast<DWORD>(std::min(most, whole.size() - at));
@@ -51,7 +51,7 @@ public:
         DWORD length = 0;
         if (ReadConsoleW(input(), line.data(), static_cast<DWORD>(line.size()), &length, nullptr) == FALSE) return "";
         const std::wstring_view text(line.data(), length);
-        return narrow(text.substr(0, text.find_first_of(L"\r\n")), CP_UTF8);
+        return wideToUtf8(text.substr(0, text.find_first_of(L"\r\n")));
     }
     std::string readAll() override {
         std::string bytes;

@@ -11,8 +11,6 @@ namespace vrix {
 
 namespace {
 
-std::wstring native(const std::string& path) { return wide(path, CP_UTF8); }
-
 bool isFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
 constexpr DWORD most = 0x4000'0000;  // bytes at once
@@ -83,23 +81,23 @@ std::vector<std::wstring> filesFound(const std::wstring& pattern) {
 class Win32Disk final : public Disk {
 public:
     PathKind kindOf(const std::string& path) override {
-        const DWORD attributes = GetFileAttributesW(native(path).c_str());
+        const DWORD attributes = GetFileAttributesW(utf8ToWide(path).c_str());
         if (attributes != INVALID_FILE_ATTRIBUTES) return isFolder(attributes) ? PathKind::folder : PathKind::file;
         return GetLastError() == ERROR_ACCESS_DENIED ? PathKind::unknown : PathKind::nothing;
     }
     std::unique_ptr<DiskFile> open(const std::string& path, FileUse use) override {
         const DWORD rights = use == FileUse::read ? GENERIC_READ : GENERIC_WRITE;
         const DWORD how = use == FileUse::read ? OPEN_EXISTING : use == FileUse::append ? OPEN_ALWAYS : CREATE_ALWAYS;
-        const HANDLE file = CreateFileW(native(path).c_str(), rights, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, how,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+        const HANDLE file = CreateFileW(utf8ToWide(path).c_str(), rights, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                        how, FILE_ATTRIBUTE_NORMAL, nullptr);
         return file == INVALID_HANDLE_VALUE ? nullptr : std::make_unique<Win32File>(file, use);
     }
     bool replace(const std::string& path, const std::string& by) override {
         constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-        return MoveFileExW(native(by).c_str(), native(path).c_str(), how) != FALSE;
+        return MoveFileExW(utf8ToWide(by).c_str(), utf8ToWide(path).c_str(), how) != FALSE;
     }
     bool remove(const std::string& path) override {
-        const std::wstring file = native(path);
+        const std::wstring file = utf8ToWide(path);
         if (DeleteFileW(file.c_str()) != FALSE) return true;
         const DWORD attributes = GetFileAttributesW(file.c_str());
         return attributes != INVALID_FILE_ATTRIBUTES &&
@@ -109,13 +107,14 @@ public:
     // A file beside the locked one, which the system deletes when the program ends, even if it crashes.
     std::shared_ptr<void> lock(const std::string& path) override {
         constexpr DWORD shared = 0;  // with no one
-        const HANDLE file = CreateFileW(native(path + ".lock").c_str(), GENERIC_READ | GENERIC_WRITE, shared, nullptr,
-                                        CREATE_ALWAYS, FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        const HANDLE file =
+            CreateFileW(utf8ToWide(path + ".lock").c_str(), GENERIC_READ | GENERIC_WRITE, shared, nullptr,
+                        CREATE_ALWAYS, FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
         return file == INVALID_HANDLE_VALUE ? nullptr : std::shared_ptr<void>(file, &CloseHandle);
     }
     bool makeFolder(const std::string& path) override {
         const auto isMade = [&] {
-            return CreateDirectoryW(native(path).c_str(), nullptr) != FALSE || kindOf(path) == PathKind::folder;
+            return CreateDirectoryW(utf8ToWide(path).c_str(), nullptr) != FALSE || kindOf(path) == PathKind::folder;
         };
         if (isMade()) return true;
         const std::size_t above = path.find_last_of("\\/");
@@ -123,7 +122,7 @@ public:
     }
     std::vector<std::string> namesIn(const std::string& folder) override {
         std::vector<std::string> names;
-        for (const std::wstring& name : filesFound(native(folder + "\\*"))) names.push_back(narrow(name, CP_UTF8));
+        for (const std::wstring& name : filesFound(utf8ToWide(folder + "\\*"))) names.push_back(wideToUtf8(name));
         return names;
     }
     // The system finds files also by their short names, whose endings are cut: those do not count.
@@ -131,12 +130,12 @@ public:
         const std::size_t last = pattern.find_last_of("*?");
         if (last == std::string::npos) return {pattern};
         const std::string folder = pattern.substr(0, pattern.find_last_of("\\/:") + 1);
-        const std::wstring ending = native(pattern.substr(last + 1));
+        const std::wstring ending = utf8ToWide(pattern.substr(last + 1));
         std::vector<std::string> files;
-        for (const std::wstring& name : filesFound(native(pattern))) {
+        for (const std::wstring& name : filesFound(utf8ToWide(pattern))) {
             const bool ends = name.size() >= ending.size() &&
                               lstrcmpiW(name.c_str() + (name.size() - ending.size()), ending.c_str()) == 0;
-            if (ends) files.push_back(folder + narrow(name, CP_UTF8));
+            if (ends) files.push_back(folder + wideToUtf8(name));
         }
         std::sort(files.begin(), files.end());
         return files.empty() ? std::vector{pattern} : files;
@@ -146,11 +145,10 @@ public:
         std::array<wchar_t, 512> text{};
         const DWORD size = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
                                           text.data(), static_cast<DWORD>(text.size()), nullptr);
-        std::string words = narrow({text.data(), size}, CP_UTF8);
+        std::string words = wideToUtf8({text.data(), size});
         words.resize(words.find_last_not_of(". \r\n") + 1);
         return words.empty() ? "error " + std::to_string(error) : words;
     }
-    std::string fromCodePage(const std::string& path) override { return narrow(wide(path), CP_UTF8); }
 };
 
 }  // namespace

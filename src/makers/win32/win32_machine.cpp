@@ -15,9 +15,9 @@ public:
         BOOL isOnWideSystem = programWidth == 64;
         if (isOnWideSystem == FALSE) IsWow64Process(GetCurrentProcess(), &isOnWideSystem);
         const bool isThere = view == RegistryView::own || isOnWideSystem != FALSE;
-        return isThere ? std::make_unique<Win32Registry>(view) : nullptr;
+        return isThere ? wideRegistry(view) : nullptr;
     }
-    RegistryView ownView() override { return programWidth == 64 ? RegistryView::wide : RegistryView::narrow; }
+    RegistryView ownView() override { return programWidth == 64 ? RegistryView::bits64 : RegistryView::bits32; }
     unsigned codePage() override { return GetACP(); }
     std::unique_ptr<Encoding> encoding(unsigned codePage) override { return win32Encoding(codePage); }
     Disk& disk() override { return systemDisk(); }
