@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "common/refusal.h"
 #include "common/utf8.h"
 
 namespace vrix {
@@ -32,12 +31,8 @@ std::string guidOf(const std::string& text) {
     return guid.data();
 }
 
-[[noreturn]] void refuse(const std::string& place, const std::string& why) {
-    throw Refusal(Refusal::Kind::malformed, place + ": " + why);
-}
-
 std::string escaped(const std::string& text, const std::string& place) {
-    if (!isWhole(text)) refuse(place, "XML cannot hold half a character");
+    if (!isWhole(text)) throw malformed(place, "XML cannot hold half a character");
     std::string safe;
     for (const char c : text) {
         switch (c) {
@@ -49,7 +44,7 @@ std::string escaped(const std::string& text, const std::string& place) {
             case '\n': safe += "&#10;"; break;
             case '\r': safe += "&#13;"; break;
             default:
-                if (static_cast<unsigned char>(c) < 0x20) refuse(place, "XML cannot hold a control character");
+                if (static_cast<unsigned char>(c) < 0x20) throw malformed(place, "XML cannot hold a control character");
                 safe += c;
         }
     }
@@ -98,7 +93,7 @@ private:
         if (value.type == valuetype::dword && value.data.size() == 4) {
             return {"11", "REG_DWORD", hexDigits(std::string(value.data.rbegin(), value.data.rend()))};
         }
-        refuse(place, "a policy's collection has no form for this value");
+        throw malformed(place, "a policy's collection has no form for this value");
     }
 
     std::string family_;

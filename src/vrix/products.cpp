@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
+#include "product/encoded_text.h"
 #include "product/json/product_json.h"
 #include "product/settings_text.h"
 
@@ -47,10 +48,9 @@ std::vector<ProductId> candidates(const ProductStore& store, const Wanted& wante
 }
 
 bool isJson(std::string_view bytes) {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
-    const auto first = bytes.find_first_not_of(" \t\r\n");
-    return first != std::string_view::npos && bytes[first] == '{';
+    const auto marked = markedText(bytes);
+    const std::string_view text = marked ? *marked : bytes;
+    return text.substr(std::min(text.find_first_not_of(" \t\r\n"), text.size())).starts_with('{');
 }
 
 // What a file holds; nothing where no file is.
@@ -104,7 +104,7 @@ Product productOfFile(Run& run, const std::string& path) {
     const auto bytes = readFile(run.machine.disk(), path);
     if (!bytes) throw Refusal(Refusal::Kind::notFound, "there is no file " + quoted(path));
     try {
-        return isJson(*bytes) ? fromJson(*bytes, run.encoding()) : readSettings(*bytes, *settingsEncoding(run));
+        return isJson(*bytes) ? fromJson(*bytes) : readSettings(*bytes, *settingsEncoding(run));
     } catch (const Refusal& refusal) {
         throw Refusal(refusal.kind(), path + ": " + refusal.what());
     }

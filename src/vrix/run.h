@@ -22,11 +22,6 @@ struct Run {
 
     // Prints a line.
     void print(std::string line) { console.write(line += '\n'); }
-    // For the product signatures of today.
-    const Encoding& encoding() const {
-        static const auto utf8 = machine.encoding(65001);
-        return *utf8;
-    }
     void printJson(const nlohmann::ordered_json& json) { print(jsonText(json, 2)); }
 };
 

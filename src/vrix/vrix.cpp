@@ -1,11 +1,11 @@
 #include "vrix/vrix.h"
 
+#include <array>
 #include <exception>
 #include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
 #include "common/runtime_failure.h"
-#include "product/product.h"
 #include "vrix/run.h"
 
 namespace vrix {
@@ -49,8 +49,6 @@ int runVrix(const std::vector<std::string>& arguments, Console& console, Machine
     } catch (const RuntimeFailure& failure) {
         const std::string sentence = "the store holds what the Toolkit cannot read: ";
         return tell(console, refused, sentence + failure.what(), isDsc);
-    } catch (const Malformed& error) {
-        return tell(console, malformed, error.what(), isDsc);
     } catch (const std::exception& unforeseen) {
         return tell(console, refused, unforeseen.what(), isDsc);
     }
