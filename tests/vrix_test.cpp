@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 
 #include "backup/backed_up_registry.h"
+#include "common/code_page.h"
+#include "expected.h"
 #include "makers/embedded/embedded_registry.h"
 #include "registry_suite.h"
 #include "stubs.h"
@@ -65,6 +67,11 @@ public:
 
 class Vrix : public testing::Test {
 protected:
+    void SetUp() override {
+        static const auto utf8 = testEncoding(65001);
+        useCodePage(65001, *utf8);
+    }
+    void TearDown() override { useCodePage(1252, westernEncoding()); }
     std::string run(const std::vector<std::string>& arguments) { return host.run(arguments); }
     // The code alone.
     char code(const std::vector<std::string>& arguments) { return run(arguments)[0]; }
@@ -144,7 +151,9 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
              {{"--code-page", "7", "apply", "sample.kls"}, '2', "no code page 7"},
              {{"--store", "no\xE9UTF-8", "list"}, '3', "no\xE9UTF-8"},
              {{"--store", "no\xE9UTF-8", "dsc", "export"}, '3', "no\xEF\xBF\xBDUTF-8"},
-             {{"dsc", "get", "--input", "{\"key\":\"X\",\"file\":\"\xE6\x97\xA5\"}"}, '3', "{\"error\":\"there is no file"},
+             {{"dsc", "get", "--input", "{\"key\":\"X\",\"file\":\"\xE6\x97\xA5\"}"},
+              '3',
+              "{\"error\":\"there is no file"},
              {{"apply", "bad.kls"}, '5', "bad.kls: the file does not end"},
              {{"apply", "bad.json"}, '5', "bad.json: /colour"},
              {{"apply", "sample.kls", "bad.json", "--json"}, '5', "bad.json"},
@@ -226,6 +235,32 @@ TEST_F(Vrix, RestoresRowsThatShareAKeyOrHaveNoneAndProductsInOneAnother) {
     EXPECT_EQ(run({"restore", backup}).find(" made."), std::string::npos) << host.out;
 }
 
+TEST_F(Vrix, KeepsTextsThatTheCodePageLacks) {
+    const std::string half = "\xED\xA0\x80";
+    writeBytes("x.json",
+               R"({"name": "日本 Manual", "key": "Ключ", "topics": [{"name": "目次", "file": "C:\\д\\目次.doc"}]})");
+    EXPECT_EQ(code({"apply", "x.json"}), '0');
+    EXPECT_EQ(run({"export", "Ключ", "x.kls"}).substr(0, 1), "5");
+    EXPECT_NE(host.err.find("JSON"), std::string::npos) << host.err;
+    EXPECT_EQ(code({"--code-page", "932", "export", "Ключ", "x.kls"}), '0');
+    EXPECT_EQ(run({"--code-page", "932", "compare", "Ключ", "x.kls"}).find("目次"), std::string::npos) << host.out;
+    write("目次" + half, "д" + half, "Toolkit\\Ключ\\Topics");
+    const std::string whole = host.tree();
+    EXPECT_NE(run({"show", "日本 Manual"}).find("目次"), std::string::npos);
+    EXPECT_EQ(run({"list", "--json"})[0], '0');
+    EXPECT_EQ(code({"export", "Ключ", "half.json"}), '0');
+    EXPECT_NE(run({"apply", "half.json"}).find("nothing to change"), std::string::npos) << host.out;
+    EXPECT_EQ(code({"remove", "Ключ", "--yes"}), '0');
+    for (const std::vector<std::string>& back :
+         {std::vector<std::string>{"apply", "half.json"}, {"restore", "latest"}}) {
+        EXPECT_EQ(code(back), '0') << host.err;
+        EXPECT_EQ(host.tree(), whole);
+        EXPECT_EQ(code({"remove", "Ключ", "--yes"}), '0');
+    }
+    host.takesOutput = false;
+    EXPECT_EQ(code({"list"}), '4');
+}
+
 TEST_F(Vrix, IsAResourceOfDsc) {
     EXPECT_EQ(run({"dsc", "get", "--input", "{\"key\":\"X\"}"}),
               "0|{\"key\":\"X\",\"tree\":\"toolkit\",\"_exist\":false}\n");
@@ -246,6 +281,22 @@ TEST_F(Vrix, IsAResourceOfDsc) {
     host.input = "{\"key\":\"X\",\"file\":\"sample.kls\"}";
     EXPECT_EQ(run({"dsc", "get"}),
               "5|{\"error\":\"the instance tells another Product than sample.kls, or more than its key.\"}\n");
+}
+
+TEST_F(Vrix, HelpAndSchemasAreAsWritten) {
+    std::string help;
+    for (const char* command :
+         {"", "list", "show", "check", "compare", "export", "schema", "apply", "remove", "backups", "restore", "dsc",
+          "dsc get", "dsc test", "dsc set", "dsc delete", "dsc export", "dsc schema"}) {
+        std::istringstream words(command + std::string(*command == '\0' ? "--help" : " --help"));
+        run({std::istream_iterator<std::string>(words), {}});
+        help += "$ vrix " + words.str() + '\n' + host.out + '\n';
+    }
+    expectAsWritten("help.txt", help);
+    run({"schema"});
+    expectAsWritten("product.schema.json", host.out);
+    run({"dsc", "schema"});
+    expectAsWritten("instance.schema.json", nlohmann::ordered_json::parse(host.out).dump(2) + '\n');
 }
 
 }  // namespace vrix
