@@ -131,7 +131,7 @@ private:
             data += static_cast<char>(*byte);
             rest.remove_prefix(comma == std::string_view::npos ? rest.size() : comma + 1);
         }
-        return isText(type) ? textData(data) : data;
+        return valuetype::isText(type) ? textData(data) : data;
     }
 
     std::string textData(const std::string& bytes) const {
@@ -178,7 +178,8 @@ private:
     static void readList(const Section& list, Tree tree, std::optional<ProductId>& id) {
         for (const StoredValue& row : list.values.values()) {
             if (id) refuseLine(list.index, "there is more than one Product in the lists");
-            if (!isText(row.type) || row.name.empty()) refuseLine(list.index, "the row of the list is no text");
+            if (!valuetype::isText(row.type) || row.name.empty())
+                refuseLine(list.index, "the row of the list is no text");
             id = {tree, row.name, textOf(row)};
         }
     }

@@ -105,10 +105,6 @@ ValuesByName byName(const Values& values) {
     return found;
 }
 
-bool isText(std::uint32_t type) {
-    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
-}
-
 std::string hexDigits(std::string_view bytes, std::string_view between) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text;
@@ -136,7 +132,7 @@ std::string textOf(const StoredValue& value) {
     if (value.type == valuetype::dword || value.type == valuetype::dwordBigEndian) {
         return std::to_string(static_cast<std::int32_t>(numberOf(value)));
     }
-    if (!isText(value.type) || value.data.empty()) return value.data;
+    if (!valuetype::isText(value.type) || value.data.empty()) return value.data;
     return value.data.substr(0, value.data.size() - 1);
 }
 

@@ -104,8 +104,6 @@ const StoredValue* findValue(const Values& values, std::string_view name);
 using ValuesByName = std::unordered_map<std::string_view, const StoredValue*>;
 ValuesByName byName(const Values& values);
 
-// Whether values of that type are texts, whose bytes end with a terminator.
-bool isText(std::uint32_t type);
 // Bytes as pairs of hexadecimal digits, in capitals.
 std::string hexDigits(std::string_view bytes, std::string_view between = "");
 // Whether the text is digits alone, and at least one.

@@ -119,7 +119,7 @@ void GrowingKey::put(StoredValue value) {
 }
 
 StoredValue storable(StoredValue value) {
-    if (isText(value.type) && !value.data.empty() && value.data.back() != '\0') value.data += '\0';
+    if (valuetype::isText(value.type) && !value.data.empty() && value.data.back() != '\0') value.data += '\0';
     return value;
 }
 

@@ -71,7 +71,7 @@ std::string readName(const Json& json, const std::string& place) {
 
 Json jsonContent(const StoredValue& value) {
     const Json type = typeOf(value.type);
-    if (!isText(value.type)) return {{"type", type}, {"bytes", hexDigits(value.data)}};
+    if (!valuetype::isText(value.type)) return {{"type", type}, {"bytes", hexDigits(value.data)}};
     if (!value.data.ends_with('\0') || !isWhole(value.data)) return {{"type", type}, {"utf16", digitsOf(value.data)}};
     const std::string text = textOf(value);
     return isPlainText(value) ? Json(text) : Json{{"type", type}, {"text", text}};
@@ -81,7 +81,7 @@ StoredValue readContent(std::string name, const Json& json, const std::string& p
     if (json.is_string()) return textValue(name, withoutZero(json.get<std::string>(), place));
     expectMembers(json, {"type", "text", "utf16", "bytes"}, place);
     StoredValue value{std::move(name), typeNumber(memberOf(json, "type", place), place + "/type"), {}};
-    const char* form = !isText(value.type) ? "bytes" : json.contains("text") ? "text" : "utf16";
+    const char* form = !valuetype::isText(value.type) ? "bytes" : json.contains("text") ? "text" : "utf16";
     const Json& data = memberOf(json, form, place);
     const std::string here = place + '/' + form;
     if (json.size() != 2) throw malformed(place, "beside \"type\" only \"" + std::string(form) + "\" can stand here");
