@@ -25,7 +25,8 @@ Environment environmentLookup() {
 }
 
 std::unique_ptr<JournalRegistry> openedJournal(const std::string& path, bool isFree) {
-    return std::make_unique<JournalRegistry>(path, environmentLookup(), std::make_unique<StubDisk>(isFree));
+    static StubDisk free(true), held(false);
+    return std::make_unique<JournalRegistry>(path, environmentLookup(), isFree ? free : held);
 }
 
 std::string listing(Registry& registry, RegistryKey top, bool sorted) {

@@ -9,9 +9,8 @@
 #include <ctime>
 #include <stdexcept>
 
-#include "makers/backup/backup_folder.h"
+#include "backup/backup_folder.h"
 #include "makers/kept/kept_keys.h"
-#include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
 #include "makers/win32/win32_screen.h"
 #include "pages/edit/edit1.h"
@@ -240,16 +239,16 @@ void measureCommand(const Scale& scale, const std::string& folder, const std::st
     const Work regExport = process("reg.exe export HKLM\\Software\\Vrix " + out + " /y");
     tell("vrix list to reg query", {process(vrix + "list")}, {process("reg.exe query HKLM\\Software\\Vrix /s")});
     tell("vrix export to reg export", {process(vrix + "export Bench " + out)}, {regExport});
-    const auto disk = makeJournalDisk();
+    Disk& disk = systemDisk();
     Win32Registry machine;
-    tell("a backup to reg export", {[&] { BackupFolder(folder, *disk).keep(machine, std::time(nullptr)); }},
+    tell("a backup to reg export", {[&] { BackupFolder(folder, disk).keep(machine, std::time(nullptr)); }},
          {regExport});
     const Work forget = [&] { removeTree(*store, "Software\\Vrix"); };
     tell("vrix apply to reg import", {process(vrix + "apply " + file), forget},
          {process("reg.exe import " + file), forget});
     forget();
-    for (const std::string& name : BackupFolder(folder, *disk).names()) {
-        disk->remove(BackupFolder(folder, *disk).pathOf(name));
+    for (const std::string& name : BackupFolder(folder, disk).names()) {
+        disk.remove(BackupFolder(folder, disk).pathOf(name));
     }
     for (const std::string& path : {file, out}) DeleteFileA(path.c_str());
 }

@@ -10,7 +10,6 @@
 #include "makers/embedded/memory_registry.h"
 #include "makers/win32/startup.h"
 #include "makers/win32/wide_text.h"
-#include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
 #include "product/product_store.h"
 #include "registry_suite.h"
@@ -117,7 +116,7 @@ TEST(Win32Disk, KeepsAJournalInAFolderThatTheCodePageCannotName) {
     SetEnvironmentVariableW(L"LOCALAPPDATA", local.c_str());
     const std::filesystem::path file = local + L"\\Store\\journal";
     const auto open = [] {
-        return std::make_unique<JournalRegistry>(localDataFile("Store", "journal"), nullptr, makeJournalDisk());
+        return std::make_unique<JournalRegistry>(localDataFolder("Store") + "journal", nullptr, systemDisk());
     };
     for (auto [registry, i] = std::pair(open(), 0); i < 1'000; ++i) {
         EXPECT_EQ(registry->setValue(hive::classesRoot, "v", 3, std::to_string(i)), RegistryStatus::success);
