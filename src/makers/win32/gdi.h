@@ -11,6 +11,12 @@ struct GdiDeleter {
     void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
 
+// Fills a rectangle with a colour.
+inline void fill(HDC dc, const RECT& area, COLORREF colour) {
+    SetDCBrushColor(dc, colour);
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
 // Owns a font, brush, pen or bitmap.
 template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
@@ -26,6 +32,37 @@ public:
 private:
     HDC dc_;
     HGDIOBJ before_;
+};
+
+// The device context of a window, or of the screen for null.
+class WindowDc {
+public:
+    explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
+    ~WindowDc() { ReleaseDC(window_, dc_); }
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+
+    operator HDC() const { return dc_; }
+
+private:
+    HWND window_;
+    HDC dc_;
+};
+
+// The painting of a window, for WM_PAINT.
+class Painting {
+public:
+    explicit Painting(HWND window) : window_(window), dc_(BeginPaint(window, &job_)) {}
+    ~Painting() { EndPaint(window_, &job_); }
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+
+    operator HDC() const { return dc_; }
+
+private:
+    PAINTSTRUCT job_{};
+    HWND window_;
+    HDC dc_;
 };
 
 // A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers. All share one
