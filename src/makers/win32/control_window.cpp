@@ -57,11 +57,9 @@ LRESULT ControlWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void ControlWindow::layout() {
-    send(WM_SETFONT, reinterpret_cast<WPARAM>(style().font(Look::body)), FALSE);
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
     moveTo(place());
 }
-
-RECT ControlWindow::place() const { return style().px(control_.bounds()); }
 
 RECT ControlWindow::lineBox() const {
     const RECT place = ControlWindow::place();
@@ -89,7 +87,7 @@ bool ControlWindow::setText(const std::wstring& text) {
 }
 
 std::wstring ControlWindow::shortenedTo(int width, const std::wstring& text) const {
-    std::wstring result = shortened(reinterpret_cast<HFONT>(send(WM_GETFONT)), text, width);
+    std::wstring result = shortened(font(), text, width);
     owner_.explain(handle(), result == text ? std::wstring() : text);
     return result;
 }

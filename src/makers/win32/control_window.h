@@ -54,7 +54,8 @@ protected:
     const Style& style() const { return owner_.style(); }
     bool takes(UINT message) const override;
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
-    virtual RECT place() const;
+    virtual RECT place() const { return style().px(control_.bounds()); }
+    virtual HFONT font() const { return style().font(Look::body); }
     virtual bool enabled() const;
 
     // A box for one line of text: as high as its font needs, in the middle of the control's place.

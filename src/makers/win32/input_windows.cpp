@@ -124,8 +124,8 @@ void CheckBoxWindow::paintDisabled() {
     const int side = style().px(markSide);
     const int top = (area.bottom - side) / 2;
     drawMark(buffer.dc(), {0, top, side, top + side}, box_.value() == 1, false, style().palette());
-    const Selected font(buffer.dc(), style().font(Look::body));
-    area.left = side + measured(style().font(Look::body), L"0", area.right, DT_SINGLELINE).cx / 2;
+    const Selected selected(buffer.dc(), font());
+    area.left = side + measured(font(), L"0", area.right, DT_SINGLELINE).cx / 2;
     SetTextColor(buffer.dc(), style().palette().greyText);
     DrawTextW(buffer.dc(), windowText(handle()).c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER);
 }

@@ -65,9 +65,8 @@ RECT ComboBoxWindow::workArea() const { return workAreaOf(MonitorFromWindow(hand
 
 // The open list is as wide as its longest row needs, up to the width of the monitor.
 void ComboBoxWindow::widenList() {
-    const HFONT font = style().font(Look::body);
     LONG widest = 0;
-    for (const std::string& row : box_.rows()) widest = std::max(widest, measured(font, wide(row), 0, rowFormat).cx);
+    for (const std::string& row : box_.rows()) widest = std::max(widest, measured(font(), wide(row), 0, rowFormat).cx);
     const RECT work = workArea();
     const LONG needed = widest + GetSystemMetrics(SM_CXVSCROLL) + style().px(8);
     send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(needed, work.right - work.left)));
@@ -214,7 +213,7 @@ void MarkListWindow::explainRow(LPARAM pointer) {
     const bool known = row >= 0 && row < list_.count();
     const std::wstring text = known ? wide(list_.rows()[static_cast<std::size_t>(row)].text) : std::wstring();
     const int room = clientArea().right - style().px(textLeft);
-    const bool cut = shortened(style().font(Look::body), text, room) != text;
+    const bool cut = shortened(font(), text, room) != text;
     owner().explainAt(handle(), pointer, cut ? text : std::wstring());
 }
 
@@ -239,7 +238,7 @@ void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
                  style().palette());
         const std::wstring text = wide(list_.rows()[item.itemID].text);
         RECT area{item.rcItem.left + style().px(textLeft), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
-        const Selected font(buffer.dc(), style().font(Look::body));
+        const Selected selected(buffer.dc(), font());
         SetTextColor(buffer.dc(), live ? style().palette().text : style().palette().greyText);
         DrawTextW(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
                   rowFormat | DT_VCENTER | DT_END_ELLIPSIS);

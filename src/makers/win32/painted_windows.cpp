@@ -74,11 +74,6 @@ LRESULT PaintedWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
 LabelWindow::LabelWindow(FormWindow& owner, Label& label)
     : PaintedWindow(owner, label, {L"STATIC", WS_GROUP | SS_OWNERDRAW | SS_NOPREFIX}), label_(label) {}
 
-void LabelWindow::layout() {
-    PaintedWindow::layout();
-    send(WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
-}
-
 void LabelWindow::update() {
     shown_ = wide(label_.caption());
     setText(shown_);
@@ -249,7 +244,7 @@ void ImageButtonWindow::update() {
 
 void ImageButtonWindow::measureCaption() {
     const RECT area = clientArea();
-    const SIZE size = measured(style().font(Look::body), text_, area.right, captionFormat);
+    const SIZE size = measured(font(), text_, area.right, captionFormat);
     const POINT corner{(area.right - size.cx) / 2, (area.bottom - size.cy) / 2};
     caption_ = {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
 }
@@ -262,7 +257,7 @@ void ImageButtonWindow::paint(HDC dc, const RECT& area) {
              owner().surfaceColour(button_));
     RECT text = caption_;
     if (pressed) OffsetRect(&text, style().px(1), style().px(1));
-    const Selected font(dc, style().font(Look::body));
+    const Selected selected(dc, font());
     SetTextColor(dc, disabled ? palette.greyText : palette.faceText);
     SetBkMode(dc, TRANSPARENT);
     drawCaption(dc, text_, text, captionFormat, button_.accessKey());

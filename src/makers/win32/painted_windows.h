@@ -23,7 +23,6 @@ protected:
 class LabelWindow final : public PaintedWindow {
 public:
     LabelWindow(FormWindow& owner, Label& label);
-    void layout() override;
     void update() override;
 
 private:
@@ -32,7 +31,7 @@ private:
     void paintSection(HDC dc, const RECT& area);
     Colour colour() const;
     bool oneLine() const;
-    HFONT font() const { return style().font(label_.look()); }
+    HFONT font() const override { return style().font(label_.look()); }
     Label& label_;
     std::wstring shown_;  // the caption, cut if it is too long for its line
 };

@@ -141,12 +141,8 @@ void Styles::refresh() {
 }
 
 void draw(HDC dc, int left, int top, const Canvas& canvas) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = canvas.width();
-    info.bmiHeader.biHeight = -canvas.height();  // rows from the top
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    BITMAPINFO info{};  // its rows from the top
+    info.bmiHeader = {sizeof(info.bmiHeader), canvas.width(), -canvas.height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     const auto rows = static_cast<UINT>(canvas.height());
     SetDIBitsToDevice(dc, left, top, static_cast<DWORD>(canvas.width()), rows, 0, 0, 0, rows, canvas.pixels().data(),
                       &info, DIB_RGB_COLORS);
