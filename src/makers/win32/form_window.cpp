@@ -129,7 +129,10 @@ ControlWindow* FormWindow::underPointer() const {
 
 ControlWindow* FormWindow::followPointer() {
     ControlWindow* under = underPointer();
-    for (const auto& window : controls_) window->hovered(window.get() == under);
+    const HWND holder = GetCapture();  // a press that is held leaves all others alone
+    for (const auto& window : controls_) {
+        window->hovered(window.get() == under && (holder == nullptr || holder == window->handle()));
+    }
     return under;
 }
 
