@@ -11,12 +11,6 @@ struct GdiDeleter {
     void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
 
-// Fills a rectangle with a colour.
-inline void fill(HDC dc, const RECT& area, COLORREF colour) {
-    SetDCBrushColor(dc, colour);
-    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
 // Owns a font, brush, pen or bitmap.
 template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
@@ -64,6 +58,12 @@ private:
     HWND window_;
     HDC dc_;
 };
+
+// Fills a rectangle with a colour.
+inline void fill(HDC dc, const RECT& area, COLORREF colour) {
+    SetDCBrushColor(dc, colour);
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
 
 // A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers. All share one
 // bitmap, so there is one at a time.
