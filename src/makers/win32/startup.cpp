@@ -55,7 +55,7 @@ void hardenProcess() {
     constexpr DWORD systemFolderOnly = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
     using Restrict = BOOL(WINAPI*)(DWORD);
     // Systems without updates lack it.
-    const auto restrictTo = libraryFunction<Restrict>("kernel32.dll", "SetDefaultDllDirectories");
+    const auto restrictTo = libraryFunction<Restrict>(L"kernel32.dll", "SetDefaultDllDirectories");
     if (restrictTo != nullptr) restrictTo(systemFolderOnly);
 }
 
