@@ -6,8 +6,8 @@
 
 #include "common/code_page.h"
 #include "forms/event.h"
+#include "makers/embedded/embedded_registry.h"
 #include "makers/embedded/journal_registry.h"
-#include "makers/embedded/memory_registry.h"
 #include "makers/posix/iconv_encoding.h"
 #include "product/check.h"
 #include "product/compare.h"
@@ -206,7 +206,7 @@ void finish(Input& input) {
 template <class Read>
 void product(const Read& read) {
     const auto encoding = iconvEncoding(1252);
-    MemoryRegistry registry;
+    EmbeddedRegistry registry;
     const ProductStore store(registry);
     try {
         const Product found = read(*encoding);

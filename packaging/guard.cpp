@@ -2,51 +2,50 @@
 
 #include <msi.h>
 #include <msiquery.h>
+#include <tlhelp32.h>
 
-// The MSI package's own step. Windows Installer would close a running program in silence or ask for a restart; the
-// setup refuses, and so does this.
+// The MSI package's own step. Windows Installer would close a running program in silence or ask for a restart; this
+// refuses before anything is changed. It asks for the names of what runs, since a double-click runs it without rights,
+// and then opening a program's file for writing would fail whether the program runs or not.
 
 namespace {
 
-constexpr DWORD longest = 1024;
+constexpr const wchar_t* programs[] = {L"VrixToolkit.exe", L"VrixToolkitTrial.exe", L"vrix.exe"};
 
-// A program that runs is held against writing. Other refusals are left to Windows Installer.
-bool runs(const wchar_t* path) {
-    const DWORD all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE file = CreateFileW(path, GENERIC_WRITE, all, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_SHARING_VIOLATION;
-    CloseHandle(file);
+// A program in any folder and of any width counts: its file may be the one to be replaced.
+bool isOurs(const wchar_t* name) {
+    for (const wchar_t* program : programs) {
+        if (lstrcmpiW(name, program) == 0) return true;
+    }
     return false;
 }
 
-// Sets the program to one in the folder that runs. False if none does.
-bool findRunning(const wchar_t* folder, WIN32_FIND_DATAW& program) {
-    wchar_t path[longest + MAX_PATH];
-    const auto inFolder = [&](const wchar_t* name) { return lstrcatW(lstrcpyW(path, folder), name); };
-    const HANDLE found = FindFirstFileW(inFolder(L"*.exe"), &program);
-    if (found == INVALID_HANDLE_VALUE) return false;
-    bool running = runs(inFolder(program.cFileName));
-    while (!running && FindNextFileW(found, &program)) running = runs(inFolder(program.cFileName));
-    FindClose(found);
-    return running;
+// Sets the process to one of our programs that runs. False if none does, or if Windows does not tell.
+bool findRunning(PROCESSENTRY32W& process) {
+    const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    if (all == INVALID_HANDLE_VALUE) return false;
+    process.dwSize = sizeof process;
+    BOOL more = Process32FirstW(all, &process);
+    while (more != FALSE && !isOurs(process.szExeFile)) more = Process32NextW(all, &process);
+    CloseHandle(all);
+    return more != FALSE;
 }
 
 void tell(MSIHANDLE install, const wchar_t* program) {
     PMSIHANDLE message = MsiCreateRecord(1);
-    MsiRecordSetStringW(message, 0, L"[1] is running. Please close it and start again.");
+    MsiRecordSetStringW(message, 0, L"[1] is running. Nothing was changed. Close it, or try again later.");
     MsiRecordSetStringW(message, 1, program);
     MsiProcessMessage(install, static_cast<INSTALLMESSAGE>(INSTALLMESSAGE_ERROR | MB_ICONSTOP), message);
 }
 
 }  // namespace
 
-// Ends the installation with the code 1602 while a program in its folder runs, nothing being changed yet.
+// Ends the installation while a program runs. Of the results that a step may have, only "ended by the user" gives
+// msiexec an exit code of its own, 1602; any other refusal becomes 1603, as each failure does. The code for "busy",
+// 1618, is kept by Windows Installer for itself.
 extern "C" __declspec(dllexport) UINT WINAPI refuseWhileRunning(MSIHANDLE install) {
-    wchar_t folder[longest];
-    DWORD length = longest;
-    WIN32_FIND_DATAW program;
-    if (MsiGetPropertyW(install, L"INSTALLDIR", folder, &length) != ERROR_SUCCESS) return ERROR_SUCCESS;
-    if (!findRunning(folder, program)) return ERROR_SUCCESS;
-    tell(install, program.cFileName);
+    PROCESSENTRY32W process;
+    if (!findRunning(process)) return ERROR_SUCCESS;
+    tell(install, process.szExeFile);
     return ERROR_INSTALL_USEREXIT;
 }

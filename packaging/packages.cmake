@@ -1,4 +1,4 @@
-# The target "packages": this width as a ZIP, a setup and an MSI, with its list of materials, in build/packages.
+# The target "packages": this width as a ZIP and an MSI, with its list of materials, in build/packages.
 
 # What every package holds, besides the texts. To pack one more file, name it here.
 set(files $<TARGET_FILE:VrixToolkit> $<TARGET_FILE:VrixToolkitTrial> $<TARGET_FILE:vrix>

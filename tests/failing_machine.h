@@ -1,8 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,54 +32,65 @@ public:
     bool counts = false;
     int first = -1;
     int last = -1;
-    bool namesAlone = false;       // listings give no data
     std::function<void()> before;  // runs before each call
     std::vector<std::string> calls;
     std::string written;  // the lines of all files
-    int openKeys = 0;     // the program opens one at a time
 
     RegistryStatus openKey(Key parent, Text path, Number rights, Key& key) override {
         path_ = path;
         const char* what = rights == access::change ? "change " : "open ";
-        return opened(run(what, "", &Registry::openKey, parent, path, rights, key));
+        return opened(run(what, "", &Registry::openKey, parent, path, rights, key), key);
     }
     RegistryStatus createKey(Key parent, Text path, Number rights, Key& key) override {
         path_ = path;
-        return opened(run("create ", "", &Registry::createKey, parent, path, rights, key));
+        return opened(run("create ", "", &Registry::createKey, parent, path, rights, key), key);
     }
     // A key that is said to have stayed open is closed all the same.
     RegistryStatus closeKey(Key key) override {
-        --openKeys;
+        path_ = paths_[key];
+        paths_.erase(key);
         const RegistryStatus status = registry_.closeKey(key);
         return refuses("close " + path_) ? RegistryStatus::accessDenied : status;
     }
-    RegistryStatus queryValue(Key key, Text name, Number& type, void* data, Number& size) override {
-        return run(size == 0 ? "size " : "data ", name, &Registry::queryValue, key, name, type, data, size);
+    // The bytes of a value are asked for by a query of their own.
+    RegistryStatus queryValue(Key key, Text name, ValueData& value) override {
+        path_ = paths_[key];
+        const RegistryStatus status = run("size ", name, &Registry::queryValue, key, name, value);
+        if (status != RegistryStatus::success || value.bytes.empty()) return status;
+        if (refuses("data " + path_ + '\\' + name)) value.bytes.assign(value.bytes.size(), '\0');
+        return status;
     }
-    RegistryStatus setValue(Key key, Text name, Number type, const void* data, Number size) override {
-        return run("set ", name, &Registry::setValue, key, name, type, data, size);
+    RegistryStatus setValue(Key key, Text name, Number type, std::string_view bytes) override {
+        path_ = paths_[key];
+        return run("set ", name, &Registry::setValue, key, name, type, bytes);
     }
     RegistryStatus deleteKey(Key parent, Text path) override {
         path_ = path;
         return run("remove ", "", &Registry::deleteKey, parent, path);
     }
     RegistryStatus deleteValue(Key key, Text name) override {
+        path_ = paths_[key];
         return run("erase ", name, &Registry::deleteValue, key, name);
     }
-    RegistryStatus enumKey(Key key, Number index, char* name, Number capacity) override {
-        return run("keys ", '@' + std::to_string(index), &Registry::enumKey, key, index, name, capacity);
+    RegistryStatus listKeys(Key key, std::vector<std::string>& names) override {
+        path_ = paths_[key];
+        return run("keys ", "", &Registry::listKeys, key, names);
     }
-    RegistryStatus enumValue(Key key, Number index, char* name, Number& length,
-                             std::optional<ValueData>* data) override {
-        const std::string at = '@' + std::to_string(index);
-        const RegistryStatus status = run("enum ", at, &Registry::enumValue, key, index, name, length, data);
-        if (namesAlone && data != nullptr) data->reset();
+    // A listing asks for the longest name, and then for one name after the other.
+    RegistryStatus listValues(Key key, std::vector<std::string>& names, std::vector<ValueData>* values) override {
+        path_ = paths_[key];
+        const RegistryStatus status = run("info ", "", &Registry::listValues, key, names, values);
+        for (std::size_t i = 0; status == RegistryStatus::success && i <= names.size(); ++i) {
+            const bool isEnd = i == names.size();
+            if (refuses("enum " + path_ + "\\@" + std::to_string(i)))
+                return names.resize(i), RegistryStatus::accessDenied;
+            if (counts && isEnd) calls.back() += '?';
+        }
         return status;
     }
-    RegistryStatus queryInfoKey(Key key, Number& longest) override {
-        return run("info ", "", &Registry::queryInfoKey, key, longest);
-    }
     std::string expandEnvironment(Text text) override { return registry_.expandEnvironment(text); }
+
+    std::size_t openKeys() const { return paths_.size(); }
 
     bool exists(Text path) override { return files_.exists(path); }
     void remove(Text path) override { pass("drop", permissionDenied, files_).remove(path); }
@@ -123,17 +134,18 @@ private:
         if (counts && !calls.empty() && calls.back().ends_with(path_ + '\\')) calls.back() += name;
         if (refuses(what + path_ + '\\' + name)) return RegistryStatus::accessDenied;
         const RegistryStatus status = (registry_.*method)(args...);
-        if (counts && status != RegistryStatus::success && status != RegistryStatus::moreData) calls.back() += '?';
+        if (counts && status != RegistryStatus::success) calls.back() += '?';
         return status;
     }
-    RegistryStatus opened(RegistryStatus status) {
-        openKeys += status == RegistryStatus::success;
+    RegistryStatus opened(RegistryStatus status, const Key& key) {
+        if (status == RegistryStatus::success) paths_[key] = path_;
         return status;
     }
 
     Registry& registry_;
     Files& files_;
     std::string path_;
+    std::map<Key, std::string> paths_;  // of the open keys
 };
 
 }  // namespace vrix

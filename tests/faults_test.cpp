@@ -120,7 +120,7 @@ protected:
         const bool ended = walk.windows.ended;
         for (int n = 0; n < 3 && !ended && walk.front() != "ToolkitMain"; ++n) walk.user.press("ExitBtn");
         const bool goesOn = !ended && walk.front() == "ToolkitMain" && walk.windows.visibleForms().size() == 1;
-        ran.sound = machine.openKeys == 0 && (ran.report.empty() ? goesOn : ended);
+        ran.sound = machine.openKeys() == 0 && (ran.report.empty() ? goesOn : ended);
         return ran;
     }
 

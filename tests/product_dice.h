@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "common/code_page.h"
-#include "makers/embedded/memory_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
 #include "product/plan.h"
 #include "product/product.h"
@@ -91,7 +91,7 @@ inline void apply(Registry& registry, const Product& product, Unnamed unnamed = 
 }
 
 inline std::string applied(const Product& product) {
-    MemoryRegistry registry;
+    EmbeddedRegistry registry;
     apply(registry, product);
     const ProductStore store(registry);
     EXPECT_EQ(store.list().at(0).name, product.id.name);

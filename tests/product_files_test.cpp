@@ -150,7 +150,7 @@ TEST(SettingsText, OfWhateverTheToolkitLeavesIsItsOwnAndReadsBack) {
     int whole = 0;
     for (unsigned seed = 0; seed < 60; ++seed) {
         Dice dice(seed);
-        const auto left = std::make_shared<MemoryRegistry>();
+        const auto left = std::make_shared<EmbeddedRegistry>();
         Walk(left).createProduct("Manual");
         for (const char* group : {"TopicsBtn", "TopicOrderBtn", "DependenciesBtn", "SmartFieldsBtn", "CoverPagesBtn"}) {
             Walk walk(left);
@@ -166,7 +166,7 @@ TEST(SettingsText, OfWhateverTheToolkitLeavesIsItsOwnAndReadsBack) {
         same += !byToolkit.empty();
         ASSERT_TRUE(byToolkit.empty() || byToolkit == file) << seed;
         const Product back = readSettings(file, *western);
-        MemoryRegistry other;
+        EmbeddedRegistry other;
         apply(other, back);
         ASSERT_EQ(settingsText(other, back.id), file) << seed;
         // Unnamed values are lost with the file; one in front of others costs the names behind it their texts.
@@ -236,7 +236,7 @@ TEST(Check, FindsWhatIsSharp) {
     EXPECT_EQ(found(checkFiles(whole, files)), "missing-file");
     for (const FindingKind& kind : findingKinds()) EXPECT_EQ(findFindingKind(kind.name), &kind);
 
-    const auto store = std::make_shared<MemoryRegistry>();
+    const auto store = std::make_shared<EmbeddedRegistry>();
     Walk walk(store);
     walk.createProduct("K");
     const ProductStore products(*store);
@@ -266,7 +266,7 @@ TEST(Check, ForeseesWhatEndsTheToolkit) {
             if (findValue(product.find(part::matrix), value.name) == nullptr)
                 product.at(part::matrix).values.push_back(value);
         }
-        const auto store = std::make_shared<MemoryRegistry>();
+        const auto store = std::make_shared<EmbeddedRegistry>();
         apply(*store, product);
         bool ends = exported(store).empty();
         for (const char* group : {"ProductSettingsBtn", "CoverPagesBtn", "ContentSummaryBtn", "TableOfContentsBtn",

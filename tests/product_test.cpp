@@ -23,7 +23,7 @@ TEST(Product, ApplyMakesTheStoreWhatTheProductSays) {
         Product a = dice.product();
         Product b = dice.product();
         b.id.tree = a.id.tree;
-        MemoryRegistry registry;
+        EmbeddedRegistry registry;
         const ProductStore store(registry);
         apply(registry, b);
         const bool isSame = compare(a, b).empty();
@@ -54,7 +54,7 @@ TEST(Product, AnApplyThatIsCutOffIsRepairedByTheNext) {
         Product b = dice.product();
         b.id.tree = a.id.tree;
         for (int refused = -1, calls = 0; refused < calls; ++refused) {
-            MemoryRegistry registry;
+            EmbeddedRegistry registry;
             FailingMachine machine(registry, files);
             const ProductStore store(machine);
             apply(registry, b);
@@ -68,7 +68,7 @@ TEST(Product, AnApplyThatIsCutOffIsRepairedByTheNext) {
             }
             if (refused < 0) calls = static_cast<int>(machine.calls.size());
             machine.counts = false;
-            ASSERT_EQ(machine.openKeys, 0);
+            ASSERT_EQ(machine.openKeys(), 0u);
             apply(machine, a);
             ASSERT_EQ(listing(compare(a, store.read(a.id))), "") << refused;
             ASSERT_EQ(store.list().size(), 1u);

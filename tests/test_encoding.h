@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 
 namespace vrix {
 

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "expected.h"
 #include "makers/backup/backed_up_registry.h"
 #include "makers/embedded/memory_registry.h"
 #include "registry_suite.h"
@@ -32,9 +33,9 @@ public:
     std::vector<std::string> filesOf(const std::string& pattern) override { return {pattern}; }
     std::unique_ptr<Registry> registry(RegistryView view) override {
         if (!hasRegistry) return nullptr;
-        return std::make_unique<BackedUpRegistry>(view == RegistryView::narrow ? narrow : wide, nullptr);
+        return std::make_unique<BackedUpRegistry>(view == RegistryView::bits32 ? narrow : wide, nullptr);
     }
-    RegistryView ownView() override { return RegistryView::wide; }
+    RegistryView ownView() override { return RegistryView::bits64; }
     unsigned codePage() override { return 1252; }
     std::unique_ptr<Encoding> encoding(unsigned number) override { return testEncoding(number); }
     std::unique_ptr<JournalDisk> journalDisk() override {
@@ -247,6 +248,22 @@ TEST_F(Vrix, IsAResourceOfDsc) {
     host.input = "{\"key\":\"X\",\"file\":\"sample.kls\"}";
     EXPECT_EQ(run({"dsc", "get"}),
               "5|{\"error\":\"the instance tells another Product than sample.kls, or more than its key.\"}\n");
+}
+
+TEST_F(Vrix, HelpAndSchemasAreAsWritten) {
+    std::string help;
+    for (const char* command :
+         {"", "list", "show", "check", "compare", "export", "schema", "apply", "remove", "backups", "restore", "dsc",
+          "dsc get", "dsc test", "dsc set", "dsc delete", "dsc export", "dsc schema"}) {
+        std::istringstream words(command + std::string(*command == '\0' ? "--help" : " --help"));
+        run({std::istream_iterator<std::string>(words), {}});
+        help += "$ vrix " + words.str() + '\n' + host.out + '\n';
+    }
+    expectAsWritten("help.txt", help);
+    run({"schema"});
+    expectAsWritten("product.schema.json", host.out);
+    run({"dsc", "schema"});
+    expectAsWritten("instance.schema.json", nlohmann::ordered_json::parse(host.out).dump(2) + '\n');
 }
 
 }  // namespace vrix

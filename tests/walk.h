@@ -8,6 +8,7 @@
 
 #include "failing_machine.h"
 #include "files.h"
+#include "makers/embedded/code_page_registry.h"
 #include "makers/embedded/embedded_registry.h"
 #include "makers/headless/headless_user.h"
 #include "makers/standard/standard_files.h"
@@ -26,7 +27,7 @@ public:
     explicit Walk(const std::string& page) : Walk() { createTo(page); }
 
     std::shared_ptr<EmbeddedRegistry> stored;
-    EmbeddedRegistry& registry = *stored;
+    CodePageRegistry registry{*stored};
     HeadlessWindows windows;
     HeadlessFileDialog dialog;
     StandardFiles files;

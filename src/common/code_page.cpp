@@ -1,7 +1,6 @@
 #include "common/code_page.h"
 
-#include <algorithm>
-#include <utility>
+#include "common/utf8.h"
 
 namespace vrix {
 
@@ -12,7 +11,7 @@ constexpr unsigned utf8 = 65001;
 
 struct Chosen {
     unsigned number = western;
-    LowerCaser lower = nullptr;
+    const Encoding* encoding = &westernEncoding();
     bool oneByteEach = true;  // every character has one byte
 };
 Chosen chosen;
@@ -33,49 +32,17 @@ bool isLead(unsigned byte) {
     }
 }
 
-// How many bytes a character of UTF-8 has, by its first one.
-std::size_t utf8Size(unsigned first) {
-    if (isWithin(first, 0xC2, 0xDF)) return 2;
-    if (isWithin(first, 0xE0, 0xEF)) return 3;
-    return isWithin(first, 0xF0, 0xF4) ? 4 : 1;
-}
-
-bool isContinued(std::string_view text, std::size_t at, std::size_t size) {
-    if (text.size() - at < size) return false;
-    const auto rest = text.substr(at + 1, size - 1);
-    return std::all_of(rest.begin(), rest.end(),
-                       [](char c) { return (static_cast<unsigned char>(c) & 0xC0u) == 0x80u; });
-}
-
-// The small letter of a letter that has one byte.
-char lowerByte(char c, unsigned page) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80) return isWithin(byte, 'A', 'Z') ? static_cast<char>(byte + 0x20) : c;
-    if (page != western) return c;
-    if (isWithin(byte, 0xC0, 0xDE) && byte != 0xD7) return static_cast<char>(byte + 0x20);  // D7 is no letter
-    switch (byte) {
-        case 0x8A:
-        case 0x8C:
-        case 0x8E: return static_cast<char>(byte + 0x10);
-        case 0x9F: return '\xFF';
-        default: return c;
-    }
-}
-
 }  // namespace
 
-void useCodePage(unsigned number, LowerCaser lower) {
-    chosen = {number, lower, false};
+void useCodePage(unsigned number, const Encoding& encoding) {
+    chosen = {number, &encoding, false};
     chosen.oneByteEach = number != utf8 && !isLead(0x90);
 }
 
-unsigned codePage() { return chosen.number; }
+const Encoding& systemEncoding() { return *chosen.encoding; }
 
 std::size_t characterSize(std::string_view text, std::size_t at) {
-    if (chosen.number == utf8) {
-        const std::size_t size = utf8Size(byteAt(text, at));
-        return isContinued(text, at, size) ? size : 1;
-    }
+    if (chosen.number == utf8) return codePointAt(text, at).size;
     return isLead(byteAt(text, at)) && at + 1 < text.size() && text[at + 1] != '\0' ? 2 : 1;
 }
 
@@ -106,15 +73,15 @@ std::size_t findLastCharacter(std::string_view text, char sign) {
     return last;
 }
 
-std::string lowerCase(std::string text) {
-    if (chosen.lower != nullptr) return chosen.lower(std::move(text));
-    const Chosen page = chosen;
+std::string lowerCase(std::string_view text) {
+    std::string lower;
     for (std::size_t at = 0; at < text.size();) {
-        const std::size_t size = page.oneByteEach ? 1 : characterSize(text, at);
-        if (size == 1) text[at] = lowerByte(text[at], page.number);
-        at += size;
+        const auto character = text.substr(at, characterSize(text, at));
+        const auto folded = chosen.encoding->fromUtf8(foldedName(chosen.encoding->decode(character)));
+        lower += folded ? *folded : character;
+        at += character.size();
     }
-    return text;
+    return lower;
 }
 
 std::string wholeCharacters(std::string text) {

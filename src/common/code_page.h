@@ -4,18 +4,17 @@
 #include <string>
 #include <string_view>
 
+#include "common/encoding.h"
+
 namespace vrix {
 
 // All texts are bytes of the system's code page, in which a character takes one byte or more. What goes through a text
 // character by character asks here: the second byte of a character may look like a backslash or a capital letter.
 
-// Turns a text into its small letters.
-using LowerCaser = std::string (*)(std::string text);
-
-// Says which code page holds, by its number. Until then it is 1252. `lower` is the platform's way to small letters;
-// without one, the letters of ASCII and of code page 1252 are known. To be called before the program makes anything.
-void useCodePage(unsigned number, LowerCaser lower = nullptr);
-unsigned codePage();
+// Says which code page holds, by its number, and how its texts are turned. Until then it is 1252. To be called before
+// the program makes anything; the encoding lives as long as the program.
+void useCodePage(unsigned number, const Encoding& encoding);
+const Encoding& systemEncoding();
 
 // The bytes of the character that begins at `at`. What is cut off or makes no character counts as one byte.
 std::size_t characterSize(std::string_view text, std::size_t at);
@@ -29,7 +28,8 @@ std::size_t findCharacter(std::string_view text, char sign, std::size_t from = 0
 // The last place of it; npos if nowhere.
 std::size_t findLastCharacter(std::string_view text, char sign);
 
-std::string lowerCase(std::string text);
+// The text in small letters. A letter whose small one the code page lacks stays as it is.
+std::string lowerCase(std::string_view text);
 
 // The text with a question mark for each byte that is a part of a character only. To be used for what is written: such
 // a byte would take in whatever is written behind it.

@@ -106,7 +106,7 @@ bool isWhole(std::string_view text) {
     return true;
 }
 
-void useLetterFolder(LetterFolder chosen) { folder = chosen; }
+void useLetterFolder(LetterFolder chosen) { folder = chosen == nullptr ? &foldWestern : chosen; }
 
 std::string foldedName(std::string_view name) {
     std::string result;

@@ -35,7 +35,7 @@ bool isWhole(std::string_view text);
 
 // Gives the letter by which a name is compared, for a letter beyond ASCII that UTF-16 writes as one unit.
 using LetterFolder = char32_t (*)(char32_t letter);
-// To be called before the program makes anything. Until then the letters of Western Europe are known.
+// To be called before the program makes anything. Without one the letters of Western Europe are known.
 void useLetterFolder(LetterFolder folder);
 // Two names are one to a registry when these are the same.
 std::string foldedName(std::string_view name);

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "platform/registry.h"
 
 namespace vrix {

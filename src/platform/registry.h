@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace vrix {
 
@@ -29,9 +30,9 @@ inline constexpr std::int32_t classesRoot = static_cast<std::int32_t>(0x80000000
 inline constexpr std::int32_t localMachine = static_cast<std::int32_t>(0x80000002u);
 }  // namespace hive
 
-// 64-bit Windows keeps two registries below the machine's Software key, for programs of each width one. `own` is that
-// of the program's own width.
-enum class RegistryView { own, wide, narrow };
+// 64-bit Windows keeps two registries below the machine's Software key, one for 64-bit and one for 32-bit programs.
+// `own` is the one for programs like the running one.
+enum class RegistryView { own, bits64, bits32 };
 
 // Rights asked for when a key is opened.
 namespace access {
@@ -48,17 +49,22 @@ inline constexpr std::uint32_t binary = 3;
 inline constexpr std::uint32_t dword = 4;
 inline constexpr std::uint32_t dwordBigEndian = 5;
 inline constexpr std::uint32_t multiString = 7;
+
+// Whether values of that type are texts, whose bytes end with a terminator.
+constexpr bool isText(std::uint32_t type) { return type == string || type == expandString || type == multiString; }
 }  // namespace valuetype
 
-// What a value holds.
+// What a value holds. The bytes of a text are its characters with their terminator.
 struct ValueData {
     std::uint32_t type = 0;
-    std::string bytes;
+    std::string bytes{};
+    bool operator==(const ValueData&) const = default;
 };
 
-// The machine's registry, as narrow as the store needs it. Texts are bytes of the system code page; a name or path
-// ends at its first zero byte. Names are found without regard to case. A path's parts are separated by backslashes;
-// doubled and trailing ones count once, a leading one is refused. Every operation answers the platform's status.
+// The machine's registry, as narrow as the store needs it. Its texts, which are names, paths and values of the types 1,
+// 2 and 7, are UTF-8, or bytes of the system code page for the pages; each maker says which. A name or path ends at its
+// first zero byte. Names are found without regard to case. A path's parts are separated by backslashes; doubled and
+// trailing ones count once, a leading one is refused. Every operation answers the platform's status.
 class Registry {
 public:
     virtual ~Registry() = default;
@@ -71,30 +77,23 @@ public:
                                                    RegistryKey& key) = 0;
     virtual RegistryStatus closeKey(RegistryKey key) = 0;
 
-    // Reads a value's type, bytes and size in bytes. `size` holds the room at `data` on the way in and the value's
-    // size on the way out; too little room is moreData, with nothing copied. An empty name is the key's default value.
-    [[nodiscard]] virtual RegistryStatus queryValue(RegistryKey key, const std::string& name, std::uint32_t& type,
-                                                    void* data, std::uint32_t& size) = 0;
-    // Writes a value. No data with size 1 stands for an empty string and is stored as its terminator. A text whose
-    // terminator is not counted is stored with it; it must stand behind the text all the same.
+    // Reads a value. An empty name is the key's default value. If the platform tells type and size and then refuses the
+    // bytes, they are zeros and the status is success.
+    [[nodiscard]] virtual RegistryStatus queryValue(RegistryKey key, const std::string& name, ValueData& value) = 0;
+    // Writes a value. A text that is not empty gets the terminator that it lacks.
     [[nodiscard]] virtual RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type,
-                                                  const void* data, std::uint32_t size) = 0;
+                                                  std::string_view bytes) = 0;
 
     // Deletes a key with its values. A key that has subkeys is refused with accessDenied.
     [[nodiscard]] virtual RegistryStatus deleteKey(RegistryKey parent, const std::string& path) = 0;
     [[nodiscard]] virtual RegistryStatus deleteValue(RegistryKey key, const std::string& name) = 0;
 
-    // Gives the name of the subkey at `index` with its terminator; `capacity` is the room in bytes.
-    [[nodiscard]] virtual RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name,
-                                                 std::uint32_t capacity) = 0;
-    // Gives the name of the value at `index` with its terminator. `length` holds the room in bytes on the way in and
-    // the name's length, without terminator, on the way out; too little room is moreData. If `data` is asked for, it
-    // gets what queryValue would read by that name. It gets nothing if the value has to be read by queryValue, because
-    // it is large or because the code page lacks a character of its name or text.
-    [[nodiscard]] virtual RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name,
-                                                   std::uint32_t& length, std::optional<ValueData>* data = nullptr) = 0;
-    // Gives the length of the key's longest value name, without terminator, in characters; in bytes it may be longer.
-    [[nodiscard]] virtual RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) = 0;
+    // Gives the names of all subkeys in the order of the platform. After a failure those before it are there.
+    [[nodiscard]] virtual RegistryStatus listKeys(RegistryKey key, std::vector<std::string>& names) = 0;
+    // The same for the names of all values, the unnamed one among them, and on demand for what they hold. A name may
+    // hold a zero character; by such a one nothing is found.
+    [[nodiscard]] virtual RegistryStatus listValues(RegistryKey key, std::vector<std::string>& names,
+                                                    std::vector<ValueData>* values = nullptr) = 0;
 
     // Replaces every %NAME% that the environment knows by its text; the others stay as they are.
     virtual std::string expandEnvironment(const std::string& text) = 0;

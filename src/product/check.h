@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "platform/files.h"
 #include "product/product.h"
 #include "product/product_store.h"

@@ -259,10 +259,10 @@ private:
             status != RegistryStatus::success) {
             return status;
         }
-        const auto& [name, type, data, isExact] = change.value;
-        if (change.kind == Kind::removeValue) return registry_.deleteValue(open_->key, name);
+        const StoredValue& value = change.value;
+        if (change.kind == Kind::removeValue) return registry_.deleteValue(open_->key, value.name);
         if (change.kind == Kind::makeKey) return RegistryStatus::success;
-        return registry_.setValue(open_->key, name, type, data.data(), static_cast<std::uint32_t>(data.size()));
+        return registry_.setValue(open_->key, value.name, value.type, value.data);
     }
 
     RegistryStatus goTo(const SharedPath& path, bool make) {

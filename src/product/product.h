@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "platform/registry.h"
 
 namespace vrix {

@@ -1,8 +1,6 @@
 #include "product/product_store.h"
 
 #include <algorithm>
-#include <array>
-#include <optional>
 #include <utility>
 
 #include "store/open_key.h"
@@ -17,43 +15,8 @@ void expect(RegistryStatus status, const KeyPath& path) {
 
 std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const KeyPath& path) {
     std::vector<std::string> names;
-    std::array<char, 1024> name{};  // the longest has 255 characters of up to four bytes
-    for (std::uint32_t index = 0;; ++index) {
-        const RegistryStatus status =
-            registry.enumKey(key, index, name.data(), static_cast<std::uint32_t>(name.size()));
-        if (status == RegistryStatus::noMoreItems) return names;
-        expect(status, path);
-        names.emplace_back(name.data());
-    }
-}
-
-// A value that the listing could not give, since the code page lacks characters of it. By such a name nothing is found.
-StoredValue valueOf(Registry& registry, RegistryKey key, const std::string& name, const KeyPath& path) {
-    StoredValue value{name, 0, {}, false};
-    std::uint32_t size = 0;
-    RegistryStatus status = RegistryStatus::moreData;
-    while (status == RegistryStatus::moreData) {  // at first it tells the size
-        value.data.resize(size);
-        std::uint32_t none = 0;
-        void* room = size == 0 ? static_cast<void*>(&none) : value.data.data();
-        status = registry.queryValue(key, name, value.type, room, size);
-    }
-    if (status == RegistryStatus::fileNotFound) return {name, valuetype::string, std::string(1, '\0'), false};
-    expect(status, path);
-    value.data.resize(size);
-    return value;
-}
-
-// The status of a step of a listing. The room for the name grows: another program may have written a longer one.
-RegistryStatus listValue(Registry& registry, RegistryKey key, std::size_t index, std::string& room,
-                         std::uint32_t& length, std::optional<ValueData>& data) {
-    constexpr std::size_t mostRoom = 1 << 17;  // more than the longest name that can be
-    for (;; room.resize(2 * room.size())) {
-        length = static_cast<std::uint32_t>(room.size());
-        const RegistryStatus status =
-            registry.enumValue(key, static_cast<std::uint32_t>(index), room.data(), length, &data);
-        if (status != RegistryStatus::moreData || room.size() > mostRoom) return status;
-    }
+    expect(registry.listKeys(key, names), path);
+    return names;
 }
 
 constexpr std::uint32_t toRead = access::queryValue | access::enumerateSubKeys;
@@ -75,7 +38,7 @@ void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const Pro
         const KeyPath below = joinedPaths(path, {name});
         OpenKey open(registry);
         const RegistryStatus status = registry.openKey(key, name, toRead, open.key);
-        if (status == RegistryStatus::fileNotFound) continue;  // gone, or of characters that the code page lacks
+        if (status == RegistryStatus::fileNotFound) continue;  // gone meanwhile
         expect(status, below);
         walkKey(registry, open.key, below, visit);
     }
@@ -84,21 +47,15 @@ void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const Pro
 }  // namespace
 
 std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const KeyPath& path) {
-    std::uint32_t longest = 0;
-    expect(registry.queryInfoKey(key, longest), path);
-    constexpr std::size_t characterBytes = 4;  // at most, in any code page
-    std::string room(longest * characterBytes + 1, '\0');
+    std::vector<std::string> names;
+    std::vector<ValueData> data;
+    expect(registry.listValues(key, names, &data), path);
     std::vector<StoredValue> values;
-    for (;;) {
-        std::optional<ValueData> data;
-        std::uint32_t length = 0;
-        const RegistryStatus status = listValue(registry, key, values.size(), room, length, data);
-        if (status == RegistryStatus::noMoreItems) return values;
-        expect(status, path);
-        const std::string name = room.substr(0, length);
-        values.push_back(data ? StoredValue{name, data->type, std::move(data->bytes)}
-                              : valueOf(registry, key, name, path));
+    values.reserve(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        values.push_back({std::move(names[i]), data[i].type, std::move(data[i].bytes)});
     }
+    return values;
 }
 
 std::string refusalText(const KeyPath& path, RegistryStatus status) {

@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "product/product.h"
 
 namespace vrix {

@@ -3,7 +3,6 @@
 
 #include "makers/backup/backed_up_registry.h"
 #include "makers/backup/backup_folder.h"
-#include "makers/kept/kept_keys.h"
 #include "makers/win32/startup.h"
 #include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
@@ -26,14 +25,12 @@ void keepBackup(vrix::Registry& registry) {
 // The product: works on the machine's registry.
 int main() {
     vrix::hardenProcess();
-    vrix::useSystemCodePage();
-    vrix::Win32Registry machine;
-    vrix::BackedUpRegistry backedUp(machine, [&] { keepBackup(machine); });
-    vrix::KeptKeys registry(backedUp);
+    vrix::useSystemTexts();
+    const auto machine = vrix::narrowRegistry();
+    vrix::BackedUpRegistry registry(*machine, [] { keepBackup(*vrix::wideRegistry()); });
     vrix::Win32Screen screen;
     screen.identity.about = vrix::aboutProgram(
         "Vrix Administrative Toolkit", VRIX_VERSION,
         "the " + std::to_string(vrix::programWidth) + "-bit registry, HKEY_LOCAL_MACHINE\\Software\\Vrix");
-    screen.onPause = [&] { registry.release(); };
     return vrix::runOnWindows(registry, screen);
 }

@@ -1,3 +1,4 @@
+#include "makers/embedded/code_page_registry.h"
 #include "makers/embedded/journal_registry.h"
 #include "makers/win32/startup.h"
 #include "makers/win32/win32_disk.h"
@@ -6,13 +7,14 @@
 // The same program over a store of its own, kept in one file of the user. It leaves the machine's registry alone.
 int main() {
     vrix::hardenProcess();
-    vrix::useSystemCodePage();
+    vrix::useSystemTexts();
     vrix::Win32Screen screen;
     try {
         const std::string store = vrix::localDataFile("Vrix Toolkit Trial", "store.journal");
-        vrix::JournalRegistry registry(store, &vrix::environmentText, vrix::makeJournalDisk());
+        vrix::JournalRegistry journal(store, &vrix::environmentText, vrix::makeJournalDisk());
         screen.identity = {" (Trial)", vrix::aboutProgram("Vrix Administrative Toolkit (Trial)", VRIX_VERSION, store)};
-        screen.onPause = [&] { registry.sync(); };
+        vrix::CodePageRegistry registry(journal);
+        screen.onPause = [&] { journal.sync(); };
         return vrix::runOnWindows(registry, screen);
     } catch (const vrix::JournalError& error) {
         vrix::tell(error.what(), vrix::programTitle);

@@ -49,28 +49,60 @@ std::string textOf(Variant value) {
     return {};
 }
 
-bool cRegistry::DeleteKey() { return registry_.deleteKey(ClassKey, SectionKey) == RegistryStatus::success; }
+// ---- Keys ----
+
+template <class Open, class Call>
+RegistryStatus cRegistry::onKey(std::uint32_t rights, const Open& open, const Call& call) {
+    const auto kept = std::find_if(kept_.begin(), kept_.end(), [&](const Kept& one) {
+        return one.hive == ClassKey && one.rights == rights && one.path == SectionKey;
+    });
+    if (kept != kept_.end()) {
+        const RegistryStatus status = call(kept->key);
+        if (status != RegistryStatus::keyDeleted) return status;
+        registry_.closeKey(kept->key);
+        kept_.erase(kept);
+    }
+    OpenKey opened(registry_);
+    const RegistryStatus refused = open(opened.key);
+    const RegistryStatus status = refused == RegistryStatus::success ? call(opened.key) : refused;
+    if (runs_ > 0 && opened.key != 0) kept_.push_back({ClassKey, SectionKey, rights, std::exchange(opened.key, 0)});
+    return status;
+}
+
+template <class Call>
+RegistryStatus cRegistry::onKey(std::uint32_t rights, const Call& call) {
+    const auto open = [&](RegistryKey& key) { return registry_.openKey(ClassKey, SectionKey, rights, key); };
+    return onKey(rights, open, call);
+}
+
+template <class Call>
+RegistryStatus cRegistry::onMadeKey(const Call& call) {
+    const auto make = [&](RegistryKey& key) { return registry_.createKey(ClassKey, SectionKey, access::change, key); };
+    return onKey(access::change, make, call);
+}
+
+void cRegistry::letGo() {
+    for (const Kept& one : kept_) registry_.closeKey(one.key);
+    kept_.clear();
+}
+
+// ---- Values ----
+
+bool cRegistry::DeleteKey() {
+    letGo();
+    return registry_.deleteKey(ClassKey, SectionKey) == RegistryStatus::success;
+}
 
 bool cRegistry::DeleteValue() {
-    OpenKey open(registry_);
-    if (registry_.openKey(ClassKey, SectionKey, access::change, open.key) != RegistryStatus::success) return false;
-    return registry_.deleteValue(open.key, ValueKey) == RegistryStatus::success;
+    return onKey(access::change, [&](RegistryKey key) { return registry_.deleteValue(key, ValueKey); }) ==
+           RegistryStatus::success;
 }
 
 Variant cRegistry::Value() {
-    OpenKey open(registry_);
-    // The status is not tested: without a key the query fails too.
-    static_cast<void>(registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key));
     ValueData value;
-    std::uint32_t size = 0;
-    std::uint32_t scratch = 0;
-    const RegistryStatus status = registry_.queryValue(open.key, ValueKey, value.type, &scratch, size);
-    if (status != RegistryStatus::success && status != RegistryStatus::moreData) return Default;
+    const auto query = [&](RegistryKey key) { return registry_.queryValue(key, ValueKey, value); };
+    if (onKey(access::queryValue, query) != RegistryStatus::success) return Default;
     ValueType = static_cast<std::int32_t>(value.type);
-    value.bytes.resize(size);
-    std::uint32_t type = 0;
-    // Where this one fails the bytes stay zero.
-    if (size > 0) static_cast<void>(registry_.queryValue(open.key, ValueKey, type, value.bytes.data(), size));
     return asRead(std::move(value));
 }
 
@@ -86,80 +118,52 @@ Variant cRegistry::asRead(ValueData value) {
 }
 
 void cRegistry::Value(Variant value) {
-    OpenKey open(registry_);
-    if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) != RegistryStatus::success) return;
-    switch (static_cast<std::uint32_t>(ValueType)) {
-        case valuetype::string:
-        case valuetype::expandString: return writeText(open.key, textOf(std::move(value)));
-        case valuetype::binary: return writeBytes(open.key, value);
-        case valuetype::dword:
-        case valuetype::dwordBigEndian: return writeNumber(open.key, value);
-        default: return;
-    }
+    onMadeKey([&](RegistryKey key) {
+        switch (static_cast<std::uint32_t>(ValueType)) {
+            case valuetype::string:
+            case valuetype::expandString: return writeText(key, textOf(value));
+            case valuetype::binary: return writeBytes(key, value);
+            case valuetype::dword:
+            case valuetype::dwordBigEndian: return writeNumber(key, value);
+            default: return RegistryStatus::success;
+        }
+    });
 }
 
 void cRegistry::SetText(const std::string& text) {
-    OpenKey open(registry_);
-    if (registry_.createKey(ClassKey, SectionKey, access::change, open.key) == RegistryStatus::success) {
-        writeText(open.key, text);
-    }
+    onMadeKey([&](RegistryKey key) { return writeText(key, text); });
 }
 
-void cRegistry::writeText(RegistryKey key, const std::string& text) {
-    const std::uint32_t type = isExpandable(text) ? valuetype::expandString : valuetype::string;
-    write(key, type, text.empty() ? nullptr : text.c_str(), static_cast<std::uint32_t>(text.size() + 1));
+RegistryStatus cRegistry::writeText(RegistryKey key, const std::string& text) {
+    return write(key, isExpandable(text) ? valuetype::expandString : valuetype::string, text + '\0');
 }
 
-void cRegistry::writeBytes(RegistryKey key, const Variant& value) {
+RegistryStatus cRegistry::writeBytes(RegistryKey key, const Variant& value) {
     const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value);
-    if (bytes == nullptr || bytes->size() < 2) return;
-    write(key, valuetype::binary, bytes->data(), static_cast<std::uint32_t>(bytes->size() - 2));
+    if (bytes == nullptr || bytes->size() < 2) return RegistryStatus::success;
+    return write(key, valuetype::binary, {bytes->begin(), bytes->end() - 2});
 }
 
-void cRegistry::writeNumber(RegistryKey key, const Variant& value) {
+RegistryStatus cRegistry::writeNumber(RegistryKey key, const Variant& value) {
     const auto* small = std::get_if<std::int16_t>(&value);
     const auto* large = std::get_if<std::int32_t>(&value);
-    if (small == nullptr && large == nullptr) return;
+    if (small == nullptr && large == nullptr) return RegistryStatus::success;
     const std::int32_t number = small != nullptr ? *small : *large;
-    write(key, valuetype::dword, &number, sizeof number);
+    std::string bytes(sizeof number, '\0');
+    std::memcpy(bytes.data(), &number, sizeof number);
+    return write(key, valuetype::dword, bytes);
 }
 
-void cRegistry::write(RegistryKey key, std::uint32_t type, const void* data, std::uint32_t size) {
-    static_cast<void>(registry_.setValue(key, ValueKey, type, data, size));
+RegistryStatus cRegistry::write(RegistryKey key, std::uint32_t type, const std::string& bytes) {
+    return registry_.setValue(key, ValueKey, type, bytes);
 }
 
-bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount,
-                                std::vector<Variant>* vValues) {
-    iKeyCount = 0;
+bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount) {
     sKeyNames.clear();
-    if (vValues != nullptr) vValues->clear();
-    OpenKey open(registry_);
-    std::uint32_t longest = 0;
-    if (registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key) != RegistryStatus::success) return true;
-    if (registry_.queryInfoKey(open.key, longest) != RegistryStatus::success) return true;
-    constexpr std::size_t characterSize = 4;  // in bytes, at most, in any code page
-    std::string room(longest * characterSize + 1, '\0');
-    std::optional<ValueData> data;
-    std::uint32_t length = 0;
-    while (nameAt(open.key, sKeyNames.size(), room, length, vValues == nullptr ? nullptr : &data)) {
-        sKeyNames.push_back(room.substr(0, length));
-        if (vValues != nullptr) vValues->push_back(data ? asRead(*std::move(data)) : Variant());
-        ++iKeyCount;
-    }
+    // A failure looks like the end of the list.
+    onKey(access::queryValue, [&](RegistryKey key) { return registry_.listValues(key, sKeyNames); });
+    iKeyCount = static_cast<std::int32_t>(sKeyNames.size());
     return true;
-}
-
-// Gives the name of a value in the room, which grows: another program may have written a longer name since the longest
-// was asked for.
-bool cRegistry::nameAt(RegistryKey key, std::size_t index, std::string& room, std::uint32_t& length,
-                       std::optional<ValueData>* data) {
-    constexpr std::size_t mostRoom = 1 << 17;  // more than the longest name that can be
-    for (;; room.resize(2 * room.size())) {
-        length = static_cast<std::uint32_t>(room.size());
-        const RegistryStatus status =
-            registry_.enumValue(key, static_cast<std::uint32_t>(index), room.data(), length, data);
-        if (status != RegistryStatus::moreData || room.size() > mostRoom) return status == RegistryStatus::success;
-    }
 }
 
 std::int32_t cRegistry::SwapEndian(std::int32_t value) {

@@ -32,6 +32,22 @@ class cRegistry {
 public:
     explicit cRegistry(Registry& registry) : registry_(registry) {}
 
+    // For a run of reads and writes: as long as one lives, each key that values are read from or written to stays open
+    // for the next of them. Only success is kept: what was refused is asked for again. A key that another program
+    // deletes meanwhile is opened or made anew.
+    class KeptKeys {
+    public:
+        explicit KeptKeys(cRegistry& cursor) : cursor_(cursor) { ++cursor_.runs_; }
+        ~KeptKeys() {
+            if (--cursor_.runs_ == 0) cursor_.letGo();
+        }
+        KeptKeys(const KeptKeys&) = delete;
+        KeptKeys& operator=(const KeptKeys&) = delete;
+
+    private:
+        cRegistry& cursor_;
+    };
+
     std::int32_t ClassKey = 0;   // a predefined hive
     std::string SectionKey;      // the key path below the hive
     std::string ValueKey;        // the value's name; empty names the key's default value
@@ -57,10 +73,8 @@ public:
     void SetText(const std::string& text);
 
     // Gives the names of all values in the order of the platform, the unnamed one among them. Always true; a key that
-    // cannot be opened has none. `vValues` gets for each name what Value() would read, or nothing for one that has to
-    // be read by itself.
-    bool EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount,
-                         std::vector<Variant>* vValues = nullptr);
+    // cannot be opened has none.
+    bool EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount);
 
     // Gives the names of all subkeys in the order of the platform. Always true; a key that cannot be opened has none.
     bool EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount);
@@ -76,16 +90,32 @@ private:
     void setClassDefault(const std::string& section, const std::string& text);
     void setVerb(const std::string& section, const std::string& menuText, const std::string& command);
     Variant asRead(ValueData value);
-    bool nameAt(RegistryKey key, std::size_t index, std::string& room, std::uint32_t& length,
-                std::optional<ValueData>* data);
-    void writeText(RegistryKey key, const std::string& text);
-    void writeBytes(RegistryKey key, const Variant& value);
-    void writeNumber(RegistryKey key, const Variant& value);
-    void write(RegistryKey key, std::uint32_t type, const void* data, std::uint32_t size);
+    // Each gives the status of the call.
+    RegistryStatus writeText(RegistryKey key, const std::string& text);
+    RegistryStatus writeBytes(RegistryKey key, const Variant& value);
+    RegistryStatus writeNumber(RegistryKey key, const Variant& value);
+    RegistryStatus write(RegistryKey key, std::uint32_t type, const std::string& bytes);
+
+    struct Kept {
+        std::int32_t hive;
+        std::string path;
+        std::uint32_t rights;
+        RegistryKey key;
+    };
+    template <class Call>
+    RegistryStatus onKey(std::uint32_t rights, const Call& call);
+    template <class Call>
+    RegistryStatus onMadeKey(const Call& call);
+    template <class Open, class Call>
+    RegistryStatus onKey(std::uint32_t rights, const Open& open, const Call& call);
+    void letGo();
+
     std::string ExpandEnvStr(const std::string& text) { return registry_.expandEnvironment(text); }
     static std::int32_t SwapEndian(std::int32_t value);
 
     Registry& registry_;
+    int runs_ = 0;  // that keep keys
+    std::vector<Kept> kept_;
 };
 
 }  // namespace vrix

@@ -1,4 +1,4 @@
-#include <array>
+#include <algorithm>
 
 #include "store/cregistry.h"
 #include "store/open_key.h"
@@ -35,13 +35,13 @@ bool cRegistry::EnumerateSections(std::vector<std::string>& sSect, std::int32_t&
     OpenKey open(registry_);
     if (registry_.openKey(ClassKey, SectionKey, access::enumerateSubKeys, open.key) != RegistryStatus::success)
         return true;
-    for (std::uint32_t index = 0;; ++index) {
-        constexpr std::uint32_t room = 255;
-        std::array<char, room + 1> name{};
-        if (registry_.enumKey(open.key, index, name.data(), room) != RegistryStatus::success) return true;
-        sSect.emplace_back(name.data());
-        ++iSectCount;
-    }
+    static_cast<void>(registry_.listKeys(open.key, sSect));
+    // There is room for 254 bytes. A longer name ends the list.
+    constexpr std::size_t room = 255;
+    const auto isTooLong = [](const std::string& name) { return name.size() >= room; };
+    sSect.erase(std::find_if(sSect.begin(), sSect.end(), isTooLong), sSect.end());
+    iSectCount = static_cast<std::int32_t>(sSect.size());
+    return true;
 }
 
 // Written twice, so that the classes view and its machine copy agree.

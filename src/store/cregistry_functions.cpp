@@ -25,19 +25,16 @@ std::string cRegistryFunctions::GetSetting(std::string_view sApplication, std::s
 
 SettingsTable cRegistryFunctions::GetAllSettings(std::string_view sApplication, std::string_view sSection) {
     pointTo(sApplication, sSection);
+    const cRegistry::KeptKeys kept(cursor_);
     std::vector<std::string> names;
-    std::vector<Variant> values;
     std::int32_t count = 0;
-    cursor_.EnumerateValues(names, count, &values);
+    cursor_.EnumerateValues(names, count);
     if (count == 0) return {};
     std::vector<std::string> texts;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (names[i].empty()) continue;
-        if (std::holds_alternative<std::monostate>(values[i])) {
-            cursor_.ValueKey = names[i];
-            values[i] = cursor_.Value();
-        }
-        texts.push_back(textOf(std::move(values[i])));
+    for (const std::string& name : names) {
+        if (name.empty()) continue;
+        cursor_.ValueKey = name;
+        texts.push_back(textOf(cursor_.Value()));
     }
     if (texts.empty()) throw RuntimeFailure(FailureNumber::subscript);
     names.resize(texts.size());  // an unnamed value has a name here, but no text

@@ -34,6 +34,9 @@ public:
     void SaveSetting(std::string_view sApplication, std::string_view sSection, const std::string& sKey,
                      const std::string& setting);
 
+    // As long as the result lives, the keys of this object's reads and writes stay open between them. For many of them.
+    [[nodiscard]] cRegistry::KeptKeys keepKeys() { return cRegistry::KeptKeys(cursor_); }
+
 private:
     void pointTo(std::string_view sApplication, std::string_view sSection);
 

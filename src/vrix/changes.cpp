@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
-#include "makers/embedded/memory_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
 
 namespace vrix {
@@ -55,7 +55,7 @@ std::vector<Plan> plansOf(const ProductStore& store, const std::vector<Step>& st
         plans.push_back(steps[0].plan(store));
         return plans;
     }
-    MemoryRegistry rehearsal;
+    EmbeddedRegistry rehearsal;
     copyStore(store, rehearsal);
     for (const Step& step : steps) {
         plans.push_back(step.plan(ProductStore(rehearsal)));

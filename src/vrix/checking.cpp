@@ -30,7 +30,7 @@ Findings findInOtherView(Run& run, Store& store) {
     if (!store.isRegistry()) return {};
     RegistryView view = run.request.store.view;
     if (view == RegistryView::own) view = run.host.ownView();
-    const auto other = run.host.registry(view == RegistryView::wide ? RegistryView::narrow : RegistryView::wide);
+    const auto other = run.host.registry(view == RegistryView::bits64 ? RegistryView::bits32 : RegistryView::bits64);
     return other ? checkViews(store.products(), ProductStore(*other)) : Findings();
 }
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "makers/embedded/memory_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
@@ -156,7 +156,7 @@ ExitCode dscSet(Run& run) {
     Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
     const Json changed = differences(run, wanted, readActual(store.products(), wanted.id));
     const Plan plan = planOf(store.products(), wanted);
-    MemoryRegistry rehearsal;
+    EmbeddedRegistry rehearsal;
     if (run.request.dryRun) {
         copyStore(store.products(), rehearsal);
         perform(rehearsal, plan);

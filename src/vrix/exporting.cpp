@@ -2,8 +2,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "makers/embedded/memory_registry.h"
-#include "makers/kept/kept_keys.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
 #include "product/settings_text.h"
@@ -19,7 +18,7 @@ using Json = nlohmann::ordered_json;
 
 // The settings file of a Product that stands in no store: of one that holds nothing else.
 std::string settingsOf(const Product& product) {
-    MemoryRegistry registry;
+    EmbeddedRegistry registry;
     perform(registry, planApply(ProductStore(registry), product, Unnamed::removed));
     return settingsText(registry, product.id);
 }
@@ -27,15 +26,13 @@ std::string settingsOf(const Product& product) {
 std::string bytesOf(Run& run, const Product& product, const std::string& format) {
     if (format == "json") return toJson(product, run.encoding());
     if (format == "xml") {
-        return policyCollection(product, run.encoding(), run.request.store.view == RegistryView::narrow);
+        return policyCollection(product, run.encoding(), run.request.store.view == RegistryView::bits32);
     }
     return settingsOf(product);
 }
 
 std::string bytesOf(Run& run, Store& store, const ProductId& id, const std::string& format) {
-    if (format != "kls") return bytesOf(run, store.products().read(id), format);
-    KeptKeys kept(store.registry());
-    return settingsText(kept, id);
+    return format == "kls" ? settingsText(store.registry(), id) : bytesOf(run, store.products().read(id), format);
 }
 
 std::string formatOf(const std::string& path) {

@@ -4,7 +4,7 @@
 
 extern "C" int wmain(int count, wchar_t** arguments) {
     vrix::hardenProcess();
-    vrix::useSystemCodePage();
+    vrix::useSystemTexts();
     vrix::Win32Host host;
     return vrix::runVrix(vrix::utf8Texts({arguments + 1, arguments + count}), host);
 }

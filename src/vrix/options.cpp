@@ -188,7 +188,7 @@ private:
         if (trial_) store.kind = trial;
         if (!store_.empty()) store.kind = store_ == "registry" ? registry : file;
         if (store.kind == file) store.path = store_;
-        if (!view_.empty()) store.view = view_ == "64" ? RegistryView::wide : RegistryView::narrow;
+        if (!view_.empty()) store.view = view_ == "64" ? RegistryView::bits64 : RegistryView::bits32;
         store.codePage = codePage_;
         if (!view_.empty() && store.kind.value_or(registry) != registry) {
             throw Failure(ExitCode::wrongUse, "--view is for the registry alone");

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "product/product.h"
 
 namespace vrix {

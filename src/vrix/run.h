@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "platform/host.h"
 #include "vrix/request.h"
 

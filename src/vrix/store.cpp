@@ -1,8 +1,8 @@
 #include "vrix/store.h"
 
 #include "makers/backup/backed_up_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "makers/embedded/journal_registry.h"
-#include "makers/embedded/memory_registry.h"
 
 namespace vrix {
 
@@ -45,7 +45,7 @@ void Store::openRegistry(RegistryView view) {
                                               : "this system has no registry of that view");
     }
     const RegistryView real = view == RegistryView::own ? host_.ownView() : view;
-    keepBackupsIn(host_.localDataFile(registryBackups(real == RegistryView::wide ? 64 : 32), ""));
+    keepBackupsIn(host_.localDataFile(registryBackups(real == RegistryView::bits64 ? 64 : 32), ""));
 }
 
 void Store::openJournal(const std::string& path, Use use, bool mayLack) {
@@ -56,7 +56,7 @@ void Store::openJournal(const std::string& path, Use use, bool mayLack) {
     } else if (const auto disk = host_.journalDisk(); disk->isFile(path)) {
         store_ = std::make_unique<JournalSnapshot>(path, Environment(), *disk);
     } else if (use == Use::rehearsing || mayLack) {
-        store_ = std::make_unique<MemoryRegistry>();
+        store_ = std::make_unique<EmbeddedRegistry>();
     } else {
         throw Failure(ExitCode::notFound, "the store " + quoted(path) + " is not there");
     }
@@ -65,7 +65,7 @@ void Store::openJournal(const std::string& path, Use use, bool mayLack) {
 // The file of a backup that is named as in the list of backups; any other text is a path.
 std::string Store::backupNamed(const std::string& text) {
     const auto disk = host_.journalDisk();
-    const bool isOwnWide = host_.ownView() == RegistryView::wide;
+    const bool isOwnWide = host_.ownView() == RegistryView::bits64;
     const bool mayBe = BackupFolder::isName(text) && !disk->isFile(text);
     for (const std::string& folder :
          {registryBackups(isOwnWide ? 64 : 32), registryBackups(isOwnWide ? 32 : 64), std::string(trialBackups)}) {

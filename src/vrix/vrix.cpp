@@ -60,7 +60,6 @@ int runVrix(const std::vector<std::string>& arguments, Host& host) {
     try {
         const Request request = readArguments(arguments);
         isDsc = request.isDsc;
-        if (request.store.codePage) useCodePage(*request.store.codePage);
         Run run(request, host);
         const ExitCode code = runCommand(run);
         host.flush();

@@ -1,18 +1,16 @@
 #include "makers/embedded/embedded_registry.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <utility>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 
 namespace vrix {
 
 namespace {
 
-// In characters. A path is that of one call, as the platform's narrow calls have it.
-constexpr std::size_t pathLimit = 260;
+// In units of UTF-16.
 constexpr std::size_t keyNameLimit = 255;
 constexpr std::size_t valueNameLimit = 16'383;
 constexpr std::size_t levelLimit = 512;
@@ -21,10 +19,6 @@ constexpr std::uint32_t setValueRight = 2;
 
 // A text as the platform's calls see it: up to its first zero byte.
 std::string cut(const std::string& text) { return text.substr(0, text.find('\0')); }
-
-bool isText(std::uint32_t type) {
-    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
-}
 
 bool isHive(RegistryKey key) { return key == hive::localMachine || key == hive::classesRoot; }
 
@@ -69,36 +63,27 @@ RegistryStatus EmbeddedRegistry::closeKey(RegistryKey key) {
     return isHive(key) || open_.erase(key) > 0 ? RegistryStatus::success : RegistryStatus::invalidHandle;
 }
 
-RegistryStatus EmbeddedRegistry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                                            std::uint32_t& size) {
+RegistryStatus EmbeddedRegistry::queryValue(RegistryKey key, const std::string& name, ValueData& value) {
     KeyPointer found;
     if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
         return status;
     const auto* entry = found->values.find(cut(name));
     if (entry == nullptr) return RegistryStatus::fileNotFound;
-    const std::string& bytes = entry->item.bytes;
-    const std::uint32_t room = size;
-    type = entry->item.type;
-    size = static_cast<std::uint32_t>(bytes.size());
-    if (data == nullptr) return RegistryStatus::success;
-    if (room < size) return RegistryStatus::moreData;
-    bytes.copy(static_cast<char*>(data), size);
+    value = entry->item;
     return RegistryStatus::success;
 }
 
 RegistryStatus EmbeddedRegistry::setValue(RegistryKey key, const std::string& name, std::uint32_t type,
-                                          const void* data, std::uint32_t size) {
-    if (data == nullptr && size > 1) return RegistryStatus::noAccess;
+                                          std::string_view bytes) {
     if (!isHive(key) && !open_.contains(key)) return RegistryStatus::invalidHandle;
-    if (characterCount(cut(name)) > valueNameLimit || size > sizeLimit) return RegistryStatus::invalidParameter;
+    if (utf16Size(cut(name)) > valueNameLimit || bytes.size() > sizeLimit) return RegistryStatus::invalidParameter;
     KeyPointer found;
     if (const RegistryStatus status = resolveHandle(key, setValueRight, found); status != RegistryStatus::success)
         return status;
-    Change change(Change::Kind::setValue, pathOf(*found), cut(name), type);
-    if (size > 0)
-        change.data = data == nullptr ? std::string(1, '\0') : std::string(static_cast<const char*>(data), size);
+    Change change(Change::Kind::setValue, pathOf(*found), cut(name), type, std::string(bytes));
+    if (const auto* entry = found->values.find(change.name)) change.name = entry->name;
     // The platform adds a terminator that was not counted if it finds one behind the text. Here it is added always.
-    if (isText(type) && size > 0 && change.data.back() != '\0') change.data += '\0';
+    if (valuetype::isText(type) && !bytes.empty() && bytes.back() != '\0') change.data += '\0';
     if (const RegistryStatus status = persist(change); status != RegistryStatus::success) return status;
     put(*found, std::move(change));
     return RegistryStatus::success;
@@ -117,50 +102,34 @@ RegistryStatus EmbeddedRegistry::deleteKey(RegistryKey parent, const std::string
 RegistryStatus EmbeddedRegistry::deleteValue(RegistryKey key, const std::string& name) {
     KeyPointer found;
     RegistryStatus status = resolveHandle(key, setValueRight, found);
+    const auto* entry = status == RegistryStatus::success ? found->values.find(cut(name)) : nullptr;
+    if (status == RegistryStatus::success && entry == nullptr) status = RegistryStatus::fileNotFound;
     if (status != RegistryStatus::success) return status;
-    const std::string known = cut(name);
-    if (found->values.find(known) == nullptr) return RegistryStatus::fileNotFound;
-    status = persist(Change(Change::Kind::removeValue, pathOf(*found), known));
-    if (status == RegistryStatus::success) found->values.remove(known);
+    status = persist(Change(Change::Kind::removeValue, pathOf(*found), entry->name));
+    if (status == RegistryStatus::success) found->values.remove(entry->name);
     return status;
 }
 
-RegistryStatus EmbeddedRegistry::enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) {
+RegistryStatus EmbeddedRegistry::listKeys(RegistryKey key, std::vector<std::string>& names) {
+    names.clear();
     KeyPointer found;
-    if (const RegistryStatus status = resolveHandle(key, access::enumerateSubKeys, found);
-        status != RegistryStatus::success)
-        return status;
-    if (index >= found->keys.size()) return RegistryStatus::noMoreItems;
-    const std::string& text = found->keys.at(index).name;
-    if (text.size() >= capacity) return RegistryStatus::moreData;
-    std::memcpy(name, text.c_str(), text.size() + 1);
-    return RegistryStatus::success;
+    const RegistryStatus status = resolveHandle(key, access::enumerateSubKeys, found);
+    for (std::size_t i = 0; found && i < found->keys.size(); ++i) names.push_back(found->keys.at(i).name);
+    return status;
 }
 
-RegistryStatus EmbeddedRegistry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
-                                           std::optional<ValueData>* data) {
+RegistryStatus EmbeddedRegistry::listValues(RegistryKey key, std::vector<std::string>& names,
+                                            std::vector<ValueData>* values) {
+    names.clear();
+    if (values != nullptr) values->clear();
     KeyPointer found;
-    if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
-        return status;
-    if (index >= found->values.size()) return RegistryStatus::noMoreItems;
-    const auto& [text, value] = found->values.at(index);
-    if (text.size() >= length) return RegistryStatus::moreData;
-    std::memcpy(name, text.c_str(), text.size() + 1);
-    length = static_cast<std::uint32_t>(text.size());
-    if (data != nullptr) *data = value;
-    return RegistryStatus::success;
-}
-
-RegistryStatus EmbeddedRegistry::queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) {
-    KeyPointer found;
-    longestValueName = 0;
-    if (const RegistryStatus status = resolveHandle(key, access::queryValue, found); status != RegistryStatus::success)
-        return status;
-    for (std::size_t i = 0; i < found->values.size(); ++i) {
-        longestValueName =
-            std::max(longestValueName, static_cast<std::uint32_t>(characterCount(found->values.at(i).name)));
+    const RegistryStatus status = resolveHandle(key, access::queryValue, found);
+    for (std::size_t i = 0; found && i < found->values.size(); ++i) {
+        const auto& [name, value] = found->values.at(i);
+        names.push_back(name);
+        if (values != nullptr) values->push_back(value);
     }
-    return RegistryStatus::success;
+    return status;
 }
 
 std::string EmbeddedRegistry::expandEnvironment(const std::string& text) {
@@ -195,23 +164,20 @@ RegistryStatus EmbeddedRegistry::resolveHandle(RegistryKey handle, std::uint32_t
 
 // The rights of the parent's handle do not matter for a path below it, as on the platform.
 RegistryStatus EmbeddedRegistry::resolve(RegistryKey parent, const std::string& path, PathMatch& place) const {
-    const std::string known = cut(path);
-    if (!isHive(parent) && !open_.contains(parent)) return RegistryStatus::invalidHandle;
-    if (characterCount(known) > pathLimit) return RegistryStatus::moreData;
     const RegistryStatus status = resolveHandle(parent, 0, place.key);
-    return status == RegistryStatus::success ? walkPath(known, place) : status;
+    return status == RegistryStatus::success ? walkPath(cut(path), place) : status;
 }
 
 RegistryStatus EmbeddedRegistry::walkPath(const std::string& path, PathMatch& place) {
     if (path.starts_with('\\')) return RegistryStatus::badPathName;
     std::size_t from = 0;
     while ((from = path.find_first_not_of('\\', from)) != std::string::npos) {
-        const std::string part = path.substr(from, findCharacter(path, '\\', from) - from);
+        const std::string part = path.substr(from, path.find('\\', from) - from);
         from += part.size();
         const auto* next = place.missing.empty() ? place.key->keys.find(part) : nullptr;
         if (next != nullptr) {
             place.key = next->item;
-        } else if (characterCount(part) > keyNameLimit && place.missing.empty()) {
+        } else if (utf16Size(part) > keyNameLimit && place.missing.empty()) {
             return RegistryStatus::invalidParameter;
         } else {
             place.missing.push_back(part);
@@ -244,7 +210,7 @@ RegistryStatus EmbeddedRegistry::mayMake(const PathMatch& place) {
     const bool inHive = place.key->parent == nullptr;
     const bool tooDeep = place.key->level + place.missing.size() > levelLimit;
     const bool tooLong = std::any_of(place.missing.begin(), place.missing.end(),
-                                     [](const std::string& part) { return characterCount(part) > keyNameLimit; });
+                                     [](const std::string& part) { return utf16Size(part) > keyNameLimit; });
     return inHive || tooDeep || tooLong ? RegistryStatus::invalidParameter : RegistryStatus::success;
 }
 
@@ -286,7 +252,9 @@ bool EmbeddedRegistry::replay(Change change) {
     PathMatch place{machine_, {}};
     if (walkPath(change.path, place) != RegistryStatus::success) return false;
     const bool makes = change.kind == Change::Kind::makeKey;
-    if (makes == place.missing.empty()) return false;
+    // Where the change was stored, two letters may be known that are one here: their keys become one.
+    const bool isTwin = makes && place.missing.empty() && pathOf(*place.key) != change.path;
+    if (makes == place.missing.empty() && !isTwin) return false;
     switch (change.kind) {
         case Change::Kind::makeKey:
             if (mayMake(place) != RegistryStatus::success) return false;
@@ -297,7 +265,7 @@ bool EmbeddedRegistry::replay(Change change) {
             removeKey(*place.key);
             return true;
         case Change::Kind::setValue:
-            if (characterCount(change.name) > valueNameLimit) return false;
+            if (utf16Size(change.name) > valueNameLimit) return false;
             put(*place.key, std::move(change));
             return true;
         case Change::Kind::removeValue:

@@ -18,7 +18,8 @@ namespace vrix {
 // Gives the text of an environment variable, or nothing if there is none. It decides whether case counts.
 using Environment = std::function<std::optional<std::string>(const std::string& name)>;
 
-// One change of the registry. A path counts from the machine's hive.
+// One change of the registry, with the names of what is there as they are stored. A path counts from the machine's
+// hive.
 struct Change {
     enum class Kind : std::uint8_t { makeKey = 1, removeKey, setValue, removeValue };
 
@@ -33,32 +34,30 @@ struct Change {
     std::string data;
 };
 
-// A registry of our own that behaves as the platform's. The classes hive is the machine's Software\Classes; these two
-// keys are always there and no other key can be made directly in the machine's hive. Subkeys and values are listed in
-// the order in which they were made. Security, classes of keys and views for other processors are left out: every
-// right that is asked for is granted, and every handle has the rights with which it was opened.
+// A registry of our own, in memory, that behaves as the platform's. Its texts are UTF-8. The classes hive is the
+// machine's Software\Classes; these two keys are always there and no other key can be made directly in the machine's
+// hive. Subkeys and values are listed in the order in which they were made. Security, classes of keys and views for
+// other processors are left out: every right that is asked for is granted, and every handle has the rights with which
+// it was opened.
 class EmbeddedRegistry : public Registry {
 public:
+    explicit EmbeddedRegistry(Environment environment = {});
+
     RegistryStatus openKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) final;
     RegistryStatus createKey(RegistryKey parent, const std::string& path, std::uint32_t rights, RegistryKey& key) final;
     RegistryStatus closeKey(RegistryKey key) final;
-    RegistryStatus queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                              std::uint32_t& size) final;
-    RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                            std::uint32_t size) final;
+    RegistryStatus queryValue(RegistryKey key, const std::string& name, ValueData& value) final;
+    RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type, std::string_view bytes) final;
     RegistryStatus deleteKey(RegistryKey parent, const std::string& path) final;
     RegistryStatus deleteValue(RegistryKey key, const std::string& name) final;
-    RegistryStatus enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) final;
-    RegistryStatus enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
-                             std::optional<ValueData>* data = nullptr) final;
-    RegistryStatus queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) final;
+    RegistryStatus listKeys(RegistryKey key, std::vector<std::string>& names) final;
+    RegistryStatus listValues(RegistryKey key, std::vector<std::string>& names,
+                              std::vector<ValueData>* values = nullptr) final;
     std::string expandEnvironment(const std::string& text) final;
 
 protected:
-    explicit EmbeddedRegistry(Environment environment);
-
     // Called with each change before it is made. Any status but success refuses the change: nothing is changed then.
-    virtual RegistryStatus persist(const Change& change) = 0;
+    virtual RegistryStatus persist(const Change&) { return RegistryStatus::success; }
 
     // Makes a change that was stored earlier. False, with nothing changed, if it does not fit what is there or if no
     // call could have made it.

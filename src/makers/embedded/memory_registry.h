@@ -2,17 +2,22 @@
 
 #include <utility>
 
+#include "makers/embedded/code_page_registry.h"
 #include "makers/embedded/embedded_registry.h"
 
 namespace vrix {
 
-// A registry in memory. It ends with its object.
-class MemoryRegistry final : public EmbeddedRegistry {
+// A registry in memory for the pages, whose texts are bytes of the system's code page. It ends with its object.
+class MemoryRegistry final : public CodePageRegistry {
 public:
-    explicit MemoryRegistry(Environment environment = {}) : EmbeddedRegistry(std::move(environment)) {}
+    // The environment's names and texts are UTF-8.
+    explicit MemoryRegistry(Environment environment = {})
+        : CodePageRegistry(stored_), stored_(std::move(environment)) {}
+    MemoryRegistry(const MemoryRegistry&) = delete;
+    MemoryRegistry& operator=(const MemoryRegistry&) = delete;
 
 private:
-    RegistryStatus persist(const Change&) override { return RegistryStatus::success; }
+    EmbeddedRegistry stored_;
 };
 
 }  // namespace vrix

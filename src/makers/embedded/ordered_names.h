@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 
 namespace vrix {
 
@@ -24,18 +24,18 @@ public:
     const Entry& at(std::size_t index) const { return entries_[index]; }
 
     Entry* find(const std::string& name) {
-        const auto found = places_.find(lowerCase(name));
+        const auto found = places_.find(foldedName(name));
         return found == places_.end() ? nullptr : &entries_[found->second];
     }
 
     void add(std::string name, Item item) {
-        places_.emplace(lowerCase(name), entries_.size());
+        places_.emplace(foldedName(name), entries_.size());
         entries_.push_back({std::move(name), std::move(item)});
     }
 
     // Removes an item that is there.
     void remove(const std::string& name) {
-        const auto found = places_.find(lowerCase(name));
+        const auto found = places_.find(foldedName(name));
         const std::size_t removed = found->second;
         places_.erase(found);
         entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(removed));

@@ -2,12 +2,13 @@
 
 #include <iconv.h>
 
-#include <cerrno>
-#include <utility>
+#include "common/utf8.h"
 
 namespace vrix {
 
 namespace {
+
+constexpr std::string_view lost = "\xEF\xBF\xBD";  // U+FFFD
 
 // A converter of the C library. Null where it does not know one of the two.
 class Converter {
@@ -21,7 +22,8 @@ public:
 
     bool isOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
-    std::optional<std::string> convert(std::string_view text) const {
+    // Puts the sign in the place of what cannot be turned.
+    std::string convert(std::string_view text, std::string_view sign) const {
         std::string in(text);
         std::string out(4 * in.size() + 1, '\0');
         char* from = in.data();
@@ -29,8 +31,13 @@ public:
         std::size_t left = in.size();
         std::size_t room = out.size();
         iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-        // A result above 0 counts characters that were replaced by similar ones.
-        if (iconv(handle_, &from, &left, &to, &room) != 0 || left != 0) return std::nullopt;
+        while (iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1) && left > 0) {
+            const std::size_t bad = sign == lost ? 1 : codePointAt(text, text.size() - left).size;
+            from += bad;
+            left -= bad;
+            to += sign.copy(to, room);
+            room -= sign.size();
+        }
         out.resize(out.size() - room);
         return out;
     }
@@ -43,8 +50,8 @@ class IconvEncoding final : public Encoding {
 public:
     explicit IconvEncoding(const std::string& name) : toUtf8_("UTF-8", name), fromUtf8_(name, "UTF-8") {}
     bool isOpen() const { return toUtf8_.isOpen() && fromUtf8_.isOpen(); }
-    std::optional<std::string> toUtf8(std::string_view text) const override { return toUtf8_.convert(text); }
-    std::optional<std::string> fromUtf8(std::string_view text) const override { return fromUtf8_.convert(text); }
+    std::string decode(std::string_view bytes) const override { return toUtf8_.convert(bytes, lost); }
+    std::string encode(std::string_view utf8) const override { return fromUtf8_.convert(utf8, "?"); }
 
 private:
     Converter toUtf8_;

@@ -20,7 +20,7 @@ public:
     std::vector<std::string> filesOf(const std::string& pattern) override { return {pattern}; }
 
     std::unique_ptr<Registry> registry(RegistryView) override { return nullptr; }
-    RegistryView ownView() override { return RegistryView::wide; }
+    RegistryView ownView() override { return RegistryView::bits64; }
     // That of Western Windows systems, from which most journals and files come.
     unsigned codePage() override { return 1252; }
     std::unique_ptr<Encoding> encoding(unsigned codePage) override;

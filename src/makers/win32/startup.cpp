@@ -2,33 +2,24 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <utility>
 
 #include "common/code_page.h"
+#include "common/utf8.h"
 #include "makers/win32/library_function.h"
 #include "makers/win32/wide_text.h"
+#include "makers/win32/win32_encoding.h"
 
 namespace vrix {
 
 namespace {
 
-// A letter whose small one the code page lacks stays as it is.
-wchar_t lowerLetter(wchar_t letter) {
-    wchar_t lower = letter;
-    LCMapStringW(LOCALE_INVARIANT, LCMAP_LOWERCASE, &letter, 1, &lower, 1);
-    std::string ignored;
-    return narrowExactly({&lower, 1}, ignored) ? lower : letter;
-}
-
-std::string lowerBySystem(std::string text) {
-    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
-        for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
-        return text;
-    }
-    std::wstring letters = wide(text);
-    std::transform(letters.begin(), letters.end(), letters.begin(), &lowerLetter);
-    return narrow(letters);
+// By the rules of file system and registry, one letter for one.
+char32_t smallLetter(char32_t letter) {
+    const auto unit = static_cast<wchar_t>(letter);
+    wchar_t lower = unit;
+    LCMapStringW(LOCALE_INVARIANT, LCMAP_LOWERCASE, &unit, 1, &lower, 1);
+    return lower;
 }
 
 std::optional<std::wstring> variable(const wchar_t* name) {
@@ -67,7 +58,11 @@ void hardenProcess() {
     if (restrictTo != nullptr) restrictTo(systemFolderOnly);
 }
 
-void useSystemCodePage() { useCodePage(GetACP(), &lowerBySystem); }
+void useSystemTexts() {
+    static const auto encoding = win32Encoding(GetACP());
+    useCodePage(GetACP(), *encoding);
+    useLetterFolder(&smallLetter);
+}
 
 std::string localDataFile(const std::string& folder, const std::string& file) {
     const auto local = variable(L"LOCALAPPDATA");
@@ -77,8 +72,8 @@ std::string localDataFile(const std::string& folder, const std::string& file) {
 }
 
 std::optional<std::string> environmentText(const std::string& name) {
-    const auto text = variable(wide(name).c_str());
-    return text ? std::optional(narrow(*text)) : std::nullopt;
+    const auto text = variable(utf8ToWide(name).c_str());
+    return text ? std::optional(wideToUtf8(*text)) : std::nullopt;
 }
 
 std::string aboutProgram(const std::string& name, const std::string& version, const std::string& store) {

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "common/utf8.h"
+
 namespace vrix {
 
 std::wstring wide(std::string_view text, unsigned codePage) {
@@ -21,6 +23,13 @@ std::string narrow(std::wstring_view text, unsigned codePage) {
         WideCharToMultiByte(codePage, 0, text.data(), length, result.data(), room, nullptr, nullptr)));
     return result;
 }
+
+std::wstring utf8ToWide(std::string_view text) {
+    const std::u16string units = toUtf16(text);
+    return {units.begin(), units.end()};
+}
+
+std::string wideToUtf8(std::wstring_view text) { return fromUtf16(std::u16string(text.begin(), text.end())); }
 
 bool narrowExactly(std::wstring_view text, std::string& narrowed) {
     narrowed = narrow(text);

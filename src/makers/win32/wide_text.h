@@ -12,6 +12,10 @@ std::wstring wide(std::string_view text, unsigned codePage = 0);
 // What the code page lacks comes as the platform's likeness of it, or as "?".
 std::string narrow(std::wstring_view text, unsigned codePage = 0);
 
+// UTF-8 that keeps half characters, and back.
+std::wstring utf8ToWide(std::string_view text);
+std::string wideToUtf8(std::wstring_view text);
+
 // Gives the text in the system's code page. False if that has not every character.
 bool narrowExactly(std::wstring_view text, std::string& narrowed);
 

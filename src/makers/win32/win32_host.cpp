@@ -142,10 +142,10 @@ std::unique_ptr<Registry> Win32Host::registry(RegistryView view) {
     BOOL isOnWideSystem = sizeof(void*) == 8;
     if (isOnWideSystem == FALSE) IsWow64Process(GetCurrentProcess(), &isOnWideSystem);
     const bool isThere = view == RegistryView::own || isOnWideSystem != FALSE;
-    return isThere ? std::make_unique<Win32Registry>(view) : nullptr;
+    return isThere ? wideRegistry(view) : nullptr;
 }
 
-RegistryView Win32Host::ownView() { return sizeof(void*) == 8 ? RegistryView::wide : RegistryView::narrow; }
+RegistryView Win32Host::ownView() { return sizeof(void*) == 8 ? RegistryView::bits64 : RegistryView::bits32; }
 
 unsigned Win32Host::codePage() { return GetACP(); }
 

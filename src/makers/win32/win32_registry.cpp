@@ -2,9 +2,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
-#include <cstring>
-
 #include "makers/win32/wide_text.h"
 
 namespace vrix {
@@ -19,173 +16,196 @@ RegistryStatus status(LSTATUS code) { return static_cast<RegistryStatus>(code); 
 DWORD viewRight(RegistryView view) {
     switch (view) {
         case RegistryView::own: return 0;
-        case RegistryView::wide: return KEY_WOW64_64KEY;
-        case RegistryView::narrow: return KEY_WOW64_32KEY;
+        case RegistryView::bits64: return KEY_WOW64_64KEY;
+        case RegistryView::bits32: return KEY_WOW64_32KEY;
     }
     return 0;
 }
 
-// Hands on the key that a call has opened, or none if the call was refused.
-RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
-    key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(handle) : 0;
-    return status(code);
-}
+// The narrow calls, whose texts are the store's own.
+struct Narrow {
+    using Text = std::string;
+    static constexpr auto open = RegOpenKeyExA;
+    static constexpr auto create = RegCreateKeyExA;
+    static constexpr auto query = RegQueryValueExA;
+    static constexpr auto set = RegSetValueExA;
+    static constexpr auto deleteValue = RegDeleteValueA;
+    static constexpr auto info = RegQueryInfoKeyA;
+    static constexpr auto enumKey = RegEnumKeyA;
+    static constexpr auto enumValue = RegEnumValueA;
+    static LSTATUS deleteKey(HKEY parent, const char* path, DWORD) { return RegDeleteKeyA(parent, path); }
 
-bool isText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
-
-// Room for a value of any length, taken once.
-struct WideRoom {
-    std::wstring name = std::wstring(16'384, L'\0');  // the longest name there can be
-    std::wstring data = std::wstring(2'048, L'\0');
+    static constexpr std::size_t mostUnits = 4;  // of a character, in any code page
+    static const Text& in(const std::string& text) { return text; }
+    static const Text& out(const Text& text) { return text; }
+    static std::wstring toWide(const std::string& text) { return wide(text); }
+    static std::string fromWide(const std::wstring& text) { return narrow(text); }
 };
 
-LSTATUS enumInto(WideRoom& room, HKEY key, DWORD index, DWORD& length, DWORD& type, DWORD& size) {
-    for (;;) {
-        length = static_cast<DWORD>(room.name.size());
-        size = static_cast<DWORD>(room.data.size() * sizeof(wchar_t));
-        const LSTATUS code = RegEnumValueW(key, index, room.name.data(), &length, nullptr, &type,
-                                           reinterpret_cast<BYTE*>(room.data.data()), &size);
-        if (code != ERROR_MORE_DATA || size <= room.data.size() * sizeof(wchar_t)) return code;
-        room.data.resize(size);
+// The wide calls. Texts of the store are UTF-8.
+struct Wide {
+    using Text = std::wstring;
+    static constexpr auto open = RegOpenKeyExW;
+    static constexpr auto create = RegCreateKeyExW;
+    static constexpr auto query = RegQueryValueExW;
+    static constexpr auto set = RegSetValueExW;
+    static constexpr auto deleteValue = RegDeleteValueW;
+    static constexpr auto info = RegQueryInfoKeyW;
+    static constexpr auto enumKey = RegEnumKeyW;
+    static constexpr auto enumValue = RegEnumValueW;
+    static LSTATUS deleteKey(HKEY parent, const wchar_t* path, DWORD view) {
+        return RegDeleteKeyExW(parent, path, view, 0);
     }
-}
 
-// Gives name and data of the value at an index. False if a narrow read by that name could give something else.
-bool enumWide(HKEY key, DWORD index, std::string& name, ValueData& value) {
-    static WideRoom room;
-    DWORD length = 0;
-    DWORD size = 0;
-    DWORD type = 0;
-    const LSTATUS code = enumInto(room, key, index, length, type, size);
-    if (code != ERROR_SUCCESS || !narrowExactly({room.name.data(), length}, name) ||
-        name.find('\0') != std::string::npos) {
-        return false;
+    static constexpr std::size_t mostUnits = 1;
+    static Text in(const std::string& text) { return utf8ToWide(text); }
+    static std::string out(const Text& text) { return wideToUtf8(text); }
+    static std::wstring toWide(const std::string& text) { return utf8ToWide(text); }
+    static std::string fromWide(const std::wstring& text) { return wideToUtf8(text); }
+};
+
+template <class Calls>
+class MachineRegistry final : public Registry {
+    using Text = typename Calls::Text;
+    static constexpr std::size_t unit = sizeof(typename Text::value_type);
+
+public:
+    explicit MachineRegistry(RegistryView view) : view_(viewRight(view)) {}
+
+    RegistryStatus openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
+                           RegistryKey& key) override {
+        HKEY handle = nullptr;
+        const LSTATUS code = Calls::open(native(parent), Calls::in(path).c_str(), 0, rights | view_, &handle);
+        return opened(code, handle, key);
     }
-    value.type = type;
-    constexpr std::size_t unit = sizeof(wchar_t);
-    if (isText(type)) return size % unit == 0 && narrowExactly({room.data.data(), size / unit}, value.bytes);
-    value.bytes.assign(reinterpret_cast<const char*>(room.data.data()), size);
-    return true;
-}
 
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
+    RegistryStatus createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
+                             RegistryKey& key) override {
+        HKEY handle = nullptr;
+        Text noClass;
+        SECURITY_ATTRIBUTES security{};
+        security.nLength = sizeof security;
+        const LSTATUS code = Calls::create(native(parent), Calls::in(path).c_str(), 0, noClass.data(), 0,
+                                           rights | view_, &security, &handle, nullptr);
+        return opened(code, handle, key);
+    }
 
-// Into room that is kept: assign() would ask for memory.
-void widen(std::string_view ascii, std::wstring& text) {
-    text.resize(ascii.size());
-    std::copy(ascii.begin(), ascii.end(), text.begin());
-}
+    RegistryStatus closeKey(RegistryKey key) override { return status(RegCloseKey(native(key))); }
 
-// Writes a text of ASCII with its terminator by the wide call. The narrow one stores the same, and takes longer by an
-// eighth: it asks for memory twice on the way.
-RegistryStatus setWide(HKEY key, std::string_view name, DWORD type, std::string_view text) {
-    static std::wstring wideName;
-    static std::wstring data;
-    widen(name, wideName);
-    widen(text, data);
-    return status(RegSetValueExW(key, wideName.c_str(), 0, type, reinterpret_cast<const BYTE*>(data.data()),
-                                 static_cast<DWORD>(data.size() * sizeof(wchar_t))));
-}
+    RegistryStatus queryValue(RegistryKey key, const std::string& name, ValueData& value) override {
+        const Text& known = Calls::in(name);
+        DWORD type = 0;
+        DWORD size = 0;
+        DWORD scratch = 0;
+        const auto query = [&](DWORD& found, void* room) {
+            return Calls::query(native(key), known.c_str(), nullptr, &found, static_cast<BYTE*>(room), &size);
+        };
+        const LSTATUS code = query(type, &scratch);
+        if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return status(code);
+        std::string bytes(size, '\0');
+        if (DWORD again = 0; size > 0) query(again, bytes.data());
+        value = {type, dataOf(type, bytes)};
+        return RegistryStatus::success;
+    }
+
+    RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type,
+                            std::string_view bytes) override {
+        if (!valuetype::isText(type)) return set(key, name, type, bytes.data(), bytes.size());
+        Text text = Calls::in(std::string(bytes));
+        if (!text.empty() && text.back() != 0) text.push_back(0);
+        return set(key, name, type, text.data(), text.size() * unit);
+    }
+
+    RegistryStatus deleteKey(RegistryKey parent, const std::string& path) override {
+        return status(Calls::deleteKey(native(parent), Calls::in(path).c_str(), view_));
+    }
+
+    RegistryStatus deleteValue(RegistryKey key, const std::string& name) override {
+        return status(Calls::deleteValue(native(key), Calls::in(name).c_str()));
+    }
+
+    RegistryStatus listKeys(RegistryKey key, std::vector<std::string>& names) override {
+        names.clear();
+        constexpr std::size_t longest = 256;  // in characters, by some platforms
+        Text room(longest * Calls::mostUnits + 1, 0);
+        for (DWORD index = 0;; ++index) {
+            const LSTATUS code = Calls::enumKey(native(key), index, room.data(), static_cast<DWORD>(room.size()));
+            if (code != ERROR_SUCCESS) return atEnd(code);
+            names.push_back(Calls::out(room.c_str()));
+        }
+    }
+
+    RegistryStatus listValues(RegistryKey key, std::vector<std::string>& names,
+                              std::vector<ValueData>* values) override {
+        names.clear();
+        if (values != nullptr) values->clear();
+        Text noClass;
+        DWORD classLength = 0;
+        DWORD longest = 0;
+        LSTATUS code = Calls::info(native(key), noClass.data(), &classLength, nullptr, nullptr, nullptr, nullptr,
+                                   nullptr, &longest, nullptr, nullptr, nullptr);
+        Text room(longest * Calls::mostUnits + 1, 0);
+        std::string data(values == nullptr ? 0 : 1'024, '\0');
+        for (DWORD index = 0; code == ERROR_SUCCESS;) {
+            auto length = static_cast<DWORD>(room.size());
+            auto size = static_cast<DWORD>(data.size());
+            DWORD type = 0;
+            auto* const bytes = reinterpret_cast<BYTE*>(data.data());
+            code = values == nullptr
+                       ? Calls::enumValue(native(key), index, room.data(), &length, nullptr, nullptr, nullptr, nullptr)
+                       : Calls::enumValue(native(key), index, room.data(), &length, nullptr, &type, bytes, &size);
+            if (code == ERROR_MORE_DATA && size > data.size()) {
+                data.resize(size);
+                code = ERROR_SUCCESS;
+            } else if (code == ERROR_SUCCESS) {
+                names.push_back(Calls::out(room.substr(0, length)));
+                if (values != nullptr) values->push_back({type, dataOf(type, std::string_view(data).substr(0, size))});
+                ++index;
+            }
+        }
+        return atEnd(code);
+    }
+
+    std::string expandEnvironment(const std::string& text) override {
+        constexpr std::size_t longestText = 32'766;  // the platform loses what is longer
+        const std::wstring plain = Calls::toWide(text.c_str());
+        std::wstring expanded;
+        DWORD needed = plain.size() > longestText ? 0 : ExpandEnvironmentStringsW(plain.c_str(), nullptr, 0);
+        while (needed > expanded.size()) {
+            expanded.assign(needed, L'\0');
+            needed = ExpandEnvironmentStringsW(plain.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
+        }
+        return needed == 0 ? text.c_str() : Calls::fromWide(expanded.c_str());
+    }
+
+private:
+    // Hands on the key that a call has opened, or none if the call was refused.
+    static RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
+        key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(handle) : 0;
+        return status(code);
+    }
+
+    static RegistryStatus atEnd(LSTATUS code) { return status(code == ERROR_NO_MORE_ITEMS ? ERROR_SUCCESS : code); }
+
+    RegistryStatus set(RegistryKey key, const std::string& name, DWORD type, const void* data, std::size_t size) {
+        return status(Calls::set(native(key), Calls::in(name).c_str(), 0, type, static_cast<const BYTE*>(data),
+                                 static_cast<DWORD>(size)));
+    }
+
+    static std::string dataOf(DWORD type, std::string_view bytes) {
+        if (unit == 1 || !valuetype::isText(type)) return std::string(bytes);
+        Text text(bytes.size() / unit, 0);
+        bytes.copy(reinterpret_cast<char*>(text.data()), text.size() * unit);
+        return Calls::out(text);
+    }
+
+    DWORD view_;
+};
 
 }  // namespace
 
-RegistryStatus Win32Registry::openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
-                                      RegistryKey& key) {
-    HKEY handle = nullptr;
-    const LSTATUS code = RegOpenKeyExA(native(parent), path.c_str(), 0, rights | viewRight(view_), &handle);
-    return opened(code, handle, key);
-}
+std::unique_ptr<Registry> narrowRegistry() { return std::make_unique<MachineRegistry<Narrow>>(RegistryView::own); }
 
-RegistryStatus Win32Registry::createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
-                                        RegistryKey& key) {
-    HKEY handle = nullptr;
-    char noClass[] = "";
-    SECURITY_ATTRIBUTES security{};
-    security.nLength = sizeof security;
-    const LSTATUS code = RegCreateKeyExA(native(parent), path.c_str(), 0, noClass, 0, rights | viewRight(view_),
-                                         &security, &handle, nullptr);
-    return opened(code, handle, key);
-}
-
-RegistryStatus Win32Registry::closeKey(RegistryKey key) { return status(RegCloseKey(native(key))); }
-
-RegistryStatus Win32Registry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type, void* data,
-                                         std::uint32_t& size) {
-    DWORD foundType = type;
-    DWORD foundSize = size;
-    const LSTATUS code =
-        RegQueryValueExA(native(key), name.c_str(), nullptr, &foundType, static_cast<BYTE*>(data), &foundSize);
-    type = foundType;
-    size = foundSize;
-    return status(code);
-}
-
-RegistryStatus Win32Registry::setValue(RegistryKey key, const std::string& name, std::uint32_t type, const void* data,
-                                       std::uint32_t size) {
-    if (data == nullptr && size > 1) return RegistryStatus::noAccess;
-    const std::string_view text(static_cast<const char*>(data), data == nullptr ? 0 : size);
-    if (isText(type) && text.ends_with('\0') && isAscii(text) && isAscii(name)) {
-        return setWide(native(key), name.c_str(), type, text);
-    }
-    const void* bytes = data == nullptr ? "" : data;
-    return status(RegSetValueExA(native(key), name.c_str(), 0, type, static_cast<const BYTE*>(bytes), size));
-}
-
-RegistryStatus Win32Registry::deleteKey(RegistryKey parent, const std::string& path) {
-    if (view_ == RegistryView::own) return status(RegDeleteKeyA(native(parent), path.c_str()));
-    return status(RegDeleteKeyExA(native(parent), path.c_str(), viewRight(view_), 0));
-}
-
-RegistryStatus Win32Registry::deleteValue(RegistryKey key, const std::string& name) {
-    return status(RegDeleteValueA(native(key), name.c_str()));
-}
-
-RegistryStatus Win32Registry::enumKey(RegistryKey key, std::uint32_t index, char* name, std::uint32_t capacity) {
-    DWORD length = capacity;
-    return status(RegEnumKeyExA(native(key), index, name, &length, nullptr, nullptr, nullptr, nullptr));
-}
-
-RegistryStatus Win32Registry::enumValue(RegistryKey key, std::uint32_t index, char* name, std::uint32_t& length,
-                                        std::optional<ValueData>* data) {
-    DWORD room = length;
-    if (data != nullptr) {
-        std::string text;
-        if (enumWide(native(key), index, text, data->emplace()) && text.size() < room) {
-            std::memcpy(name, text.c_str(), text.size() + 1);
-            length = static_cast<std::uint32_t>(text.size());
-            return RegistryStatus::success;
-        }
-        data->reset();
-    }
-    const LSTATUS code = RegEnumValueA(native(key), index, name, &room, nullptr, nullptr, nullptr, nullptr);
-    length = room;
-    return status(code);
-}
-
-RegistryStatus Win32Registry::queryInfoKey(RegistryKey key, std::uint32_t& longestValueName) {
-    DWORD longest = 0;
-    char noClass[] = "";
-    DWORD classLength = 0;
-    const LSTATUS code = RegQueryInfoKeyA(native(key), noClass, &classLength, nullptr, nullptr, nullptr, nullptr,
-                                          nullptr, &longest, nullptr, nullptr, nullptr);
-    longestValueName = longest;
-    return status(code);
-}
-
-std::string Win32Registry::expandEnvironment(const std::string& text) {
-    constexpr std::size_t longestText = 32'766;  // the platform loses what is longer
-    const std::string known = text.c_str();
-    const std::wstring plain = wide(known);
-    std::wstring expanded;
-    // The narrow call counts characters where it should count bytes.
-    DWORD needed = plain.size() > longestText ? 0 : ExpandEnvironmentStringsW(plain.c_str(), nullptr, 0);
-    while (needed > expanded.size()) {
-        expanded.assign(needed, L'\0');
-        needed = ExpandEnvironmentStringsW(plain.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
-    }
-    return needed == 0 ? known : narrow(expanded.c_str());
-}
+std::unique_ptr<Registry> wideRegistry(RegistryView view) { return std::make_unique<MachineRegistry<Wide>>(view); }
 
 }  // namespace vrix

@@ -80,6 +80,7 @@ std::vector<Option> optionsInFileOrder(const ProductOptions& options) {
 void saveNewProduct(const Toolkit& toolkit, const std::string& timeStamp) {
     const Create2& identity = toolkit.create2;
     cRegistryFunctions& settings = toolkit.settings;
+    const auto kept = settings.keepKeys();
     const std::string root = rootOf(toolkit);
     settings.SaveSetting(application, root, "Creation Date", timeStamp);
     settings.SaveSetting(application, "Toolkit\\Products", identity.ProductName.text(), identity.ProductKey.text());

@@ -78,6 +78,7 @@ void Create9::nextThis9() {
 
 // Nothing is deleted before: values with an older index or name stay beside the new ones.
 void Create9::save() {
+    const auto kept = toolkit.settings.keepKeys();
     const int topics = toolkit.productReg.CountTopics;
     const std::string root = toolkit.selectedProduct.ProductRegKey + "\\Dependencies";
     const auto saveRow = [&](int row, const std::string& index) {

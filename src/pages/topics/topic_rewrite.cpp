@@ -15,6 +15,7 @@ constexpr const char* matrixKey = "\\Dependencies\\Matrix";
 }  // namespace
 
 void TopicRewrite::run(const TopicRows& topics) {
+    const auto kept = settings_.keepKeys();
     sizeTables(topics.count);
     deleteTopics();
     readOldIndexTable();

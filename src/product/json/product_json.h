@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/encoding.h"
+#include "common/encoding.h"
 #include "product/product.h"
 
 namespace vrix {
