@@ -5,6 +5,7 @@
 #include <map>
 
 #include "common/code_page.h"
+#include "common/utf8.h"
 #include "forms/event.h"
 #include "makers/embedded/embedded_registry.h"
 #include "makers/embedded/journal_registry.h"
@@ -210,8 +211,8 @@ void product(const Read& read) {
     const ProductStore store(registry);
     try {
         const Product found = read(*encoding);
-        const std::string json = toJson(found, *encoding);
-        promise(toJson(fromJson(json, *encoding), *encoding) == json);
+        const std::string json = toJson(found);
+        promise(isWhole(json) && toJson(fromJson(json)) == json);
         const Plan plan = planApply(store, found, Unnamed::removed);
         for (const StoreChange& change : plan) {
             promise(isWithin(change.path, rootPath(found.id)) || samePath(change.path, listPath(found.id.tree)));
@@ -219,11 +220,9 @@ void product(const Read& read) {
         perform(registry, plan);
         promise(compare(found, store.read(found.id)).empty());
         promise(planApply(store, found, Unnamed::removed).empty());
-        checkProduct(found, *encoding);
+        checkProduct(found);
         settingsText(registry, found.id);
-    } catch (const Malformed&) {
-    } catch (const PlanRefused&) {
-    } catch (const StoreRefused&) {
+    } catch (const Refusal&) {
     }
 }
 
@@ -241,7 +240,7 @@ const std::map<std::string, std::function<void(Input&)>> targets{
      }},
     {"json", [](Input& input) {
          const std::string text = input.ConsumeRemainingBytesAsString();
-         product([&](const Encoding& encoding) { return fromJson(text, encoding); });
+         product([&](const Encoding&) { return fromJson(text); });
      }}};
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 #include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
 #include "product/plan.h"
@@ -20,6 +20,8 @@
 namespace vrix {
 
 inline const std::unique_ptr<Encoding> western = testEncoding();
+
+inline const std::string half = "\xED\xA0\x80";  // of a character
 
 // Random Products in which anything may stand, and few things are rare.
 class Dice {
@@ -36,7 +38,7 @@ public:
         product.at(part::root);
         for (const KeyPath& path :
              {part::root, part::topics, part::addedTopics, part::indexTable, part::matrix, part::options,
-              part::smartFields, KeyPath{"Odd", "Deep"}, KeyPath{"Options", "Below"}, KeyPath{"\x81\xFF"}}) {
+              part::smartFields, KeyPath{"Odd", "Deep"}, KeyPath{"Options", "Below"}, KeyPath{"日本" + half}}) {
             if (!once(4)) fill(product.at(path));
         }
         product.sortKeys();
@@ -48,15 +50,17 @@ private:
         const bool isOptions = key.path == part::options;
         std::set<std::string> names;
         for (unsigned count = below(12); count > 0; --count) {
-            std::string name = any({"", "0", "1", "2", "10", "Intro", "Tools", "a\"=\"b", "C:\\", "\x81", "\xE4\xF6",
-                                    "x", "SmartField1", "SmartField2", "SmartField3", "Creation Date", "CreationDate"});
+            std::string name =
+                any({"", "0", "1", "2", "10", "Intro", "Tools", "a\"=\"b", "C:\\", "äö", "日本", "Жук", half, "x",
+                     "SmartField1", "SmartField2", "SmartField3", "Creation Date", "CreationDate"});
             if (isOptions && !once(8)) name = optionTable()[below(88)].name;
-            if (names.insert(lowerCase(name)).second) key.values.push_back(value(name));
+            if (names.insert(foldedName(name)).second) key.values.push_back(value(name));
         }
     }
     StoredValue value(const std::string& name) {
-        const std::string text = any({"", "0", "1", "2", "-1", "01", "0 1", "1 7", "0  1 ", "yes", "%DOCS%\\a",
-                                      "\\\\server\\a.doc", "C:\\a\\b.doc", "a\"b", "a\r\nb", "\xFC\x81", "<!Price!>"});
+        const std::string text =
+            any({"", "0", "1", "2", "-1", "01", "0 1", "1 7", "0  1 ", "yes", "%DOCS%\\a", "\\\\server\\a.doc",
+                 "C:\\a\\b.doc", "a\"b", "a\r\nb", "ü日本語", "Жук", "a" + half, "<!Price!>"});
         if (!once(5)) return textValue(name, text);
         const std::uint32_t type = below(13);
         const bool isText = type == 1 || type == 2 || type == 7;
@@ -70,8 +74,7 @@ inline std::string listing(const Product& product) {
     std::string text = product.id.name + ',' + product.id.key + (product.id.tree == Tree::toolkit ? "" : "!") + '\n';
     for (const StoredKey& key : product.keys) {
         text += '[' + joined(key.path) + "]\n";
-        for (const auto& [name, type, data, isExact] : key.values)
-            text += name + '=' + std::to_string(type) + ':' + data + '\n';
+        for (const auto& [name, type, data] : key.values) text += name + '=' + std::to_string(type) + ':' + data + '\n';
     }
     std::replace(text.begin(), text.end(), '\0', '~');
     return text;

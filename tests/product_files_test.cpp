@@ -1,4 +1,5 @@
 #include "product/check.h"
+#include "product/encoded_text.h"
 #include "product/json/product_json.h"
 #include "product/settings_text.h"
 #include "product_dice.h"
@@ -8,21 +9,23 @@ namespace {
 
 // ---- Settings files ----
 
-std::string refusal(const std::string& file) {
+std::string refusal(const std::string& file, unsigned codePage = 1252) {
     try {
-        return "read: " + listing(readSettings(file, *western));
-    } catch (const Malformed& malformed) {
-        return malformed.what();
+        return "read: " + listing(readSettings(file, *testEncoding(codePage)));
+    } catch (const Refusal& refusal) {
+        return refusal.what();
     }
 }
 
-// As the registry editor writes it; in version 5.00 for texts whose bytes are their characters.
-std::string editorFile(const Product& product, bool isVersion5) {
-    const auto wide = [](const std::string& text) {
-        std::string units;
-        for (const char c : text) units += {c, '\0'};
-        return units;
-    };
+// UTF-16, least byte first.
+std::string wide(const std::string& text) {
+    std::string bytes;
+    for (const char16_t unit : toUtf16(text)) bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    return bytes;
+}
+
+// What the registry editor writes, as text.
+std::string editorText(const Product& product, bool isVersion5) {
     const auto escaped = [](const std::string& text) {
         std::string all = "\"";
         for (const char c : text) all += (c == '"' || c == '\\' ? "\\" : "") + std::string(1, c);
@@ -33,7 +36,7 @@ std::string editorFile(const Product& product, bool isVersion5) {
     for (const StoredKey& key : product.keys) {
         text +=
             '[' + family + joined(rootPath(product.id)) + (key.path.empty() ? "" : "\\" + joined(key.path)) + "]\r\n";
-        for (const auto& [name, type, data, isExact] : key.values) {
+        for (const auto& [name, type, data] : key.values) {
             text += (name.empty() ? "@" : escaped(name)) + '=';
             const bool isLine =
                 type == valuetype::string && !data.empty() &&
@@ -42,7 +45,7 @@ std::string editorFile(const Product& product, bool isVersion5) {
                 type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
             text += isLine ? escaped(data.substr(0, data.size() - 1))
                            : "hex(" + std::string(1, "0123456789abc"[type]) + "):";
-            for (const char c : isLine ? "" : isVersion5&& isText ? wide(data) : data) {
+            for (const char c : isLine ? "" : isText ? (isVersion5 ? wide(data) : *western->fromUtf8(data)) : data) {
                 char byte[8];
                 std::snprintf(byte, sizeof byte, "%02x,", static_cast<unsigned char>(c));
                 text += byte + std::string(text.size() % 7 == 0 ? "\\\r\n  " : "");
@@ -55,20 +58,49 @@ std::string editorFile(const Product& product, bool isVersion5) {
         text += "\r\n";
     }
     text += '[' + family + joined(listPath(product.id.tree)) + "]\r\n" + escaped(product.id.name) + "=\"K\"\r\n\r\n";
-    return isVersion5 ? "\xFF\xFE" + wide(text) : text;
+    return text;
 }
 
 TEST(SettingsText, OfTheRegistryEditorIsReadByItsRules) {
     for (unsigned seed = 0; seed < 100; ++seed) {
         Product product = Dice(seed).product();
-        ASSERT_EQ(refusal(editorFile(product, false)), "read: " + listing(product)) << seed;
-        const auto isOdd = [](const std::string& text) { return text.find('\x81') != std::string::npos; };
+        ASSERT_EQ(refusal("\xFF\xFE" + wide(editorText(product, true))), "read: " + listing(product)) << seed;
+        const auto isOdd = [](const std::string& text) { return !western->fromUtf8(text); };
         std::erase_if(product.keys, [&](const StoredKey& key) { return isOdd(joined(key.path)); });
         for (StoredKey& key : product.keys) {
-            std::erase_if(key.values, [&](const StoredValue& value) { return isOdd(value.name) || isOdd(value.data); });
+            std::erase_if(key.values, [&](const StoredValue& value) {
+                return isOdd(value.name) || (valuetype::isText(value.type) && isOdd(value.data));
+            });
         }
-        ASSERT_EQ(refusal(editorFile(product, true)), "read: " + listing(product)) << seed;
+        ASSERT_EQ(refusal("\xEF\xBB\xBF" + editorText(product, true)), "read: " + listing(product)) << seed;
+        const std::string file = encodedSettings(editorText(product, false), *western);
+        ASSERT_EQ(refusal(file), "read: " + listing(product)) << seed;
     }
+}
+
+TEST(SettingsText, GoesThroughTheCodePageExactlyOrIsRefused) {
+    const auto told = [](const std::string& topic, const std::string& path, unsigned codePage) {
+        Product product = readSettings(expected("sample.kls"), *western);
+        product.at(part::topics).values.push_back(textValue(topic, path));
+        product.at(part::indexTable).values.push_back(textValue(topic, "2"));
+        EmbeddedRegistry store;
+        apply(store, product);
+        const auto encoding = testEncoding(codePage);
+        try {
+            const std::string file = encodedSettings(settingsText(store, product.id), *encoding);
+            return listing(compare(readSettings(file, *encoding), ProductStore(store).read(product.id)));
+        } catch (const Refusal& refusal) {
+            return std::string(refusal.what());
+        }
+    };
+    EXPECT_EQ(told("Größe", "C:\\ä.doc", 1252), "");
+    EXPECT_EQ(told("表", "C:\\表\\ソ.doc", 932), "");
+    EXPECT_EQ(told("Жук", "C:\\表\\😀.doc", 65001), "");
+    const std::string advice = "; a JSON file keeps it";
+    EXPECT_EQ(told("Жук", "C:\\a", 932), "");
+    EXPECT_EQ(told("Größe", "C:\\a", 932), "\"Größe\": the code page lacks the character \"ö\" (U+00F6)" + advice);
+    EXPECT_EQ(told("A", "C:\\Жук", 1252), "\"A\": the code page lacks the character \"Ж\" (U+0416)" + advice);
+    EXPECT_EQ(told("A", half, 65001), "\"A\": the code page lacks half a character (U+D800)" + advice);
 }
 
 TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
@@ -78,7 +110,9 @@ TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
         {"REGEDIT5\r\n", "line 1: this is no settings file"},
         {"\xFF\xFE"
          "a",
-         "the file holds half a character"},
+         "the file is cut off within a character"},
+        {"\xEF\xBB\xBFREGEDIT4\r\n\xFF", "line 2: this is no UTF-8"},
+        {"\xFE\xFF\1\1", "line 1: this is no settings file"},
         {head + "[-HKEY_LOCAL_MACHINE\\Software\\Vrix\\K]\r\n\r\n", "line 4: it deletes a key"},
         {head + "\"a\"=-\r\n\r\n", "line 4: it deletes a value"},
         {head + "[HKEY_CURRENT_USER\\Software\\Vrix\\K]\r\n\r\n", "line 4: the key is not below"},
@@ -95,12 +129,15 @@ TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
         {head + "\"a\"=hex:1,,2\r\n\r\n", "line 4: this is no list of bytes"},
         {head + "\"a\"=dword:123456789\r\n\r\n", "line 4: this is no number"},
         {head + "a\r\n\r\n", "line 4: this is neither"},
-        {head + std::string("\"a\"=\"\0\"\r\n\r\n", 11), "line 4: there is a zero byte"},
+        {head + std::string("\"a\"=\"\0\"\r\n\r\n", 11), "line 4: there is a zero character"},
         {"REGEDIT4\r\n\r\n\"a\"=\"b\"\r\n\r\n", "line 3: the value stands in no section"},
         {"REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\Toolkit]\r\n\r\n", "the file names no Product"},
         {"REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\Products]\r\n\"a\"=\"K\"\r\n\r\n",
          "the file is cut off"}};
     for (const auto& [file, told] : cases) EXPECT_EQ(refusal(file).substr(0, told.size()), told) << file;
+
+    EXPECT_EQ(refusal(head + "\"\x95\x5C\"=\"\x95\"\r\n\r\n", 932),
+              "line 4: a byte stands for no character of the code page");
 
     // Cut off at any byte, and with any line taken from another place.
     const std::string file = expected("big.kls");
@@ -109,7 +146,7 @@ TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
     std::string unixFile = file;
     std::erase(unixFile, '\r');
     EXPECT_EQ(refusal(unixFile), refusal(file));
-    const std::string other = editorFile(Dice(1).product(), true);
+    const std::string other = "\xFF\xFE" + wide(editorText(Dice(1).product(), true));
     for (std::size_t size = 0; size < other.size(); ++size) refusal(other.substr(0, size));
     for (std::size_t at = file.find("\r\n[", 30); at != std::string::npos; at = file.find("\r\n[", at + 1)) {
         ASSERT_FALSE(refusal(std::string(file).insert(at + 2, "[HKEY_LOCAL_MACHINE\\Software\\Vrix\\L]\r\n"))
@@ -159,20 +196,20 @@ TEST(SettingsText, OfWhateverTheToolkitLeavesIsItsOwnAndReadsBack) {
         }
         const ProductStore store(*left);
         const Product product = store.read(store.list().at(0));
-        ASSERT_EQ(listing(fromJson(toJson(product, *western), *western)), listing(product)) << seed;
+        ASSERT_EQ(listing(fromJson(toJson(product))), listing(product)) << seed;
         ASSERT_EQ(applied(product), listing(product)) << seed;
-        const std::string file = settingsText(*left, product.id);
+        const std::string file = encodedSettings(settingsText(*left, product.id), *western);
         const std::string byToolkit = exported(left);
         same += !byToolkit.empty();
         ASSERT_TRUE(byToolkit.empty() || byToolkit == file) << seed;
         const Product back = readSettings(file, *western);
         EmbeddedRegistry other;
         apply(other, back);
-        ASSERT_EQ(settingsText(other, back.id), file) << seed;
+        ASSERT_EQ(encodedSettings(settingsText(other, back.id), *western), file) << seed;
         // Unnamed values are lost with the file; one in front of others costs the names behind it their texts.
         bool shifts = false;
         for (const StoredKey& key : product.keys) {
-            const StoredValue* unnamed = findValue(&key, "");
+            const StoredValue* unnamed = findValue(key.values, "");
             shifts |= unnamed != nullptr && unnamed != &key.values.back();
         }
         if (shifts) continue;
@@ -198,13 +235,13 @@ std::string found(const std::vector<Finding>& findings) {
 
 TEST(Check, FindsWhatIsSharp) {
     const Product whole = readSettings(expected("sample.kls"), *western);
-    EXPECT_EQ(found(checkProduct(whole, *western)), "");
+    EXPECT_EQ(found(checkProduct(whole)), "");
     const auto with = [&](const KeyPath& path, const StoredValue& value) {
         Product product = whole;
         std::vector<StoredValue>& values = product.at(path).values;
         std::erase_if(values, [&](const StoredValue& v) { return v.name == value.name; });
         if (value.type != 0) values.push_back(value);
-        return found(checkProduct(product, *western));
+        return found(checkProduct(product));
     };
     const auto text = [](const char* name, const char* data) { return textValue(name, data); };
     const auto none = [](const char* name) { return StoredValue{name, 0, ""}; };
@@ -218,7 +255,7 @@ TEST(Check, FindsWhatIsSharp) {
     EXPECT_EQ(with(part::options, text("UserDefined1", "a\"b")), "quotation-mark");
     EXPECT_EQ(with(part::options, text("UserDefined1", "a\\b")), "plain-backslash");
     EXPECT_EQ(with(part::options, text("UserDefined1", "a\nb")), "line-break");
-    EXPECT_EQ(with(part::options, text("UserDefined1", "a\x81")), "undefined-bytes");
+    EXPECT_EQ(with(part::options, text("UserDefined1", ("a" + half).c_str())), "half-character");
     EXPECT_EQ(with(part::options, text("TOCPath", "%A%\\b")), "percent-pair");
     EXPECT_EQ(with(part::options, text("TOCPath", "C:\\a\\\\b")), "path-with-double-backslash");
     EXPECT_EQ(with(part::options, text("TOCPath", "a.doc")), "relative-path");
@@ -231,7 +268,10 @@ TEST(Check, FindsWhatIsSharp) {
     EXPECT_EQ(with(part::matrix, text("1", "7")), "unknown-dependency");
     EXPECT_EQ(with(part::matrix, text("9", "")), "row-beyond-topics");
     EXPECT_EQ(with(part::matrix, text("", "")), "unnamed-value-behind");
-    EXPECT_EQ(found(checkProduct({whole.id, {}}, *western)), "key-without-settings");
+    EXPECT_EQ(found(checkProduct({whole.id, {}})), "key-without-settings");
+    Product unreachable = whole;
+    unreachable.at(part::options).unreachable = 1;
+    EXPECT_EQ(found(checkProduct(unreachable)), "unreachable-value");
     StandardFiles files;
     EXPECT_EQ(found(checkFiles(whole, files)), "missing-file");
     for (const FindingKind& kind : findingKinds()) EXPECT_EQ(findFindingKind(kind.name), &kind);
@@ -249,8 +289,8 @@ TEST(Check, FindsWhatIsSharp) {
     walk.put("Old", "CreationDate", "");
     EXPECT_EQ(found(checkStore(products)),
               "key-of-nothing leftover nested-products same-name-in-both-trees two-products-one-key");
-    EXPECT_THROW(planRemoval(products, {Tree::toolkit, "K", "K"}), PlanRefused);
-    EXPECT_THROW(planApply(products, {{Tree::toolkit, "Inside", "New"}, {}}, Unnamed::removed), PlanRefused);
+    EXPECT_THROW(planRemoval(products, {Tree::toolkit, "K", "K"}), Refusal);
+    EXPECT_THROW(planApply(products, {{Tree::toolkit, "Inside", "New"}, {}}, Unnamed::removed), Refusal);
 }
 
 // Whatever ends the Toolkit when it opens a page of a Product, or exports it, was found before.
@@ -263,7 +303,7 @@ TEST(Check, ForeseesWhatEndsTheToolkit) {
         if (!values.empty()) values.erase(values.begin() + dice.below(static_cast<unsigned>(values.size())));
         Product odd = dice.product();
         for (const StoredValue& value : dice.once(2) ? odd.at(part::matrix).values : std::vector<StoredValue>()) {
-            if (findValue(product.find(part::matrix), value.name) == nullptr)
+            if (findValue(product.values(part::matrix), value.name) == nullptr)
                 product.at(part::matrix).values.push_back(value);
         }
         const auto store = std::make_shared<EmbeddedRegistry>();
@@ -277,7 +317,7 @@ TEST(Check, ForeseesWhatEndsTheToolkit) {
             ends |= walk.windows.ended;
         }
         ended += ends;
-        const auto findings = checkProduct(ProductStore(*store).read(product.id), *western);
+        const auto findings = checkProduct(ProductStore(*store).read(product.id));
         const bool isFound = std::any_of(findings.begin(), findings.end(),
                                          [](const Finding& f) { return f.kind->severity == Severity::error; });
         ASSERT_TRUE(!ends || isFound) << seed << found(findings) << '\n' << listing(product);

@@ -158,7 +158,7 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
     host.wide.answer = RegistryStatus::accessDenied;
     host.files["x.json"].replace(10, 6, "Renamed");
     EXPECT_EQ(run({"apply", "x.json"}).substr(0, 17), "4|x.json: \"Rename");
-    EXPECT_NE(host.err.find("run vrix as an administrator"), std::string::npos) << host.err;
+    EXPECT_NE(host.err.find("administrator rights"), std::string::npos) << host.err;
     host.hasRegistry = false;
     EXPECT_EQ(code({"list"}), '2');
     EXPECT_EQ(code({"check", "sample.kls"}), '0');

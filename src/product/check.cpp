@@ -5,9 +5,9 @@
 #include <set>
 #include <stdexcept>
 
-#include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
+#include "common/utf8.h"
 #include "product/compare.h"
 #include "product/view.h"
 #include "store/option_table.h"
@@ -20,18 +20,13 @@ namespace {
 
 constexpr std::size_t mostRows = 16'383;  // of two cells each, counted in 16 bits
 
-class Findings {
-public:
-    void add(std::string_view name, std::string place, std::string detail = {}) {
-        const FindingKind* kind = findFindingKind(name);
-        if (kind == nullptr) throw std::logic_error("no such finding: " + std::string(name));
-        found_.push_back({kind, std::move(place), std::move(detail)});
-    }
-    std::vector<Finding> take() { return std::move(found_); }
+using Findings = std::vector<Finding>;
 
-private:
-    std::vector<Finding> found_;
-};
+void add(Findings& findings, std::string_view name, std::string place, std::string detail = {}) {
+    const FindingKind* kind = findFindingKind(name);
+    if (kind == nullptr) throw std::logic_error("no such finding: " + std::string(name));
+    findings.push_back({kind, std::move(place), std::move(detail)});
+}
 
 std::string placeOf(const ProductId& id, const KeyPath& path = {}) {
     const std::string root = joined(rootPath(id));
@@ -40,10 +35,6 @@ std::string placeOf(const ProductId& id, const KeyPath& path = {}) {
 
 std::string rowPlace(const ProductId& id) { return joined(listPath(id.tree)) + '\\' + id.name; }
 
-bool isDigits(const std::string& text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-}
-
 // Whether the text is a number of that range, as the Toolkit turns text into one.
 bool isNumberFrom0(const std::string& text, std::size_t upTo) {
     std::int16_t number = -1;
@@ -51,93 +42,94 @@ bool isNumberFrom0(const std::string& text, std::size_t upTo) {
     return number >= 0 && static_cast<std::size_t>(number) <= upTo;
 }
 
+bool isPathOfFile(Group group, const std::string& name) {
+    const OptionRow* option = group == Group::options ? findOption(name) : nullptr;
+    return group == Group::topics || group == Group::addedTopics ||
+           (option != nullptr && option->kind == OptionKind::path);
+}
+
 // ---- One Product ----
 
 class ProductCheck {
 public:
-    ProductCheck(const Product& product, const Encoding& encoding) : product_(product), encoding_(encoding) {}
+    explicit ProductCheck(const Product& product) : product_(product) {}
 
-    std::vector<Finding> run() {
+    Findings run() {
         if (product_.keys.empty()) {
-            findings_.add("key-without-settings", placeOf(product_.id));
-            return findings_.take();
+            add(findings_, "key-without-settings", placeOf(product_.id));
+            return std::move(findings_);
         }
         checkText(rowPlace(product_.id), product_.id.name, false);
         checkText(placeOf(product_.id), product_.id.key, false);
         checkOptions();
         checkTopics();
         for (const StoredKey& key : product_.keys) checkKey(key);
-        return findings_.take();
+        return std::move(findings_);
     }
 
 private:
-    const std::vector<StoredValue>& valuesAt(const KeyPath& path) const {
-        static const std::vector<StoredValue> none;
-        const StoredKey* key = product_.find(path);
-        return key == nullptr ? none : key->values;
-    }
-    void add(std::string_view name, const KeyPath& path, const std::string& value, std::string detail = {}) {
-        findings_.add(name, placeOf(product_.id, path) + '\\' + value, std::move(detail));
+    void addAt(std::string_view name, const KeyPath& path, const std::string& value, std::string detail = {}) {
+        add(findings_, name, placeOf(product_.id, path) + '\\' + value, std::move(detail));
     }
 
     // Of the switches and positions that a page reads.
     void checkOptions() {
-        const StoredKey* key = product_.find(part::options);
+        const Values& options = product_.values(part::options);
         for (const OptionRow& option : optionTable()) {
             const bool isRead = option.name != "DefaultCoverPage" && option.name != "DefaultSmartFields";
             const bool isNumber = option.kind == OptionKind::flag || option.kind == OptionKind::position;
             if (!isNumber || !isRead) continue;
-            const StoredValue* value = findValue(key, option.name);
+            const StoredValue* value = findValue(options, option.name);
             const std::string text = value == nullptr ? "" : textOf(*value);
             constexpr std::size_t lastPosition = 4;
             if (text.empty()) {
-                add("missing-option", part::options, option.name);
+                addAt("missing-option", part::options, option.name);
             } else if (!isNumberFrom0(text, option.kind == OptionKind::flag ? 1 : lastPosition)) {
-                add("odd-option", part::options, option.name, shown(*value));
+                addAt("odd-option", part::options, option.name, shown(*value));
             }
         }
     }
 
     void checkTopics() {
         for (const KeyPath& path : {part::topics, part::addedTopics}) {
-            for (const StoredValue& topic : valuesAt(path)) nameTopic(path, topic.name);
+            for (const StoredValue& topic : product_.values(path)) nameTopic(path, topic.name);
         }
-        if (valuesAt(part::topics).empty()) findings_.add("no-topics", placeOf(product_.id, part::topics));
-        for (const StoredValue& index : valuesAt(part::indexTable)) checkIndex(index);
-        for (const StoredValue& row : valuesAt(part::matrix)) checkRow(row);
+        if (product_.values(part::topics).empty()) add(findings_, "no-topics", placeOf(product_.id, part::topics));
+        for (const StoredValue& index : product_.values(part::indexTable)) checkIndex(index);
+        for (const StoredValue& row : product_.values(part::matrix)) checkRow(row);
         for (const auto& [name, topic] : topics_) {
-            if (topic.index.empty()) add("topic-without-index", topic.path, topic.name);
+            if (topic.index.empty()) addAt("topic-without-index", topic.path, topic.name);
             if (topic.index.empty() || rows_.contains(topic.index)) continue;
-            add("topic-without-row", topic.path, topic.name);
+            addAt("topic-without-row", topic.path, topic.name);
         }
-        if (topics_.size() == 1 && valuesAt(part::matrix).size() > 1) {
-            findings_.add("one-topic-left", placeOf(product_.id, part::matrix));
+        if (topics_.size() == 1 && product_.values(part::matrix).size() > 1) {
+            add(findings_, "one-topic-left", placeOf(product_.id, part::matrix));
         }
     }
 
     void nameTopic(const KeyPath& path, const std::string& name) {
-        const auto [topic, isNew] = topics_.emplace(lowerCase(name), Topic{name, path, {}});
-        if (!isNew) add("added-elsewhere", path, name, topic->second.name);
+        const auto [topic, isNew] = topics_.emplace(foldedName(name), Topic{name, path, {}});
+        if (!isNew) addAt("added-elsewhere", path, name, topic->second.name);
     }
 
     void checkIndex(const StoredValue& index) {
-        const auto topic = topics_.find(lowerCase(index.name));
+        const auto topic = topics_.find(foldedName(index.name));
         indexes_.insert(textOf(index));
         if (topic != topics_.end()) {
             topic->second.index = textOf(index);
         } else if (!index.name.empty()) {
-            add("index-without-topic", part::indexTable, index.name, textOf(index));
+            addAt("index-without-topic", part::indexTable, index.name, textOf(index));
         }
     }
 
     void checkRow(const StoredValue& row) {
         rows_.insert(row.name);
         if (!isDigits(row.name) || !isNumberFrom0(row.name, topics_.size())) {
-            if (!row.name.empty()) add("row-beyond-topics", part::matrix, row.name);
+            if (!row.name.empty()) addAt("row-beyond-topics", part::matrix, row.name);
         }
         for (const std::string& number : numbersOf(textOf(row))) {
             if (indexes_.contains(number) && number != row.name) continue;
-            add("unknown-dependency", part::matrix, row.name, textOf(row));
+            addAt("unknown-dependency", part::matrix, row.name, textOf(row));
             break;
         }
     }
@@ -147,15 +139,17 @@ private:
     void checkKey(const StoredKey& key) {
         const bool isParent = samePath(key.path, {"Dependencies"}) || samePath(key.path, {"Toolkit"});
         const bool isKnown = groupOf(key.path) != Group::other || key.path.empty() || isParent;
-        if (!isKnown) findings_.add("unknown-value", placeOf(product_.id, key.path));
-        if (key.values.size() > mostRows) findings_.add("too-many-rows", placeOf(product_.id, key.path));
+        if (!isKnown) add(findings_, "unknown-value", placeOf(product_.id, key.path));
+        if (key.values.size() > mostRows) add(findings_, "too-many-rows", placeOf(product_.id, key.path));
+        if (key.unreachable > 0) add(findings_, "unreachable-value", placeOf(product_.id, key.path));
+        if (!isWhole(joined(key.path))) add(findings_, "half-character", placeOf(product_.id, key.path));
         for (const StoredValue& value : key.values) {
             const bool isListed = groupOf(key.path) != Group::other;
             if (value.name.empty() && isListed) {
                 const bool isLast = key.values.size() > 1 && &value == &key.values.back();
-                add(isLast ? "unnamed-value-behind" : "unnamed-value", key.path, value.name);
+                addAt(isLast ? "unnamed-value-behind" : "unnamed-value", key.path, value.name);
             }
-            if (isKnown && !isKnownValue(key.path, value.name)) add("unknown-value", key.path, value.name);
+            if (isKnown && !isKnownValue(key.path, value.name)) addAt("unknown-value", key.path, value.name);
             checkValue(key.path, value);
         }
     }
@@ -163,42 +157,40 @@ private:
     static bool isKnownValue(const KeyPath& path, const std::string& name) {
         if (path.empty()) return isCreationDate(name);
         if (groupOf(path) != Group::options || name.empty()) return groupOf(path) != Group::other;
-        return std::any_of(optionTable().begin(), optionTable().end(),
+        return findOption(name) != nullptr ||
+               std::any_of(optionTable().begin(), optionTable().end(),
                            [&](const OptionRow& option) { return sameName(option.name, name); });
     }
 
     void checkValue(const KeyPath& path, const StoredValue& value) {
         const std::string place = placeOf(product_.id, path) + '\\' + value.name;
         checkText(place, value.name, false);
-        if (!value.isExact) findings_.add("outside-code-page", place, shown(value));
-        if (!isPlainText(value)) findings_.add("odd-type", place, shown(value));
+        if (!isPlainText(value)) add(findings_, "odd-type", place, shown(value));
         if (value.type != valuetype::string && value.type != valuetype::expandString) return;
         const std::string text = textOf(value);
-        const OptionRow* option = groupOf(path) == Group::options ? findOption(value.name) : nullptr;
-        const bool isTopic = groupOf(path) == Group::topics || groupOf(path) == Group::addedTopics;
-        const bool isPath = isTopic || (option != nullptr && option->kind == OptionKind::path);
+        const bool isPath = isPathOfFile(groupOf(path), value.name);
         checkText(place, text, isPath);
         if (isPath && !text.empty()) checkPath(place, text);
     }
 
     void checkText(const std::string& place, const std::string& text, bool isPath) {
         const auto has = [&](const char* characters) { return text.find_first_of(characters) != std::string::npos; };
-        if (has("\"")) findings_.add("quotation-mark", place, text);
-        if (has("\r\n")) findings_.add("line-break", place, text);
-        if (!isPath && findCharacter(text, '\\') != std::string::npos) findings_.add("plain-backslash", place, text);
-        if (isExpandable(text)) findings_.add("percent-pair", place, text);
-        if (!exactUtf8(encoding_, text)) findings_.add("undefined-bytes", place, text);
+        if (has("\"")) add(findings_, "quotation-mark", place, text);
+        if (has("\r\n")) add(findings_, "line-break", place, text);
+        if (!isPath && has("\\")) add(findings_, "plain-backslash", place, text);
+        if (isExpandable(text)) add(findings_, "percent-pair", place, text);
+        if (!isWhole(text)) add(findings_, "half-character", place, text);
     }
 
     void checkPath(const std::string& place, const std::string& path) {
         const bool isNetwork = path.starts_with("\\\\");
         const bool hasDrive = path.size() > 2 && path[1] == ':' && path[2] == '\\';
         const bool isHere = hasDrive && (path[0] == 'C' || path[0] == 'c');
-        if (path.front() == ' ' || path.back() == ' ') findings_.add("blank-at-path-end", place, path);
+        if (path.front() == ' ' || path.back() == ' ') add(findings_, "blank-at-path-end", place, path);
         const bool goesAsNetwork = escapedPath(path).starts_with("\\\\\\\\");
-        if (goesAsNetwork != isNetwork) findings_.add("path-with-double-backslash", place, path);
-        if (hasDrive && !isHere) findings_.add("drive-letter", place, path);
-        if (!isNetwork && !hasDrive && path.front() != '%') findings_.add("relative-path", place, path);
+        if (goesAsNetwork != isNetwork) add(findings_, "path-with-double-backslash", place, path);
+        if (hasDrive && !isHere) add(findings_, "drive-letter", place, path);
+        if (!isNetwork && !hasDrive && path.front() != '%') add(findings_, "relative-path", place, path);
     }
 
     struct Topic {
@@ -207,7 +199,6 @@ private:
         std::string index;
     };
     const Product& product_;
-    const Encoding& encoding_;
     Findings findings_;
     std::map<std::string, Topic> topics_;  // by name in small letters
     std::set<std::string> indexes_;
@@ -216,26 +207,21 @@ private:
 
 }  // namespace
 
-std::vector<Finding> checkProduct(const Product& product, const Encoding& encoding) {
-    return ProductCheck(product, encoding).run();
-}
+Findings checkProduct(const Product& product) { return ProductCheck(product).run(); }
 
-std::vector<Finding> checkFiles(const Product& product, Files& files) {
+Findings checkFiles(const Product& product, Files& files) {
     Findings findings;
     for (const StoredKey& key : product.keys) {
         const Group group = groupOf(key.path);
         for (const StoredValue& value : key.values) {
-            const OptionRow* option = group == Group::options ? findOption(value.name) : nullptr;
-            const bool isTopic = group == Group::topics || group == Group::addedTopics;
-            const bool isDocument = isTopic || (option != nullptr && option->kind == OptionKind::path &&
-                                                option->name != "DefaultOutputFile");
+            const bool isDocument = isPathOfFile(group, value.name) && value.name != "DefaultOutputFile";
             const std::string path = textOf(value);
             if (isDocument && !path.empty() && !files.exists(path)) {
-                findings.add("missing-file", placeOf(product.id, key.path) + '\\' + value.name, path);
+                add(findings, "missing-file", placeOf(product.id, key.path) + '\\' + value.name, path);
             }
         }
     }
-    return findings.take();
+    return findings;
 }
 
 // ---- Between Products ----
@@ -244,49 +230,44 @@ namespace {
 
 void checkPair(const ProductId& a, const ProductId& b, Findings& findings) {
     if (a.tree != b.tree && sameName(a.name, b.name)) {
-        findings.add("same-name-in-both-trees", rowPlace(b));
+        add(findings, "same-name-in-both-trees", rowPlace(b));
         return;
     }
     const KeyPath left = rootPath(a);
     const KeyPath right = rootPath(b);
     if (!whyNoKey(a).empty() || !whyNoKey(b).empty()) return;
     if (samePath(left, right)) {
-        findings.add("two-products-one-key", rowPlace(b), a.name);
+        add(findings, "two-products-one-key", rowPlace(b), a.name);
     } else if (isWithin(left, right) || isWithin(right, left)) {
-        findings.add("nested-products", rowPlace(b), a.name);
+        add(findings, "nested-products", rowPlace(b), a.name);
     }
 }
 
 }  // namespace
 
-std::vector<Finding> checkStore(const ProductStore& store) {
+Findings checkStore(const ProductStore& store) {
     Findings findings;
     const std::vector<ProductId> listed = store.list();
     for (std::size_t i = 0; i < listed.size(); ++i) {
         const ProductId& id = listed[i];
-        if (id.name.empty()) findings.add("unnamed-value", rowPlace(id));
-        if (!whyNoKey(id).empty()) findings.add("key-of-nothing", rowPlace(id), id.key);
+        if (id.name.empty()) add(findings, "unnamed-value", rowPlace(id));
+        if (!whyNoKey(id).empty()) add(findings, "key-of-nothing", rowPlace(id), id.key);
         for (std::size_t j = 0; j < i; ++j) checkPair(listed[j], id, findings);
     }
-    for (const Tree tree : {Tree::installed, Tree::toolkit}) {
-        for (const StoredValue& row : store.values(listPath(tree))) {
-            if (!row.isExact) findings.add("outside-code-page", joined(listPath(tree)) + '\\' + row.name);
-        }
-    }
-    if (listed.size() > mostRows) findings.add("too-many-rows", joined(listPath(Tree::toolkit)));
-    for (const ProductId& id : store.leftovers()) findings.add("leftover", placeOf(id));
-    return findings.take();
+    if (listed.size() > mostRows) add(findings, "too-many-rows", joined(listPath(Tree::toolkit)));
+    for (const ProductId& id : store.leftovers()) add(findings, "leftover", placeOf(id));
+    return findings;
 }
 
-std::vector<Finding> checkViews(const ProductStore& store, const ProductStore& otherView) {
+Findings checkViews(const ProductStore& store, const ProductStore& otherView) {
     Findings findings;
     const std::vector<ProductId> listed = store.list();
     for (const ProductId& other : otherView.list()) {
         for (const ProductId& id : listed) {
-            if (id.tree == other.tree && sameName(id.name, other.name)) findings.add("other-view", rowPlace(id));
+            if (id.tree == other.tree && sameName(id.name, other.name)) add(findings, "other-view", rowPlace(id));
         }
     }
-    return findings.take();
+    return findings;
 }
 
 }  // namespace vrix

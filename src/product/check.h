@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "common/encoding.h"
 #include "platform/files.h"
 #include "product/product.h"
 #include "product/product_store.h"
@@ -30,7 +29,7 @@ std::span<const FindingKind> findingKinds();
 // The kind of that name, or null.
 const FindingKind* findFindingKind(std::string_view name);
 
-// One finding. `place` is a path below the family key, in bytes of the store's code page.
+// One finding. `place` is a path below the family key.
 struct Finding {
     const FindingKind* kind;
     std::string place;
@@ -38,7 +37,7 @@ struct Finding {
 };
 
 // What is wrong or sharp in a Product by itself, in the order of the Product.
-std::vector<Finding> checkProduct(const Product& product, const Encoding& encoding);
+std::vector<Finding> checkProduct(const Product& product);
 // The files that the Product names and that are not there.
 std::vector<Finding> checkFiles(const Product& product, Files& files);
 // What is wrong between Products: rows, keys, leftovers, counts.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <unordered_map>
 
 #include "product/view.h"
@@ -10,20 +11,18 @@ namespace vrix {
 
 namespace {
 
-using Values = std::vector<StoredValue>;
-
-constexpr std::array typeNames{"REG_NONE",
-                               "REG_SZ",
-                               "REG_EXPAND_SZ",
-                               "REG_BINARY",
-                               "REG_DWORD",
-                               "REG_DWORD_BIG_ENDIAN",
-                               "REG_LINK",
-                               "REG_MULTI_SZ",
-                               "REG_RESOURCE_LIST",
-                               "REG_FULL_RESOURCE_DESCRIPTOR",
-                               "REG_RESOURCE_REQUIREMENTS_LIST",
-                               "REG_QWORD"};
+constexpr const char* typeNames[] = {"REG_NONE",
+                                     "REG_SZ",
+                                     "REG_EXPAND_SZ",
+                                     "REG_BINARY",
+                                     "REG_DWORD",
+                                     "REG_DWORD_BIG_ENDIAN",
+                                     "REG_LINK",
+                                     "REG_MULTI_SZ",
+                                     "REG_RESOURCE_LIST",
+                                     "REG_FULL_RESOURCE_DESCRIPTOR",
+                                     "REG_RESOURCE_REQUIREMENTS_LIST",
+                                     "REG_QWORD"};
 
 std::string commaSeparated(const std::vector<std::string>& texts) {
     std::string list;
@@ -33,13 +32,13 @@ std::string commaSeparated(const std::vector<std::string>& texts) {
 
 // One side of the comparison.
 struct Side {
-    explicit Side(const Product& whole) : product(whole), dependencies(whole) {}
+    explicit Side(const Product& whole) : product(whole), keys(keysByPath(whole)), dependencies(whole) {}
 
     // The values that are compared.
     Values valuesAt(const KeyPath& path) const {
-        const StoredKey* key = product.find(path);
-        Values values = key == nullptr ? Values() : key->values;
-        if (samePath(path, part::root)) {
+        const auto key = keys.find(foldedPath(path));
+        Values values = key == keys.end() ? Values() : key->second->values;
+        if (path.empty()) {
             std::erase_if(values, [](const StoredValue& value) { return isCreationDate(value.name); });
         }
         return values;
@@ -50,6 +49,7 @@ struct Side {
     }
 
     const Product& product;
+    std::unordered_map<std::string, const StoredKey*> keys;
     DependencyNames dependencies;
 };
 
@@ -59,8 +59,11 @@ public:
 
     std::vector<Difference> run() {
         identity();
-        Product both{{}, left_.product.keys};
-        for (const StoredKey& key : right_.product.keys) both.at(key.path);
+        Product both;
+        KeyMaker maker(both);
+        for (const Side* side : {&left_, &right_}) {
+            for (const StoredKey& key : side->product.keys) maker.at(key.path);
+        }
         both.sortKeys();
         for (const StoredKey& key : both.keys) compareKey(key.path);
         std::stable_sort(found_.begin(), found_.end(),
@@ -83,24 +86,20 @@ private:
     void compareKey(const KeyPath& path) {
         const Values left = left_.valuesAt(path);
         const Values right = right_.valuesAt(path);
-        std::unordered_map<std::string_view, const StoredValue*> others;
-        for (const StoredValue& value : right) others.emplace(value.name, &value);
+        const ValuesByName onTheLeft = byName(left);
+        const ValuesByName onTheRight = byName(right);
         std::vector<std::string> common;
         for (const StoredValue& value : left) {
-            const auto other = others.find(value.name);
-            const StoredValue* same = other == others.end() ? nullptr : other->second;
-            if (same == nullptr || !(*same == value)) add(path, &value, same);
-            if (same == nullptr) continue;
-            common.push_back(value.name);
-            others.erase(other);
+            const auto other = onTheRight.find(value.name);
+            const bool isCommon = other != onTheRight.end();
+            if (isCommon) common.push_back(value.name);
+            if (!isCommon || !(*other->second == value)) add(path, &value, isCommon ? other->second : nullptr);
         }
         std::vector<std::string> commonOnTheRight;
         for (const StoredValue& value : right) {
-            if (others.contains(value.name)) {
-                add(path, nullptr, &value);
-            } else {
-                commonOnTheRight.push_back(value.name);
-            }
+            const bool isCommon = onTheLeft.contains(value.name);
+            if (isCommon) commonOnTheRight.push_back(value.name);
+            if (!isCommon) add(path, nullptr, &value);
         }
         if (orderCounts(path) && common != commonOnTheRight) {
             found_.push_back({groupOf(path), samePath(path, part::indexTable) ? "order of the indexes" : "order",
@@ -151,6 +150,8 @@ std::string shown(const StoredValue& value) {
     return typeName(value.type) + (value.data.empty() ? "" : " ") + hexDigits(value.data, " ");
 }
 
-std::string typeName(std::uint32_t type) { return type < typeNames.size() ? typeNames.at(type) : std::to_string(type); }
+std::string typeName(std::uint32_t type) {
+    return type < std::size(typeNames) ? typeNames[type] : std::to_string(type);
+}
 
 }  // namespace vrix

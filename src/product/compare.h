@@ -16,9 +16,8 @@ const char* groupName(Group group);
 // The group to which a key of a Product belongs.
 Group groupOf(const KeyPath& path);
 
-// One difference. `what` is a value's name, a Topic, or "order"; in other keys the path in front of it. Texts are bytes
-// of the store's code page; a value that is no plain text is told with its type and bytes. Nothing stands for a value
-// that is not there.
+// One difference. `what` is a value's name, a Topic, or "order"; in other keys the path in front of it. A value that
+// is no plain text is told with its type and bytes. Nothing stands for a value that is not there.
 struct Difference {
     Group group;
     std::string what;

@@ -1,6 +1,6 @@
-#include <charconv>
 #include <utility>
 
+#include "product/encoded_text.h"
 #include "product/settings_lines.h"
 
 namespace vrix {
@@ -19,23 +19,14 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-// A whole hexadecimal number of at most that many digits.
-std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t digits) {
-    std::uint32_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [at, error] = std::from_chars(text.data(), end, number, 16);
-    if (text.size() > digits || at != end || error != std::errc()) return std::nullopt;
-    return number;
-}
-
 class EditorReader {
 public:
-    EditorReader(std::string_view text, bool isUtf8, bool hexIsUtf16, const Encoding& encoding)
-        : lines_(linesOf(text)), isUtf8_(isUtf8), hexIsUtf16_(hexIsUtf16), encoding_(encoding) {}
+    EditorReader(std::string_view text, bool hexIsUtf16, const Encoding& encoding)
+        : lines_(linesOf(text)), hexIsUtf16_(hexIsUtf16), encoding_(encoding) {}
 
     Product read() {
         if (lines_.size() < 2 || !lines_.back().empty()) {
-            throw Malformed("", "the file does not end with an empty line: it may be cut off");
+            throw malformed("", "the file does not end with an empty line: it may be cut off");
         }
         for (at_ = 1; at_ < lines_.size(); ++at_) readLine(lines_[at_]);
         return productOf();
@@ -49,15 +40,13 @@ private:
     void readLine(std::string_view line) {
         if (trimmed(line).empty() || line.starts_with(';')) return;
         if (line.starts_with('[')) {
-            KeyPath path;
-            for (const std::string& name : headerPath(line, at_)) path.push_back(inCodePage(name));
-            sections_.push_back({at_, std::move(path)});
+            KeyPath path = headerPath(line, at_);
+            const auto [known, isNew] = places_.emplace(foldedPath(path), sections_.size());
+            if (isNew) sections_.push_back({at_, std::move(path)});
+            section_ = known->second;
         } else if (line.starts_with('"') || line.starts_with('@')) {
             if (sections_.empty()) refuse("the value stands in no section");
-            const std::size_t index = at_;  // of its first line
-            StoredValue value = readValue(line);
-            if (value.name.find('\0') != std::string::npos) refuseLine(index, "there is a zero byte");
-            sections_.back().values.put(storable(std::move(value)));
+            sections_[section_].values.put(storable(readValue(line)));
         } else {
             refuse("this is neither a section nor a value");
         }
@@ -68,13 +57,13 @@ private:
         if (line.starts_with('@')) {
             line.remove_prefix(1);
         } else {
-            value.name = inCodePage(quoted(line));
+            value.name = quoted(line);
         }
         if (!line.starts_with('=')) refuse("there is no equal sign behind the name");
         line.remove_prefix(1);
         if (line.starts_with('-')) refuse("it deletes a value");
         if (line.starts_with('"')) {
-            value.data = inCodePage(quoted(line)) + '\0';
+            value.data = quoted(line) + '\0';
             if (!trimmed(line).empty()) refuse("there is more behind the text");
         } else if (line.starts_with("dword:")) {
             value.type = valuetype::dword;
@@ -131,7 +120,7 @@ private:
             list += trimmed(line);
             if (!goesOn) break;
             if (!list.empty() && !list.ends_with(',')) refuse("there is no comma behind the byte");
-            if (++at_ == lines_.size()) throw Malformed("", "the file is cut off");
+            if (++at_ == lines_.size()) throw malformed("", "the file is cut off");
             line = lines_[at_];
         }
         std::string data;
@@ -142,39 +131,29 @@ private:
             data += static_cast<char>(*byte);
             rest.remove_prefix(comma == std::string_view::npos ? rest.size() : comma + 1);
         }
-        return hexIsUtf16_ && isText(type) ? textData(data) : data;
+        return valuetype::isText(type) ? textData(data) : data;
     }
 
-    std::string textData(const std::string& utf16) {
-        const auto text = fromUtf16(utf16);
-        if (!text) refuse("the text holds half a character");
-        return inCodePage(*text);
-    }
-
-    std::string inCodePage(const std::string& text) const {
-        if (!isUtf8_) return text;
-        const auto bytes = encoding_.fromUtf8(text);
-        if (!bytes) refuse("the code page of the store lacks a character");
-        return *bytes;
+    std::string textData(const std::string& bytes) const {
+        const auto text = hexIsUtf16_ ? fromUtf16Bytes(bytes) : encoding_.toUtf8(bytes);
+        if (!text) refuse("the bytes are no text");
+        return *text;
     }
 
     // ---- Sections ----
 
     Product productOf() {
         Product product{identity(), {}};
+        KeyMaker keys(product);
         const KeyPath root = rootPath(product.id);
         for (Section& section : sections_) {
             if (isWithin(section.path, root)) {
-                GrowingKey all;
-                StoredKey& key = product.at(belowRoot(section.path, root));
-                for (StoredValue& value : key.values) all.put(std::move(value));
-                for (StoredValue& value : section.values.take()) all.put(std::move(value));
-                key.values = all.take();
-            } else if (!isList(section) && !(isWithin(root, section.path) && section.values.empty())) {
+                keys.at(belowRoot(section.path, root)).values = section.values.take();
+            } else if (!isList(section) && !(isWithin(root, section.path) && section.values.values().empty())) {
                 refuseLine(section.index, "the key is not that of the file's one Product");
             }
         }
-        if (product.keys.empty()) throw Malformed("", "the file has no settings of a Product");
+        if (product.keys.empty()) throw malformed("", "the file has no settings of a Product");
         product.sortKeys();
         return product;
     }
@@ -186,18 +165,23 @@ private:
     // By the one row of a list, or by the first key that may be a Product's.
     ProductId identity() const {
         std::optional<ProductId> id;
-        for (const Section& section : sections_) {
-            for (const StoredValue& row : isList(section) ? section.values.values() : std::vector<StoredValue>()) {
-                if (id) refuseLine(section.index, "there is more than one Product in the lists");
-                if (!isText(row.type) || row.name.empty()) refuseLine(section.index, "the row of the list is no text");
-                id = {samePath(section.path, listPath(Tree::toolkit)) ? Tree::toolkit : Tree::installed, row.name,
-                      textOf(row)};
-            }
+        for (const Tree tree : {Tree::installed, Tree::toolkit}) {
+            const auto list = places_.find(foldedPath(listPath(tree)));
+            if (list != places_.end()) readList(sections_[list->second], tree, id);
         }
         for (std::size_t i = 0; i < sections_.size() && !id; ++i) id = rootOf(sections_[i]);
-        if (!id) throw Malformed("", "the file names no Product");
-        if (const std::string why = whyNoKey(*id); !why.empty()) throw Malformed("", why);
+        if (!id) throw malformed("", "the file names no Product");
+        if (const std::string why = whyNoKey(*id); !why.empty()) throw malformed("", why);
         return *id;
+    }
+
+    static void readList(const Section& list, Tree tree, std::optional<ProductId>& id) {
+        for (const StoredValue& row : list.values.values()) {
+            if (id) refuseLine(list.index, "there is more than one Product in the lists");
+            if (!valuetype::isText(row.type) || row.name.empty())
+                refuseLine(list.index, "the row of the list is no text");
+            id = {tree, row.name, textOf(row)};
+        }
     }
 
     static std::optional<ProductId> rootOf(const Section& section) {
@@ -209,17 +193,18 @@ private:
     }
 
     std::vector<std::string_view> lines_;
-    bool isUtf8_;
     bool hexIsUtf16_;
     const Encoding& encoding_;
     std::size_t at_ = 0;
     std::vector<Section> sections_;
+    std::unordered_map<std::string, std::size_t> places_;  // of sections, by their folded paths
+    std::size_t section_ = 0;                              // where values go
 };
 
 }  // namespace
 
-Product readEditorSettings(std::string_view text, bool isUtf8, bool hexIsUtf16, const Encoding& encoding) {
-    return EditorReader(text, isUtf8, hexIsUtf16, encoding).read();
+Product readEditorSettings(std::string_view text, bool hexIsUtf16, const Encoding& encoding) {
+    return EditorReader(text, hexIsUtf16, encoding).read();
 }
 
 }  // namespace vrix

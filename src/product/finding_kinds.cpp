@@ -23,6 +23,9 @@ constexpr std::array kinds{
                 "Use a path of the form \\\\server\\share\\file if the drive is a mapped one.",
                 "A mapped drive belongs to one user's session. Neither the builder under another user nor a program "
                 "with administrator rights finds it."},
+    FindingKind{"half-character", warning, "A name or a text holds half a character.", "Enter it anew.",
+                "The registry keeps characters beyond the first 65,536 as two halves, and lets a program store one of "
+                "them alone. No screen shows it and no settings file holds it. JSON files and backups keep it."},
     FindingKind{"index-without-topic", note, "The table of indexes has an entry for no Topic.",
                 "Save the dependencies in the Toolkit, or apply a file of the Product.",
                 "A deleted Topic leaves its index behind. A new Topic of the same name takes that index up again."},
@@ -68,10 +71,6 @@ constexpr std::array kinds{
                 "Look at both with --view 64 and --view 32, and remove the one that nobody reads.",
                 "64-bit Windows keeps two stores, one for 64-bit and one for 32-bit programs. A program sees one of "
                 "them, so two Products of one name can differ without notice."},
-    FindingKind{"outside-code-page", warning, "A name or a text has characters that the system's code page lacks.",
-                "Enter it anew in characters of the code page.",
-                "The Toolkit and this program see other characters instead, mostly question marks, and so do settings "
-                "files, JSON and backups. By such a name they find no value."},
     FindingKind{"path-with-double-backslash", warning, "A path has a double backslash in its middle.",
                 "Enter the path anew with single backslashes.",
                 "The export takes a double backslash for the start of a network path and loses what stands in front "
@@ -114,9 +113,6 @@ constexpr std::array kinds{
                 "Make one of them anew under a key of its own, and remove its row.",
                 "Both rows lead to the same settings: what is changed in one changes the other, and deleting one "
                 "leaves the other without."},
-    FindingKind{"undefined-bytes", warning, "A text has bytes that stand for no character.", "Enter the text anew.",
-                "The code page of this machine has no character there. Other programs show another one or a question "
-                "mark, and it does not survive the way to a machine with another code page."},
     FindingKind{"unknown-dependency", error, "A Topic depends on a number that is no Topic's.",
                 "Open the dependencies of the Topic in the Toolkit, correct the marks and save them.",
                 "A number that fits no Topic marks the Topic of the number before once more, or the first one. The "
@@ -132,6 +128,10 @@ constexpr std::array kinds{
                 "Nothing needs to be done; a settings file does not keep it.",
                 "The Toolkit leaves one behind when it saves the Topics. It does no harm as long as nothing comes "
                 "behind it, as the next save of the dependencies may do."},
+    FindingKind{"unreachable-value", warning, "A key has a value whose name holds a zero character.",
+                "Remove the key with \"vrix remove\" and apply the Product anew, or leave the value.",
+                "Windows lists such a value and finds it by no name, so that it can be neither read nor removed. The "
+                "Toolkit, files and backups pass over it. It goes with its key."},
 };
 
 constexpr bool isSorted() {

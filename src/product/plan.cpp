@@ -5,10 +5,10 @@
 #include <optional>
 #include <set>
 #include <string_view>
-#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 #include "store/open_key.h"
 
 namespace vrix {
@@ -16,18 +16,13 @@ namespace vrix {
 namespace {
 
 using Kind = StoreChange::Kind;
-using ByName = std::unordered_map<std::string_view, const StoredValue*>;
-
-ByName byName(const std::vector<StoredValue>& values) {
-    ByName found;
-    for (const StoredValue& value : values) found.emplace(value.name, &value);
-    return found;
-}
 
 // ---- What may be written ----
 
+[[noreturn]] void refuse(const std::string& why) { throw Refusal(Refusal::Kind::refused, why); }
+
 void refuseBadKey(const ProductId& id) {
-    if (const std::string why = whyNoKey(id); !why.empty()) throw PlanRefused(why);
+    if (const std::string why = whyNoKey(id); !why.empty()) refuse(why);
 }
 
 // A root that holds another one cannot be changed without changing that one.
@@ -37,8 +32,7 @@ void refuseShared(const std::vector<ProductId>& listed, const ProductId& id, boo
         if (isSameProduct(other, id) || !whyNoKey(other).empty()) continue;
         const KeyPath otherRoot = rootPath(other);
         if (isWithin(otherRoot, root) || (!mayLieWithin && isWithin(root, otherRoot))) {
-            throw PlanRefused("the settings of \"" + other.name + "\" and those of the key " + id.key +
-                              " lie in one another");
+            refuse("the settings of \"" + other.name + "\" and those of the key " + id.key + " lie in one another");
         }
     }
 }
@@ -47,24 +41,24 @@ void refuseShared(const std::vector<ProductId>& listed, const ProductId& id, boo
 
 bool leadsTo(const StoredValue& row, const std::string& key) { return samePath(partsOf(textOf(row)), partsOf(key)); }
 
-std::string nameOf(const ProductId& id, const std::vector<StoredValue>& rows) {
+std::string nameOf(const ProductId& id, const Values& rows) {
     if (!id.name.empty()) return id.name;
     const auto row = std::find_if(rows.begin(), rows.end(), [&](const StoredValue& r) { return leadsTo(r, id.key); });
-    if (row == rows.end()) throw PlanRefused("the Product has no name, and the store knows none for its key");
+    if (row == rows.end()) refuse("the Product has no name, and the store knows none for its key");
     return row->name;
 }
 
 // Rows that must go do so before one is set: a row that differs in case alone would be found under both names.
 void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unnamed unnamed) {
     const SharedPath path = listPath(id.tree);
-    const std::vector<StoredValue> rows = store.values(path);
+    const Values rows = store.values(path);
     const std::string name = nameOf(id, rows);
     std::shared_ptr<const StoredValue> before;
     for (const StoredValue& row : rows) {
         const bool same = sameName(row.name, name);
         const bool ours = leadsTo(row, id.key);
         if (same && !ours && store.hasRoot({id.tree, "", textOf(row)})) {
-            throw PlanRefused("the name \"" + name + "\" belongs to the Product with the key " + textOf(row));
+            refuse("the name \"" + name + "\" belongs to the Product with the key " + textOf(row));
         }
         if (row.name == name) {
             before = std::make_shared<StoredValue>(row);
@@ -82,16 +76,16 @@ void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unname
 // The changes of one key.
 class KeyPlan {
 public:
-    KeyPlan(Plan& plan, SharedPath path, std::vector<StoredValue>& wanted, const std::vector<StoredValue>& there)
+    KeyPlan(Plan& plan, SharedPath path, Values& wanted, const Values& there)
         : plan_(plan), path_(std::move(path)), wanted_(wanted), there_(there), isThere_(byName(there)) {}
 
     void removeUnwanted(Unnamed unnamed) {
         if (there_.empty()) return;
-        const ByName isWanted = byName(wanted_);
+        const ValuesByName isWanted = byName(wanted_);
         std::set<std::string> wantedInAnyCase;
-        for (const StoredValue& value : wanted_) wantedInAnyCase.insert(lowerCase(value.name));
+        for (const StoredValue& value : wanted_) wantedInAnyCase.insert(foldedName(value.name));
         for (const StoredValue& value : there_) {
-            const bool stays = unnamed == Unnamed::kept && !wantedInAnyCase.contains(lowerCase(value.name));
+            const bool stays = unnamed == Unnamed::kept && !wantedInAnyCase.contains(foldedName(value.name));
             if (isWanted.contains(value.name)) {
                 kept_.push_back(value.name);
             } else if (!stays) {
@@ -129,21 +123,21 @@ private:
 
     Plan& plan_;
     SharedPath path_;
-    std::vector<StoredValue>& wanted_;  // each goes into the plan
-    const std::vector<StoredValue>& there_;
-    ByName isThere_;
+    Values& wanted_;  // each goes into the plan
+    const Values& there_;
+    ValuesByName isThere_;
     std::vector<std::string> kept_;  // the names that are wanted and there, in the order of the store
 };
 
 // The store's dates of creation stay. Without any, the given ones come.
-void settleDates(StoredKey& wanted, std::vector<StoredValue>& there) {
+void settleDates(StoredKey& wanted, Values& there) {
     const auto isDate = [](const StoredValue& value) { return isCreationDate(value.name); };
     if (std::erase_if(there, isDate) > 0) std::erase_if(wanted.values, isDate);
 }
 
-void planKey(Plan& plan, const Product& stored, StoredKey& wanted, Unnamed unnamed) {
-    const StoredKey* found = stored.find(wanted.path);
-    std::vector<StoredValue> there = found == nullptr ? std::vector<StoredValue>() : found->values;
+// `found` is the key as the store has it, or null.
+void planKey(Plan& plan, const Product& stored, const StoredKey* found, StoredKey& wanted, Unnamed unnamed) {
+    Values there = found == nullptr ? Values() : found->values;
     if (wanted.path == part::root) settleDates(wanted, there);
     const SharedPath path = joinedPaths(rootPath(stored.id), wanted.path);
     if (stored.keys.empty() && wanted.values.empty()) plan.push_back({Kind::makeKey, path});
@@ -158,17 +152,29 @@ void planKey(Plan& plan, const Product& stored, StoredKey& wanted, Unnamed unnam
 
 // ---- Keys that go ----
 
+// The Product's keys with all those above them, as folded paths. Those without values count by what lies below them.
+std::unordered_set<std::string> pathsOf(const Product& product, bool countsEmpty) {
+    std::unordered_set<std::string> paths;
+    for (const StoredKey& key : product.keys) {
+        KeyPath path = key.path;
+        bool isNew = countsEmpty || !key.values.empty();
+        while (isNew && (isNew = paths.insert(foldedPath(path)).second) && !path.empty()) path.pop_back();
+    }
+    return paths;
+}
+
 // The stored keys that the Product lacks, and that are not empty with all below them. Children come behind parents.
 std::vector<KeyPath> unwantedKeys(const Product& stored, const Product& product) {
+    const auto wanted = pathsOf(product, true);
+    const auto full = pathsOf(stored, false);
     std::vector<KeyPath> unwanted;
+    std::unordered_set<std::string> going;
     for (const StoredKey& key : stored.keys) {
-        const auto isBelow = [&](const StoredKey& other) { return isWithin(other.path, key.path); };
-        const auto holds = [&](const StoredKey& other) { return isBelow(other) && !other.values.empty(); };
-        const auto goes = [&](const KeyPath& path) { return isWithin(key.path, path); };
-        const bool isWanted = std::any_of(product.keys.begin(), product.keys.end(), isBelow);
-        const bool isFull = std::any_of(stored.keys.begin(), stored.keys.end(), holds);
-        const bool parentGoes = std::any_of(unwanted.begin(), unwanted.end(), goes);
-        if (parentGoes || (!isWanted && isFull)) unwanted.push_back(key.path);
+        const std::string path = foldedPath(key.path);
+        const bool parentGoes = !key.path.empty() && going.contains(foldedPath({key.path.begin(), key.path.end() - 1}));
+        if (!parentGoes && (wanted.contains(path) || !full.contains(path))) continue;
+        going.insert(path);
+        unwanted.push_back(key.path);
     }
     return unwanted;
 }
@@ -188,7 +194,11 @@ void addSettings(Plan& plan, const ProductStore& store, Product wanted, Unnamed 
     std::size_t most = plan.size();
     for (const StoredKey& key : wanted.keys) most += key.values.size();
     plan.reserve(most);
-    for (StoredKey& key : wanted.keys) planKey(plan, stored, key, unnamed);
+    const auto there = keysByPath(stored);
+    for (StoredKey& key : wanted.keys) {
+        const auto found = there.find(foldedPath(key.path));
+        planKey(plan, stored, found == there.end() ? nullptr : found->second, key, unnamed);
+    }
 }
 
 }  // namespace
@@ -205,8 +215,8 @@ Plan planApply(const ProductStore& store, Product product, Unnamed unnamed) {
 Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed) {
     Plan plan;
     for (const Tree tree : {Tree::installed, Tree::toolkit}) {
-        std::vector<StoredValue> rows = wanted.values(listPath(tree));
-        const std::vector<StoredValue> there = store.values(listPath(tree));
+        Values rows = wanted.values(listPath(tree));
+        const Values there = store.values(listPath(tree));
         KeyPlan changes(plan, listPath(tree), rows, there);
         changes.removeUnwanted(unnamed);
         changes.setInOrder();
@@ -293,7 +303,7 @@ void perform(Registry& registry, const Plan& plan, std::size_t& made) {
     for (made = 0; made < plan.size(); ++made) {
         const StoreChange& change = plan[made];
         const RegistryStatus status = writer.make(change);
-        if (status != RegistryStatus::success) throw StoreRefused(status, refusalText(change.path, status));
+        if (status != RegistryStatus::success) refuse(refusalText(change.path, status));
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,13 +38,6 @@ struct StoreChange {
 // there unlisted.
 using Plan = std::vector<StoreChange>;
 
-// Thrown where a Product may not be written: its key stands in the place of a list or tree, its root holds another
-// Product's or lies in it, its name belongs to another Product, or it has no name and the store knows none.
-class PlanRefused final : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
 // What becomes of values and keys that the Product does not name.
 enum class Unnamed { removed, kept };
 
@@ -53,7 +45,9 @@ enum class Unnamed { removed, kept };
 // empty where compare() finds none, and none of this holds either. The store's date of creation stays; only where it
 // has none the given one is written. Other rows of the list that name the same key go. Empty keys come with a Product
 // that is new in the store. Where the order of values says something, those behind the first that stands wrong are
-// removed and set again, one by one. Throws PlanRefused, and StoreRefused from reading.
+// removed and set again, one by one. Throws Refusal
+// (refused) where the Product may not be written: its key stands in the place of a list or tree, its root holds another
+// Product's or lies in it, its name belongs to another Product, or it has no name and the store knows none.
 Plan planApply(const ProductStore& store, Product product, Unnamed unnamed);
 
 // The two halves of bringing a whole store back: what makes both lists what another store's are, and what makes the
@@ -65,8 +59,8 @@ Plan planSettings(const ProductStore& store, Product product, Unnamed unnamed);
 // where there is neither.
 Plan planRemoval(const ProductStore& store, const ProductId& id);
 
-// Makes the changes one after the other and counts in `made` those that are made. Throws StoreRefused at the first that
-// the registry refuses; those before it stay made.
+// Makes the changes one after the other and counts in `made` those that are made. Throws Refusal (refused) at the first
+// that the registry refuses; those before it stay made.
 void perform(Registry& registry, const Plan& plan, std::size_t& made);
 void perform(Registry& registry, const Plan& plan);
 

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstring>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 #include "store/variant.h"
 
 namespace vrix {
@@ -18,22 +19,6 @@ std::size_t placeOf(const std::string& name) {
     constexpr std::array known{"Topics", "Dependencies", "Options", "SmartFields", "Toolkit"};
     const auto found = std::find_if(known.begin(), known.end(), [&](const char* key) { return sameName(key, name); });
     return static_cast<std::size_t>(found - known.begin());
-}
-
-bool comesBefore(const StoredKey& a, const StoredKey& b) {
-    if (!a.path.empty() && !b.path.empty()) {
-        const std::size_t left = placeOf(a.path[0]);
-        const std::size_t right = placeOf(b.path[0]);
-        if (left != right) return left < right;
-    }
-    return a.path < b.path;
-}
-
-bool hasHighControl(const std::string& utf8) {
-    for (auto at = utf8.find('\xC2'); at != std::string::npos; at = utf8.find('\xC2', at + 1)) {
-        if (at + 1 < utf8.size() && static_cast<unsigned char>(utf8[at + 1]) < 0xA0) return true;
-    }
-    return false;
 }
 
 std::uint32_t numberOf(const StoredValue& value) {
@@ -55,17 +40,45 @@ const StoredKey* Product::find(const KeyPath& path) const {
     return found == keys.end() ? nullptr : &*found;
 }
 
-StoredKey& Product::at(const KeyPath& path) {
-    KeyPath above;
-    for (std::size_t depth = 0;; ++depth) {
-        if (find(above) == nullptr) keys.push_back({above, {}});
-        if (depth == path.size()) break;
-        above.push_back(path[depth]);
-    }
-    return const_cast<StoredKey&>(*find(path));
+const Values& Product::values(const KeyPath& path) const {
+    static const Values none;
+    const StoredKey* key = find(path);
+    return key == nullptr ? none : key->values;
 }
 
-void Product::sortKeys() { std::stable_sort(keys.begin(), keys.end(), comesBefore); }
+StoredKey& Product::at(const KeyPath& path) { return KeyMaker(*this).at(path); }
+
+void Product::sortKeys() {
+    std::vector<std::pair<std::size_t, StoredKey>> placed;
+    placed.reserve(keys.size());
+    for (StoredKey& key : keys) placed.emplace_back(key.path.empty() ? 0 : 1 + placeOf(key.path[0]), std::move(key));
+    std::stable_sort(placed.begin(), placed.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first ? a.first < b.first : a.second.path < b.second.path;
+    });
+    for (std::size_t i = 0; i < keys.size(); ++i) keys[i] = std::move(placed[i].second);
+}
+
+std::string foldedPath(const KeyPath& path) { return foldedName(joined(path)); }
+
+std::unordered_map<std::string, const StoredKey*> keysByPath(const Product& product) {
+    std::unordered_map<std::string, const StoredKey*> keys;
+    for (const StoredKey& key : product.keys) keys.emplace(foldedPath(key.path), &key);
+    return keys;
+}
+
+KeyMaker::KeyMaker(Product& product) : product_(product) {
+    for (std::size_t i = 0; i < product.keys.size(); ++i) places_.emplace(foldedPath(product.keys[i].path), i);
+}
+
+StoredKey& KeyMaker::at(const KeyPath& path) {
+    KeyPath part;
+    for (std::size_t depth = 0;; ++depth) {
+        const auto [known, isNew] = places_.emplace(foldedPath(part), product_.keys.size());
+        if (isNew) product_.keys.push_back({part, {}});
+        if (depth == path.size()) return product_.keys[known->second];
+        part.push_back(path[depth]);
+    }
+}
 
 bool isSameProduct(const ProductId& a, const ProductId& b) {
     return a.tree == b.tree && samePath(partsOf(a.key), partsOf(b.key));
@@ -80,15 +93,16 @@ bool orderCounts(const KeyPath& path) {
 
 // ---- Values ----
 
-const StoredValue* findValue(const StoredKey* key, std::string_view name) {
-    if (key == nullptr) return nullptr;
-    const auto found = std::find_if(key->values.begin(), key->values.end(),
+const StoredValue* findValue(const Values& values, std::string_view name) {
+    const auto found = std::find_if(values.begin(), values.end(),
                                     [&](const StoredValue& value) { return sameName(value.name, name); });
-    return found == key->values.end() ? nullptr : &*found;
+    return found == values.end() ? nullptr : &*found;
 }
 
-bool isText(std::uint32_t type) {
-    return type == valuetype::string || type == valuetype::expandString || type == valuetype::multiString;
+ValuesByName byName(const Values& values) {
+    ValuesByName found;
+    for (const StoredValue& value : values) found.emplace(value.name, &value);
+    return found;
 }
 
 std::string hexDigits(std::string_view bytes, std::string_view between) {
@@ -102,11 +116,23 @@ std::string hexDigits(std::string_view bytes, std::string_view between) {
     return text;
 }
 
+bool isDigits(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t most) {
+    std::uint32_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [at, error] = std::from_chars(text.data(), end, number, 16);
+    if (text.size() > most || at != end || error != std::errc()) return std::nullopt;
+    return number;
+}
+
 std::string textOf(const StoredValue& value) {
     if (value.type == valuetype::dword || value.type == valuetype::dwordBigEndian) {
         return std::to_string(static_cast<std::int32_t>(numberOf(value)));
     }
-    if (!isText(value.type) || value.data.empty()) return value.data;
+    if (!valuetype::isText(value.type) || value.data.empty()) return value.data;
     return value.data.substr(0, value.data.size() - 1);
 }
 
@@ -132,7 +158,7 @@ bool isCreationDate(std::string_view name) {
 }
 
 std::string createdOf(const Product& product) {
-    const StoredKey* root = product.find(part::root);
+    const Values& root = product.values(part::root);
     const Tree other = product.id.tree == Tree::toolkit ? Tree::installed : Tree::toolkit;
     for (const Tree tree : {product.id.tree, other}) {
         const StoredValue* date = findValue(root, creationDateName(tree));
@@ -158,7 +184,7 @@ std::string joined(const KeyPath& path) {
 KeyPath partsOf(std::string_view text) {
     KeyPath parts;
     for (std::size_t from = 0; from <= text.size();) {
-        const std::size_t end = std::min(findCharacter(text, '\\', from), text.size());
+        const std::size_t end = std::min(text.find('\\', from), text.size());
         if (end > from) parts.emplace_back(text.substr(from, end - from));
         from = end + 1;
     }
@@ -166,12 +192,10 @@ KeyPath partsOf(std::string_view text) {
 }
 
 bool isKeyName(const std::string& name) {
-    return name.size() <= longestKeyName && name.find('\0') == std::string::npos && partsOf(name) == KeyPath{name};
+    return utf16Size(name) <= longestKeyName && name.find('\0') == std::string::npos && partsOf(name) == KeyPath{name};
 }
 
-bool sameName(std::string_view a, std::string_view b) {
-    return a == b || lowerCase(std::string(a)) == lowerCase(std::string(b));
-}
+bool sameName(std::string_view a, std::string_view b) { return a == b || foldedName(a) == foldedName(b); }
 
 KeyPath joinedPaths(KeyPath path, const KeyPath& more) {
     path.insert(path.end(), more.begin(), more.end());
@@ -188,21 +212,19 @@ bool isWithin(const KeyPath& path, const KeyPath& above) {
 
 bool samePath(const KeyPath& a, const KeyPath& b) { return a.size() == b.size() && isWithin(a, b); }
 
-std::optional<std::string> exactUtf8(const Encoding& encoding, const std::string& text) {
-    auto utf8 = encoding.toUtf8(text);
-    if (utf8 && (hasHighControl(*utf8) || encoding.fromUtf8(*utf8) != text)) utf8.reset();
-    return utf8;
-}
-
 std::string whyNoKey(const ProductId& id) {
     const KeyPath parts = partsOf(id.key);
     if (parts.empty()) return "a Product needs a key";
     if (!std::all_of(parts.begin(), parts.end(), isKeyName)) {
-        return "the name of a key is longer than 255 bytes or holds a zero byte";
+        return "the name of a key is longer than 255 characters or holds a zero character";
     }
     const bool isTree = id.tree == Tree::installed && sameName(parts[0], "Toolkit");
     if (isTree || sameName(parts[0], "Products")) return "\"" + parts[0] + "\" is not the key of a Product";
     return {};
+}
+
+Refusal malformed(const std::string& place, const std::string& why) {
+    return {Refusal::Kind::malformed, place.empty() ? why : place + ": " + why};
 }
 
 }  // namespace vrix

@@ -3,12 +3,12 @@
 #include <compare>
 #include <cstdint>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
-#include "common/encoding.h"
+#include "common/refusal.h"
 #include "platform/registry.h"
 
 namespace vrix {
@@ -23,14 +23,16 @@ struct ProductId {
     std::string key;   // the key of its settings; it may hold backslashes
 };
 
-// A value as the store has it. `data` are its bytes, those of a text with its terminator.
+// A value as the store has it. Names, and the data of texts, are UTF-8 that keeps half characters; a text's data have
+// its terminator. The data of other types are bytes.
 struct StoredValue {
     std::string name;
     std::uint32_t type = valuetype::string;
     std::string data;
-    bool isExact = true;  // false where the code page lacks characters of it, for which others stand here
     bool operator==(const StoredValue&) const = default;
 };
+
+using Values = std::vector<StoredValue>;
 
 // The names of keys from the Product's root downwards; none for the root itself.
 using KeyPath = std::vector<std::string>;
@@ -38,8 +40,8 @@ using KeyPath = std::vector<std::string>;
 // A key of a Product with its values in the order of the store.
 struct StoredKey {
     KeyPath path;
-    std::vector<StoredValue> values;
-    bool operator==(const StoredKey&) const = default;
+    Values values;
+    std::size_t unreachable = 0;  // values that are there, and that no call can read: their names hold a zero character
 };
 
 // The keys that a Product is made of. Any other one is kept as it is.
@@ -64,10 +66,28 @@ struct Product {
 
     // The key of that path without regard to case, or null.
     const StoredKey* find(const KeyPath& path) const;
-    // The same, made with those above it where it is missing.
+    // Its values; none where there is no such key.
+    const Values& values(const KeyPath& path) const;
+    // The key, made with those above it where it is missing.
     StoredKey& at(const KeyPath& path);
     // Brings the keys into their order.
     void sortKeys();
+};
+
+// A path as one text, the same for all paths that differ in case alone: to keep keys in maps.
+std::string foldedPath(const KeyPath& path);
+// All keys of the Product by their folded paths.
+std::unordered_map<std::string, const StoredKey*> keysByPath(const Product& product);
+
+// Makes keys as Product::at does, for whoever makes many. Meanwhile nobody else adds keys or moves them.
+class KeyMaker {
+public:
+    explicit KeyMaker(Product& product);
+    StoredKey& at(const KeyPath& path);
+
+private:
+    Product& product_;
+    std::unordered_map<std::string, std::size_t> places_{};
 };
 
 // Whether both are one tree and key.
@@ -78,13 +98,18 @@ const char* treeName(Tree tree);
 // Whether the order of the values says something there.
 bool orderCounts(const KeyPath& path);
 
-// The value of that name in the key, without regard to case, or null. A null key has no values.
-const StoredValue* findValue(const StoredKey* key, std::string_view name);
+// The value of that name, without regard to case, or null.
+const StoredValue* findValue(const Values& values, std::string_view name);
+// The values by their exact names.
+using ValuesByName = std::unordered_map<std::string_view, const StoredValue*>;
+ValuesByName byName(const Values& values);
 
-// Whether values of that type are texts, whose bytes end with a terminator.
-bool isText(std::uint32_t type);
 // Bytes as pairs of hexadecimal digits, in capitals.
 std::string hexDigits(std::string_view bytes, std::string_view between = "");
+// Whether the text is digits alone, and at least one.
+bool isDigits(std::string_view text);
+// The number of that many hexadecimal digits at most, and of nothing else.
+std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t most);
 // What the Toolkit reads, but for names of the environment, which stay as they are: texts without their terminator,
 // numbers in decimal, other values as their bytes.
 std::string textOf(const StoredValue& value);
@@ -107,7 +132,7 @@ KeyPath rootPath(const ProductId& id);
 std::string joined(const KeyPath& path);
 // A text of the store taken apart at its backslashes. Doubled ones and those at the ends count for nothing.
 KeyPath partsOf(std::string_view text);
-// Whether a key can have that name: 1 to 255 bytes, none of them zero, and no backslash.
+// Whether a key can have that name: 1 to 255 units of UTF-16, none of them zero, and no backslash.
 bool isKeyName(const std::string& name);
 // Without regard to case.
 bool sameName(std::string_view a, std::string_view b);
@@ -118,21 +143,12 @@ KeyPath belowRoot(const KeyPath& path, const KeyPath& root);
 // Whether `path` is `above` or lies below it. Without regard to case.
 bool isWithin(const KeyPath& path, const KeyPath& above);
 
-// The text as UTF-8, if that leads back to the same bytes. Nothing where a byte stands for no character, or for a
-// control character beyond ASCII, which is what some tables have for such bytes.
-std::optional<std::string> exactUtf8(const Encoding& encoding, const std::string& text);
-
 // Why a Product of that name and key cannot be written: an empty key, or one in the place of a list or of a tree. Empty
 // text when it can.
 std::string whyNoKey(const ProductId& id);
 
-// Thrown for a file or text that is not what it should be. `place` is "line 12" or "/options/AllowNoTOC"; empty where
-// the whole is meant. what() has both.
-class Malformed final : public std::runtime_error {
-public:
-    Malformed(const std::string& place_, const std::string& why)
-        : std::runtime_error(place_.empty() ? why : place_ + ": " + why), place(place_) {}
-    std::string place;
-};
+// What is thrown for a file or a text that is not what it should be. `place` is "line 12" or "/options/AllowNoTOC";
+// empty where the whole is meant.
+Refusal malformed(const std::string& place, const std::string& why);
 
 }  // namespace vrix

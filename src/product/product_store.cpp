@@ -10,7 +10,7 @@ namespace vrix {
 namespace {
 
 void expect(RegistryStatus status, const KeyPath& path) {
-    if (status != RegistryStatus::success) throw StoreRefused(status, refusalText(path, status));
+    if (status != RegistryStatus::success) throw Refusal(Refusal::Kind::refused, refusalText(path, status));
 }
 
 std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const KeyPath& path) {
@@ -60,7 +60,9 @@ std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const Key
 
 std::string refusalText(const KeyPath& path, RegistryStatus status) {
     const auto number = std::to_string(static_cast<std::int32_t>(status));
-    const std::string why = status == RegistryStatus::accessDenied ? "access is denied" : "the registry refuses";
+    const std::string why = status == RegistryStatus::accessDenied
+                                ? "access is denied, administrator rights may be missing"
+                                : "the registry refuses";
     return "Software\\Vrix" + (path.empty() ? "" : "\\" + joined(path)) + ": " + why + " (" + number + ")";
 }
 

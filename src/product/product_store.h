@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -10,15 +9,8 @@
 
 namespace vrix {
 
-// Thrown where the registry refuses what reading or writing needs. what() names key and status.
-class StoreRefused final : public std::runtime_error {
-public:
-    StoreRefused(RegistryStatus status_, const std::string& what) : std::runtime_error(what), status(status_) {}
-    RegistryStatus status;
-};
-
 // The Products of a registry, below HKEY_LOCAL_MACHINE\Software\Vrix. Every call reads anew; nothing here writes. A key
-// that is not there reads as empty. Any other refusal is StoreRefused.
+// that is not there reads as empty. Any other refusal is Refusal (refused), which names key and status.
 class ProductStore {
 public:
     explicit ProductStore(Registry& registry) : registry_(registry) {}
@@ -49,7 +41,7 @@ private:
 // way are made. The key is the caller's to close, and 0 unless the status is success.
 RegistryStatus openBelowFamily(Registry& registry, const KeyPath& path, std::uint32_t rights, bool make,
                                RegistryKey& key);
-// All values of an open key, in its order; refusals are StoreRefused, which names `path`.
+// All values of an open key, in its order; refusals are Refusal, which names `path`.
 std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const KeyPath& path);
 
 // The sentence for a refusal, such as "Software\Vrix\K: access denied (5)".

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,9 +16,11 @@ namespace vrix {
 // The text cut at its line ends, CR LF or LF. What stands behind the last one is a line too, if it is not empty.
 std::vector<std::string_view> linesOf(std::string_view text);
 
-// "line 12" for index 11.
-std::string linePlace(std::size_t index);
+// Throws Refusal (malformed), which names the line of that index.
 [[noreturn]] void refuseLine(std::size_t index, const std::string& why);
+// The same for the first line that is not good.
+[[noreturn]] void refuseFirst(std::string_view text, const std::function<bool(std::string_view)>& isGood,
+                              const std::string& why);
 
 // The key of a header such as "[HKEY_LOCAL_MACHINE\Software\Vrix\Products]", from the family key downwards. Refuses a
 // deletion, and what is outside of the family key.
@@ -27,11 +29,8 @@ KeyPath headerPath(std::string_view line, std::size_t index);
 // The values of a key in the making. As in the registry, a name that comes again gives the first one its new data.
 class GrowingKey {
 public:
-    // Makes room for so many values.
-    void reserve(std::size_t count);
     void put(StoredValue value);
     std::vector<StoredValue> take() { return std::move(values_); }
-    bool empty() const { return values_.empty(); }
     const std::vector<StoredValue>& values() const { return values_; }
 
 private:
@@ -42,12 +41,9 @@ private:
 // A value as a store keeps it: a text ends with a zero byte.
 StoredValue storable(StoredValue value);
 
-// UTF-16, least byte first, as UTF-8; nothing for half a character.
-std::optional<std::string> fromUtf16(std::string_view bytes);
-
-// The two formats.
-Product readToolkitSettings(std::string_view file);
-// `isUtf8` says that the text was brought to UTF-8 and goes to the code page piece by piece; else it is taken as it is.
-Product readEditorSettings(std::string_view text, bool isUtf8, bool hexIsUtf16, const Encoding& encoding);
+// The two formats, as text. Data of the editor's that are texts in hexadecimal digits are UTF-16 if `hexIsUtf16`, else
+// bytes of the code page.
+Product readToolkitSettings(std::string_view text);
+Product readEditorSettings(std::string_view text, bool hexIsUtf16, const Encoding& encoding);
 
 }  // namespace vrix

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 #include "platform/files.h"
+#include "product/encoded_text.h"
 #include "product/settings_lines.h"
 #include "store/cregistry_functions.h"
 #include "store/product_export.h"
@@ -34,13 +35,7 @@ private:
     };
 };
 
-void refuseZeroBytes(std::string_view text) {
-    const std::size_t zero = text.find('\0');
-    if (zero == std::string_view::npos) return;
-    refuseLine(
-        static_cast<std::size_t>(std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(zero), '\n')),
-        "there is a zero byte");
-}
+bool hasNoZero(std::string_view text) { return text.find('\0') == std::string_view::npos; }
 
 bool isListHeader(std::string_view line, std::size_t index) {
     if (!line.starts_with('[')) return false;
@@ -69,22 +64,15 @@ std::string settingsText(Registry& registry, const ProductId& id) {
 }
 
 Product readSettings(std::string_view file, const Encoding& encoding) {
-    if (file.starts_with("\xFF\xFE")) {
-        const auto text = fromUtf16(file.substr(2));
-        if (!text) throw Malformed("", "the file holds half a character");
-        refuseZeroBytes(*text);
-        const auto lines = linesOf(*text);
-        if (lines.empty() || lines[0] != "Windows Registry Editor Version 5.00") {
-            refuseLine(0, "this is no settings file of version 5.00");
-        }
-        return readEditorSettings(*text, true, true, encoding);
-    }
-    const auto lines = linesOf(file);
-    if (lines.empty() || lines[0] != "REGEDIT4") refuseLine(0, "this is no settings file: REGEDIT4 is missing");
-    refuseZeroBytes(file);
-    if (isToolkits(lines)) return readToolkitSettings(file);
-    const auto text = encoding.toUtf8(file);
-    return readEditorSettings(text ? *text : file, text.has_value(), false, encoding);
+    const auto marked = markedText(file);
+    const std::string_view start = marked ? *marked : file;
+    const std::string_view signature = start.substr(0, start.find_first_of("\r\n"));
+    const bool isVersion5 = signature == "Windows Registry Editor Version 5.00";
+    if (!isVersion5 && signature != "REGEDIT4") refuseLine(0, "this is no settings file: REGEDIT4 is missing");
+    const std::string text = marked ? *marked : decoded(file, encoding);
+    if (!hasNoZero(text)) refuseFirst(text, hasNoZero, "there is a zero character");
+    return !isVersion5 && isToolkits(linesOf(text)) ? readToolkitSettings(text)
+                                                    : readEditorSettings(text, isVersion5, encoding);
 }
 
 // ---- What the readers share ----
@@ -101,9 +89,14 @@ std::vector<std::string_view> linesOf(std::string_view text) {
     return lines;
 }
 
-std::string linePlace(std::size_t index) { return "line " + std::to_string(index + 1); }
+void refuseLine(std::size_t index, const std::string& why) {
+    throw malformed("line " + std::to_string(index + 1), why);
+}
 
-void refuseLine(std::size_t index, const std::string& why) { throw Malformed(linePlace(index), why); }
+void refuseFirst(std::string_view text, const std::function<bool(std::string_view)>& isGood, const std::string& why) {
+    const auto lines = linesOf(text);
+    refuseLine(static_cast<std::size_t>(std::find_if_not(lines.begin(), lines.end(), isGood) - lines.begin()), why);
+}
 
 KeyPath headerPath(std::string_view line, std::size_t index) {
     if (line.starts_with("[-")) refuseLine(index, "it deletes a key");
@@ -115,13 +108,8 @@ KeyPath headerPath(std::string_view line, std::size_t index) {
     return belowRoot(path, family);
 }
 
-void GrowingKey::reserve(std::size_t count) {
-    values_.reserve(count);
-    places_.reserve(count);
-}
-
 void GrowingKey::put(StoredValue value) {
-    const auto [place, isNew] = places_.emplace(lowerCase(value.name), values_.size());
+    const auto [place, isNew] = places_.emplace(foldedName(value.name), values_.size());
     if (isNew) {
         values_.push_back(std::move(value));
     } else {
@@ -131,41 +119,8 @@ void GrowingKey::put(StoredValue value) {
 }
 
 StoredValue storable(StoredValue value) {
-    if (isText(value.type) && !value.data.empty() && value.data.back() != '\0') value.data += '\0';
+    if (valuetype::isText(value.type) && !value.data.empty() && value.data.back() != '\0') value.data += '\0';
     return value;
-}
-
-namespace {
-
-void appendUtf8(std::string& text, std::uint32_t character) {
-    const auto add = [&](std::uint32_t byte) { text += static_cast<char>(byte); };
-    const auto tail = [&](unsigned shift) { add(0x80 | (character >> shift & 0x3F)); };
-    if (character < 0x80) return add(character);
-    if (character < 0x800) return add(0xC0 | character >> 6), tail(0);
-    if (character < 0x10000) return add(0xE0 | character >> 12), tail(6), tail(0);
-    add(0xF0 | character >> 18), tail(12), tail(6), tail(0);
-}
-
-}  // namespace
-
-std::optional<std::string> fromUtf16(std::string_view bytes) {
-    if (bytes.size() % 2 != 0) return std::nullopt;
-    const auto unit = [&](std::size_t at) {
-        return static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[at]) |
-                                          static_cast<unsigned char>(bytes[at + 1]) << 8);
-    };
-    std::string text;
-    for (std::size_t at = 0; at < bytes.size(); at += 2) {
-        std::uint32_t character = unit(at);
-        if (character >= 0xD800 && character < 0xE000) {
-            at += 2;
-            const std::uint32_t second = at < bytes.size() ? unit(at) : 0;
-            if (character >= 0xDC00 || second < 0xDC00 || second >= 0xE000) return std::nullopt;
-            character = 0x10000 + ((character - 0xD800) << 10) + (second - 0xDC00);
-        }
-        appendUtf8(text, character);
-    }
-    return text;
 }
 
 }  // namespace vrix

@@ -2,7 +2,6 @@
 #include <functional>
 #include <unordered_set>
 
-#include "common/code_page.h"
 #include "product/settings_lines.h"
 #include "store/option_table.h"
 
@@ -26,10 +25,6 @@ struct Entry {
     std::string_view data;
 };
 
-bool isNumber(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 bool isPathOption(std::string_view name) {
     const OptionRow* option = findOption(name);
     return option != nullptr && option->kind == OptionKind::path;
@@ -38,16 +33,11 @@ bool isPathOption(std::string_view name) {
 // A path's data with each doubled backslash as one; nothing where one stands alone.
 std::optional<std::string> unescaped(std::string_view data) {
     std::string path;
-    path.reserve(data.size());
-    for (;;) {
-        const std::size_t end = std::min(findCharacter(data, '\\', 0), data.size());
-        path += data.substr(0, end);
-        data.remove_prefix(end);
-        if (data.empty()) return path;
-        if (!data.starts_with("\\\\")) return std::nullopt;
-        path += '\\';
-        data.remove_prefix(2);
+    for (std::size_t i = 0; i < data.size(); ++i) {
+        path += data[i];
+        if (data[i] == '\\' && (++i == data.size() || data[i] != '\\')) return std::nullopt;
     }
+    return path;
 }
 
 std::vector<Section> sectionsOf(const std::vector<std::string_view>& lines) {
@@ -102,8 +92,8 @@ public:
     explicit ToolkitReader(std::vector<Section> sections) : sections_(std::move(sections)) {}
 
     Product read() {
-        const auto hasNumber = [](const Entry& entry) { return isNumber(entry.data); };
-        const auto isNumbered = [](const Entry& entry) { return entry.name.empty() || isNumber(entry.name); };
+        const auto hasNumber = [](const Entry& entry) { return isDigits(entry.data); };
+        const auto isNumbered = [](const Entry& entry) { return entry.name.empty() || isDigits(entry.name); };
         const auto isTopic = [this](const Entry& entry) { return topics_.contains(entry.name); };
         const auto isOption = [](const Entry& entry) { return findOption(entry.name) != nullptr; };
         const auto isField = [](const Entry& entry) { return entry.name.starts_with("SmartField"); };
@@ -167,7 +157,6 @@ private:
         std::vector<Entry> all;
         GrowingKey key;
         all.reserve(lines.size());
-        key.reserve(lines.size());
         for (const Line& line : lines) {
             all.push_back(entryOf(line, fits));
             const Entry& entry = all.back();
@@ -175,12 +164,12 @@ private:
             if (isPath(entry.name) && !plain) refuseLine(line.index, "a backslash of the path is not doubled");
             key.put(textValue(entry.name, plain ? *plain : entry.data));
         }
-        if (!key.empty()) product_.at(path).values = key.take();
+        if (!key.values().empty()) product_.at(path).values = key.take();
         return all;
     }
 
     const Section& peek(const std::string& what) const {
-        if (next_ == sections_.size()) throw Malformed("", "the file is cut off: " + what + " is missing");
+        if (next_ == sections_.size()) throw malformed("", "the file is cut off: " + what + " is missing");
         return sections_[next_];
     }
     const Section& take(const std::string& what) {
@@ -208,10 +197,10 @@ private:
 
 }  // namespace
 
-Product readToolkitSettings(std::string_view file) {
-    const auto lines = linesOf(file);
+Product readToolkitSettings(std::string_view text) {
+    const auto lines = linesOf(text);
     const bool isWhole = lines.size() > 2 && lines.back().empty() && lines[lines.size() - 2].empty();
-    if (!isWhole) throw Malformed("", "the file is cut off: it should end with two empty lines");
+    if (!isWhole) throw malformed("", "the file is cut off: it should end with two empty lines");
     return ToolkitReader(sectionsOf(lines)).read();
 }
 

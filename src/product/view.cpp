@@ -3,23 +3,22 @@
 #include <algorithm>
 #include <map>
 
-#include "common/code_page.h"
+#include "common/utf8.h"
 #include "store/option_table.h"
 
 namespace vrix {
 
 namespace {
 
-// The texts of a key by the names of its values in small letters.
-std::map<std::string, std::string> textsOf(const StoredKey* key) {
+// Texts by the folded names of their values.
+std::map<std::string, std::string> textsOf(const Values& values) {
     std::map<std::string, std::string> texts;
-    if (key == nullptr) return texts;
-    for (const StoredValue& value : key->values) texts.emplace(lowerCase(value.name), textOf(value));
+    for (const StoredValue& value : values) texts.emplace(foldedName(value.name), textOf(value));
     return texts;
 }
 
 std::string textAt(const std::map<std::string, std::string>& texts, const std::string& name) {
-    const auto found = texts.find(lowerCase(name));
+    const auto found = texts.find(foldedName(name));
     return found == texts.end() ? "" : found->second;
 }
 
@@ -36,10 +35,8 @@ std::vector<std::string> numbersOf(const std::string& row) {
 }
 
 DependencyNames::DependencyNames(const Product& product)
-    : indexes_(textsOf(product.find(part::indexTable))), rows_(textsOf(product.find(part::matrix))) {
-    const StoredKey* indexTable = product.find(part::indexTable);
-    if (indexTable == nullptr) return;
-    for (const StoredValue& value : indexTable->values) names_.emplace(textOf(value), value.name);
+    : indexes_(textsOf(product.values(part::indexTable))), rows_(textsOf(product.values(part::matrix))) {
+    for (const StoredValue& value : product.values(part::indexTable)) names_.emplace(textOf(value), value.name);
 }
 
 std::string DependencyNames::topicOf(const std::string& number) const {
@@ -59,10 +56,9 @@ std::vector<std::string> DependencyNames::of(const std::string& topic) const {
 
 namespace {
 
-std::vector<TopicView> topicsOf(const StoredKey* key, const DependencyNames& dependencies) {
+std::vector<TopicView> topicsOf(const Values& values, const DependencyNames& dependencies) {
     std::vector<TopicView> topics;
-    if (key == nullptr) return topics;
-    for (const StoredValue& topic : key->values) {
+    for (const StoredValue& topic : values) {
         topics.push_back({topic.name, textOf(topic), dependencies.of(topic.name)});
     }
     return topics;
@@ -74,17 +70,15 @@ ProductView viewOf(const Product& product) {
     ProductView view;
     view.id = product.id;
     view.created = createdOf(product);
-    const StoredKey* options = product.find(part::options);
+    const Values& options = product.values(part::options);
     for (const OptionRow& option : optionTable()) {
         const StoredValue* value = findValue(options, option.name);
         if (value != nullptr) view.options.emplace_back(option.name, textOf(*value));
     }
     const DependencyNames dependencies(product);
-    view.topics = topicsOf(product.find(part::topics), dependencies);
-    view.addedTopics = topicsOf(product.find(part::addedTopics), dependencies);
-    if (const StoredKey* fields = product.find(part::smartFields)) {
-        for (const StoredValue& field : fields->values) view.smartFields.push_back(textOf(field));
-    }
+    view.topics = topicsOf(product.values(part::topics), dependencies);
+    view.addedTopics = topicsOf(product.values(part::addedTopics), dependencies);
+    for (const StoredValue& field : product.values(part::smartFields)) view.smartFields.push_back(textOf(field));
     return view;
 }
 

@@ -16,7 +16,7 @@ struct TopicView {
     std::vector<std::string> dependsOn{};
 };
 
-// A Product for reading: texts alone, in bytes of the store's code page. What is odd in it shows as far as a text can.
+// A Product for reading: texts alone. What is odd in it shows as far as a text can.
 struct ProductView {
     ProductId id;
     std::string created;

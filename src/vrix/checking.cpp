@@ -17,7 +17,7 @@ using Findings = std::vector<Finding>;
 void append(Findings& all, Findings more) { std::move(more.begin(), more.end(), std::back_inserter(all)); }
 
 Findings findIn(const Run& run, const Product& product) {
-    Findings all = checkProduct(product, run.encoding());
+    Findings all = checkProduct(product);
     if (run.request.files) {
         StandardFiles files;
         append(all, checkFiles(product, files));

@@ -37,11 +37,11 @@ Json take(Json& instance, const char* name) {
     return member;
 }
 
-Product productOf(Run& run, const Json& instance) {
+Product productOf(const Json& instance) {
     try {
-        return fromJson(instance.dump(), run.encoding());
-    } catch (const Malformed& malformed) {
-        throw Failure(ExitCode::malformed, std::string("the instance: ") + malformed.what());
+        return fromJson(instance.dump());
+    } catch (const Refusal& refusal) {
+        throw Refusal(refusal.kind(), std::string("the instance: ") + refusal.what());
     }
 }
 
@@ -50,7 +50,7 @@ Product productOf(Run& run, Json instance, const std::string& file) {
     Product product = productOfFile(run, file);
     if (!instance.contains("key")) instance["key"] = run.shown(product.id.key);
     if (!instance.contains("tree")) instance["tree"] = treeName(product.id.tree);
-    const ProductId told = productOf(run, instance).id;
+    const ProductId told = productOf(instance).id;
     const bool isSame = isSameProduct(told, product.id) && (told.name.empty() || told.name == product.id.name);
     if (isSame && instance.size() == 2 + instance.count("name")) return product;
     throw Failure(ExitCode::malformed, "the instance tells another Product than " + file + ", or more than its key");
@@ -63,7 +63,7 @@ Wanted readWanted(Run& run) {
     take(instance, "_inDesiredState");
     if (!exists.is_null() && !exists.is_boolean()) throw Failure(ExitCode::malformed, "_exist is no boolean");
     if (!file.is_null() && !file.is_string()) throw Failure(ExitCode::malformed, "file is no text");
-    Product product = file.is_null() ? productOf(run, instance) : productOf(run, instance, file);
+    Product product = file.is_null() ? productOf(instance) : productOf(run, instance, file);
     Wanted wanted{product.id, exists.is_null() || exists.get<bool>()};
     const auto identity = instance.count("key") + instance.count("tree") + instance.count("name");
     if (!file.is_null() || instance.size() > identity) wanted.product = std::move(product);
@@ -82,8 +82,8 @@ std::optional<Product> readActual(const ProductStore& store, ProductId id) {
     return isListed || store.hasRoot(id) ? std::optional(store.read(id)) : std::nullopt;
 }
 
-Json stateOf(const Run& run, const ProductId& id, const std::optional<Product>& actual) {
-    Json state = Json::parse(toJson(actual ? *actual : Product{id, {}}, run.encoding(), JsonForm::oneLine));
+Json stateOf(const ProductId& id, const std::optional<Product>& actual) {
+    Json state = Json::parse(toJson(actual ? *actual : Product{id, {}}, JsonForm::oneLine));
     if (!actual) {
         Json identity = Json::object();
         for (const char* name : {"name", "key", "tree"}) {
@@ -116,11 +116,11 @@ bool isInDesiredState(const Wanted& wanted, const std::optional<Product>& actual
     return isNamedSo && (!wanted.product || vrix::compare(*actual, *wanted.product).empty());
 }
 
-Json differences(const Run& run, const Wanted& wanted, const std::optional<Product>& actual) {
+Json differences(const Wanted& wanted, const std::optional<Product>& actual) {
     if (isInDesiredState(wanted, actual)) return Json::array();
     if (wanted.exists != actual.has_value()) return Json::array({"_exist"});
     if (!wanted.product) return Json::array({"name"});
-    return differing(stateOf(run, wanted.id, actual), stateOf(run, wanted.id, wanted.product));
+    return differing(stateOf(wanted.id, actual), stateOf(wanted.id, wanted.product));
 }
 
 Plan planOf(const ProductStore& store, const Wanted& wanted) {
@@ -136,7 +136,7 @@ void printLine(Run& run, const Json& json) { run.print(json.dump()); }
 ExitCode dscGet(Run& run) {
     const Wanted wanted = readWanted(run);
     Store store(run, Store::Use::reading);
-    printLine(run, stateOf(run, wanted.id, readActual(store.products(), wanted.id)));
+    printLine(run, stateOf(wanted.id, readActual(store.products(), wanted.id)));
     return ExitCode::done;
 }
 
@@ -144,17 +144,17 @@ ExitCode dscTest(Run& run) {
     const Wanted wanted = readWanted(run);
     Store store(run, Store::Use::reading);
     const auto actual = readActual(store.products(), wanted.id);
-    Json state = stateOf(run, wanted.id, actual);
+    Json state = stateOf(wanted.id, actual);
     state["_inDesiredState"] = isInDesiredState(wanted, actual);
     printLine(run, state);
-    printLine(run, differences(run, wanted, actual));
+    printLine(run, differences(wanted, actual));
     return ExitCode::done;
 }
 
 ExitCode dscSet(Run& run) {
     const Wanted wanted = readWanted(run);
     Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
-    const Json changed = differences(run, wanted, readActual(store.products(), wanted.id));
+    const Json changed = differences(wanted, readActual(store.products(), wanted.id));
     const Plan plan = planOf(store.products(), wanted);
     EmbeddedRegistry rehearsal;
     if (run.request.dryRun) {
@@ -164,7 +164,7 @@ ExitCode dscSet(Run& run) {
         store.change(plan);
     }
     const ProductStore after(run.request.dryRun ? rehearsal : store.registry());
-    printLine(run, stateOf(run, wanted.id, readActual(after, wanted.id)));
+    printLine(run, stateOf(wanted.id, readActual(after, wanted.id)));
     printLine(run, changed);
     return ExitCode::done;
 }
@@ -179,7 +179,7 @@ ExitCode dscDelete(Run& run) {
 ExitCode dscExport(Run& run) {
     Store store(run, Store::Use::reading);
     for (const ProductId& id : store.products().list()) {
-        if (whyNoKey(id).empty()) printLine(run, stateOf(run, id, store.products().read(id)));
+        if (whyNoKey(id).empty()) printLine(run, stateOf(id, store.products().read(id)));
     }
     return ExitCode::done;
 }

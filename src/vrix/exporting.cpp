@@ -3,6 +3,7 @@
 #include <set>
 
 #include "makers/embedded/embedded_registry.h"
+#include "product/encoded_text.h"
 #include "product/json/product_json.h"
 #include "product/plan.h"
 #include "product/settings_text.h"
@@ -24,15 +25,16 @@ std::string settingsOf(const Product& product) {
 }
 
 std::string bytesOf(Run& run, const Product& product, const std::string& format) {
-    if (format == "json") return toJson(product, run.encoding());
+    if (format == "json") return toJson(product);
     if (format == "xml") {
         return policyCollection(product, run.encoding(), run.request.store.view == RegistryView::bits32);
     }
-    return settingsOf(product);
+    return encodedSettings(settingsOf(product), run.encoding());
 }
 
 std::string bytesOf(Run& run, Store& store, const ProductId& id, const std::string& format) {
-    return format == "kls" ? settingsText(store.registry(), id) : bytesOf(run, store.products().read(id), format);
+    if (format != "kls") return bytesOf(run, store.products().read(id), format);
+    return encodedSettings(settingsText(store.registry(), id), run.encoding());
 }
 
 std::string formatOf(const std::string& path) {

@@ -84,7 +84,7 @@ std::string rowsOf(const Run& run, const std::vector<std::string>& fields) {
 ExitCode show(Run& run) {
     const Product product = ProductSource(run).read(run.request.operands.at(0));
     if (run.request.json) {
-        run.host.write(toJson(product, run.encoding()));
+        run.host.write(toJson(product));
         return ExitCode::done;
     }
     const ProductView view = viewOf(product);

@@ -41,7 +41,7 @@ std::string escaped(const std::string& text, const std::string& place) {
             case '\n': safe += "&#10;"; break;
             case '\r': safe += "&#13;"; break;
             default:
-                if (static_cast<unsigned char>(c) < 0x20) throw Malformed(place, "XML cannot hold a control character");
+                if (static_cast<unsigned char>(c) < 0x20) throw malformed(place, "XML cannot hold a control character");
                 safe += c;
         }
     }
@@ -90,12 +90,12 @@ private:
         if (value.type == valuetype::dword && value.data.size() == 4) {
             return {"11", "REG_DWORD", hexDigits(std::string(value.data.rbegin(), value.data.rend()))};
         }
-        throw Malformed(place, "a policy's collection has no form for this value");
+        throw malformed(place, "a policy's collection has no form for this value");
     }
 
     std::string attribute(const std::string& text, const std::string& place) const {
         const auto known = encoding_.toUtf8(text);
-        if (!known) throw Malformed(place, "this has bytes that stand for no character");
+        if (!known) throw malformed(place, "this has bytes that stand for no character");
         return escaped(*known, place);
     }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "product/encoded_text.h"
 #include "product/json/product_json.h"
 #include "product/settings_text.h"
 
@@ -46,10 +47,9 @@ std::vector<ProductId> candidates(const ProductStore& store, const Wanted& wante
 }
 
 bool isJson(std::string_view bytes) {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
-    const auto first = bytes.find_first_not_of(" \t\r\n");
-    return first != std::string_view::npos && bytes[first] == '{';
+    const auto marked = markedText(bytes);
+    const std::string_view text = marked ? *marked : bytes;
+    return text.substr(std::min(text.find_first_not_of(" \t\r\n"), text.size())).starts_with('{');
 }
 
 }  // namespace
@@ -85,9 +85,9 @@ Product productOfFile(Run& run, const std::string& path) {
     const auto bytes = run.host.readFile(path);
     if (!bytes) throw Failure(ExitCode::notFound, "there is no file " + quoted(path));
     try {
-        return isJson(*bytes) ? fromJson(*bytes, run.encoding()) : readSettings(*bytes, run.encoding());
-    } catch (const Malformed& malformed) {
-        throw Failure(ExitCode::malformed, path + ": " + malformed.what());
+        return isJson(*bytes) ? fromJson(*bytes) : readSettings(*bytes, run.encoding());
+    } catch (const Refusal& refusal) {
+        throw Refusal(refusal.kind(), path + ": " + refusal.what());
     }
 }
 

@@ -1,36 +1,32 @@
 #include "vrix/vrix.h"
 
+#include <array>
 #include <exception>
 #include <nlohmann/json.hpp>
 
 #include "common/code_page.h"
+#include "common/refusal.h"
 #include "common/runtime_failure.h"
 #include "makers/backup/backup_folder.h"
 #include "makers/embedded/journal_file.h"
-#include "product/plan.h"
 #include "vrix/run.h"
 
 namespace vrix {
 
 namespace {
 
-// What a refusal of the store means to the user. Most often rights are missing.
-std::string sentenceOf(const StoreRefused& refused, const StoreChoice& store) {
-    const bool isRegistry = store.kind.value_or(StoreChoice::Kind::registry) == StoreChoice::Kind::registry;
-    if (refused.status == RegistryStatus::accessDenied && isRegistry) {
-        return std::string(refused.what()) + ": run vrix as an administrator";
-    }
-    return refused.what();
+// Sentences may name texts of the store.
+Failure failureOf(const Run& run, const Refusal& refusal) {
+    constexpr std::array codes{ExitCode::wrongUse, ExitCode::notFound, ExitCode::refused, ExitCode::malformed};
+    return {codes.at(static_cast<std::size_t>(refusal.kind())), run.shown(refusal.what())};
 }
 
 // Runs a command and turns what it throws into a failure with a sentence.
 ExitCode runCommand(Run& run) {
     try {
         return run.request.command(run);
-    } catch (const StoreRefused& refused) {
-        throw Failure(ExitCode::refused, run.shown(sentenceOf(refused, run.request.store)));
-    } catch (const PlanRefused& refused) {
-        throw Failure(ExitCode::refused, run.shown(refused.what()));
+    } catch (const Refusal& refusal) {
+        throw failureOf(run, refusal);
     } catch (const BackupFailed& failed) {
         throw Failure(ExitCode::refused, std::string(failed.what()) + " --no-backup goes on without");
     } catch (const NoJournal& error) {
@@ -39,8 +35,6 @@ ExitCode runCommand(Run& run) {
         throw Failure(ExitCode::refused, error.what());
     } catch (const HostRefused& refused) {
         throw Failure(ExitCode::refused, refused.what());
-    } catch (const Malformed& malformed) {
-        throw Failure(ExitCode::malformed, run.shown(malformed.what()));
     } catch (const RuntimeFailure& failure) {
         throw Failure(ExitCode::refused,
                       std::string("the store holds what the Toolkit cannot read: ") + failure.what());

@@ -57,10 +57,12 @@ cmp "$out/kept.json" "$out/backup.json"
 vrix restore latest >/dev/null
 store | diff "$out/before" -
 
-# What the code page lacks is named, and does not keep the rest from being read and put right.
+# What the code page lacks is shown and kept, and no settings file is made of it.
 LC_ALL=C.UTF-8 wine reg add 'HKLM\Software\Vrix\Toolkit\SampleKey\Options' /v UserDefined1 /d 'Ω' /f >/dev/null
-is 1 check
-grep '^warning outside-code-page: .*UserDefined1' "$out/said" >/dev/null
+vrix show SampleKey --json | grep '"UserDefined1": "Ω"' >/dev/null
+is 5 export SampleKey "$out/odd.kls"
+grep 'UserDefined1.*U+03A9' "$out/said" >/dev/null
+[ ! -e "$out/odd.kls" ]
 vrix apply "$out/kept.json" >/dev/null
 store | diff "$out/before" -
 

@@ -65,7 +65,7 @@ std::string BackupFolder::keep(Registry& registry, std::time_t time) {
         if (!journal::write(pathOf(name), disk_, copy)) {
             throw BackupFailed("The backup \"" + pathOf(name) + "\" could not be written.");
         }
-    } catch (const StoreRefused& refused) {
+    } catch (const Refusal& refused) {
         throw BackupFailed("The backup could not be made: " + std::string(refused.what()) + ".");
     }
     removeOldest();

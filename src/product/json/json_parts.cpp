@@ -4,34 +4,34 @@
 #include <set>
 #include <unordered_map>
 
+#include "product/view.h"
 #include "store/option_table.h"
 
 namespace vrix {
 
 // ---- Identity ----
 
-Json identityOf(const Product& product, const JsonTexts& texts) {
+Json identityOf(const Product& product) {
     const ProductId& id = product.id;
     Json json = Json::object();
-    if (!id.name.empty()) json["name"] = texts.text(id.name);
-    json["key"] = texts.text(id.key);
+    if (!id.name.empty()) json["name"] = jsonName(id.name);
+    json["key"] = jsonName(id.key);
     json["tree"] = treeName(id.tree);
-    const StoredKey* root = product.find(part::root);
-    for (const StoredValue& value : root == nullptr ? std::vector<StoredValue>() : root->values) {
-        if (value.name == creationDateName(id.tree)) json["created"] = texts.content(value);
+    for (const StoredValue& value : product.values(part::root)) {
+        if (value.name == creationDateName(id.tree)) json["created"] = jsonContent(value);
     }
     return json;
 }
 
-ProductId readIdentity(const Json& json, const JsonTexts& texts) {
+ProductId readIdentity(const Json& json) {
     ProductId id;
-    if (json.contains("name")) id.name = texts.bytesOf(json["name"], "/name");
-    if (json.contains("name") && id.name.empty()) throw Malformed("/name", "a Product needs a name");
-    id.key = texts.bytesOf(memberOf(json, "key", ""), "/key");
+    if (json.contains("name")) id.name = readName(json["name"], "/name");
+    if (json.contains("name") && id.name.empty()) throw malformed("/name", "a Product needs a name");
+    id.key = readName(memberOf(json, "key", ""), "/key");
     const Json tree = json.value("tree", Json("toolkit"));
-    if (tree != "toolkit" && tree != "installed") throw Malformed("/tree", "this is neither toolkit nor installed");
+    if (tree != "toolkit" && tree != "installed") throw malformed("/tree", "this is neither toolkit nor installed");
     id.tree = tree == "toolkit" ? Tree::toolkit : Tree::installed;
-    if (const std::string why = whyNoKey(id); !why.empty()) throw Malformed("/key", why);
+    if (const std::string why = whyNoKey(id); !why.empty()) throw malformed("/key", why);
     return id;
 }
 
@@ -41,61 +41,53 @@ namespace {
 
 constexpr std::int32_t noRow = -1;
 
-Json optionOf(const StoredValue& value, OptionKind kind, const JsonTexts& texts) {
+Json optionOf(const StoredValue& value, OptionKind kind) {
     const std::string text = isPlainText(value) ? textOf(value) : "";
     if (kind == OptionKind::flag && (text == "0" || text == "1")) return text == "1";
     if (kind == OptionKind::position && plainNumber(text, noRow)) return *plainNumber(text, noRow);
-    return texts.content(value);
+    return jsonContent(value);
 }
 
-StoredValue readOption(const OptionRow& option, const Json& value, const JsonTexts& texts, const std::string& place) {
+StoredValue readOption(const OptionRow& option, const Json& value, const std::string& place) {
     if (option.kind == OptionKind::flag && value.is_boolean()) {
         return textValue(option.name, value.get<bool>() ? "1" : "0");
     }
     if (option.kind == OptionKind::position && value.is_number_integer()) {
         const std::string text = value.dump();
-        if (!plainNumber(text, noRow)) throw Malformed(place, "a position counts from 0, with -1 for none");
+        if (!plainNumber(text, noRow)) throw malformed(place, "a position counts from 0, with -1 for none");
         return textValue(option.name, text);
     }
-    if (!value.is_string() && !value.is_object()) throw Malformed(place, "this option has another type");
-    return texts.valueOf(option.name, value, place);
+    if (!value.is_string() && !value.is_object()) throw malformed(place, "this option has another type");
+    return readContent(option.name, value, place);
 }
 
 }  // namespace
 
-void addOptions(Json& json, const Product& product, const JsonTexts& texts) {
+void addOptions(Json& json, const Product& product) {
     const StoredKey* key = product.find(part::options);
     if (key == nullptr) return;
     Json options = Json::object();
     for (const StoredValue& value : key->values) {
         if (const OptionRow* option = findOption(value.name)) {
-            options[value.name] = optionOf(value, option->kind, texts);
+            options[value.name] = optionOf(value, option->kind);
         }
     }
     json["options"] = std::move(options);
 }
 
-void readOptions(const Json& options, const JsonTexts& texts, StoredKey& key) {
-    if (!options.is_object()) throw Malformed("/options", "an object should stand here");
+void readOptions(const Json& options, StoredKey& key) {
+    if (!options.is_object()) throw malformed("/options", "an object should stand here");
     for (const auto& [name, value] : options.items()) {
         const std::string place = "/options/" + name;
         const OptionRow* option = findOption(name);
-        if (option == nullptr) throw Malformed(place, "there is no such option");
-        key.values.push_back(readOption(*option, value, texts, place));
+        if (option == nullptr) throw malformed(place, "there is no such option");
+        key.values.push_back(readOption(*option, value, place));
     }
 }
 
 // ---- Topics ----
 
 namespace {
-
-using Values = std::vector<StoredValue>;
-
-const Values& valuesAt(const Product& product, const KeyPath& path) {
-    static const Values none;
-    const StoredKey* key = product.find(path);
-    return key == nullptr ? none : key->values;
-}
 
 // The plain texts of values by their exact names.
 std::unordered_map<std::string, std::string> plainTexts(const Values& values) {
@@ -108,12 +100,10 @@ std::unordered_map<std::string, std::string> plainTexts(const Values& values) {
 
 class TopicWriter {
 public:
-    TopicWriter(const Product& product, const JsonTexts& texts)
-        : texts_(texts),
-          indexes_(plainTexts(valuesAt(product, part::indexTable))),
-          rows_(plainTexts(valuesAt(product, part::matrix))) {
+    explicit TopicWriter(const Product& product)
+        : indexes_(plainTexts(product.values(part::indexTable))), rows_(plainTexts(product.values(part::matrix))) {
         for (const KeyPath& path : {part::topics, part::addedTopics}) {
-            for (const StoredValue& topic : valuesAt(product, path)) nameIndex(topic.name);
+            for (const StoredValue& topic : product.values(path)) nameIndex(topic.name);
         }
     }
 
@@ -134,7 +124,7 @@ private:
     }
 
     Json topicOf(const StoredValue& topic) {
-        Json json = {{"name", texts_.text(topic.name)}, {"file", texts_.content(topic)}};
+        Json json = {{"name", jsonName(topic.name)}, {"file", jsonContent(topic)}};
         const std::string& index = indexOf_.at(row_);
         if (index != std::to_string(row_++)) json["index"] = index.empty() ? Json() : Json(*plainNumber(index, 0));
         if (!index.empty()) json["dependsOn"] = rowOf(index);
@@ -146,19 +136,14 @@ private:
         const auto row = rows_.find(index);
         if (row == rows_.end() || !told_.insert(index).second) return nullptr;
         Json names = Json::array();
-        std::size_t from = 0;
-        while (from < row->second.size()) {
-            const std::size_t end = std::min(row->second.find(' ', from), row->second.size());
-            const std::string number = row->second.substr(from, end - from);
-            if (!plainNumber(number, 0) || end + 1 == row->second.size()) return nullptr;
+        for (const std::string& number : numbersOf(row->second)) {
+            if (!plainNumber(number, 0)) return nullptr;
             const auto topic = topicAt_.find(number);
-            names.push_back(topic == topicAt_.end() ? Json(*plainNumber(number, 0)) : texts_.text(topic->second));
-            from = end + 1;
+            names.push_back(topic == topicAt_.end() ? Json(*plainNumber(number, 0)) : jsonName(topic->second));
         }
         return names;
     }
 
-    const JsonTexts& texts_;
     std::unordered_map<std::string, std::string> indexes_;  // by Topic
     std::unordered_map<std::string, std::string> rows_;     // by index
     std::unordered_map<std::string, std::string> topicAt_;  // by index
@@ -170,7 +155,7 @@ private:
 
 class TopicReader {
 public:
-    TopicReader(const JsonTexts& texts, Product& product) : texts_(texts), product_(product) {}
+    explicit TopicReader(Product& product) : product_(product) {}
 
     void read(const Json& topics, const KeyPath& path, const std::string& place) {
         StoredKey& key = product_.at(path);
@@ -179,9 +164,9 @@ public:
         for (const Json& topic : arrayOf(topics, place)) {
             const std::string here = place + '/' + std::to_string(number++);
             expectMembers(topic, {"name", "file", "index", "dependsOn"}, here);
-            const std::string name = texts_.bytesOf(memberOf(topic, "name", here), here + "/name");
-            if (!names.insert(name).second) throw Malformed(here, "two Topics have this name");
-            key.values.push_back(texts_.valueOf(name, memberOf(topic, "file", here), here + "/file"));
+            const std::string name = readName(memberOf(topic, "name", here), here + "/name");
+            if (!names.insert(name).second) throw malformed(here, "two Topics have this name");
+            key.values.push_back(readContent(name, memberOf(topic, "file", here), here + "/file"));
             readIndex(topic, name, here);
         }
     }
@@ -194,7 +179,7 @@ public:
         for (const Indexed& topic : indexed_) {
             if (topic.dependsOn != nullptr && topic.dependsOn->is_null()) continue;
             if (!told_.insert(topic.index).second) {
-                throw Malformed(topic.place, "another Topic has this index and dependencies of its own");
+                throw malformed(topic.place, "another Topic has this index and dependencies of its own");
             }
             const std::string row = rowOf(topic);
             product_.at(part::matrix).values.push_back(textValue(topic.index, row));
@@ -213,16 +198,15 @@ private:
         const std::size_t row = row_++;
         const auto given = topic.find("index");
         if (given != topic.end() && given->is_null()) {
-            if (topic.contains("dependsOn")) throw Malformed(place + "/dependsOn", "a Topic without index has none");
+            if (topic.contains("dependsOn")) throw malformed(place + "/dependsOn", "a Topic without index has none");
             return;
         }
-        const std::size_t index = given == topic.end() ? row : countOf(*given, place + "/index");
-        if (index > INT32_MAX) throw Malformed(place + "/index", "this number is too large");
+        const std::string index = given == topic.end() ? std::to_string(row) : numberOf(*given, place + "/index");
         if (!named_.emplace(name, indexed_.size()).second) {
-            throw Malformed(place, "another Topic of this name has an index");
+            throw malformed(place, "another Topic of this name has an index");
         }
         const auto dependsOn = topic.find("dependsOn");
-        indexed_.push_back({name, std::to_string(index), dependsOn == topic.end() ? nullptr : &*dependsOn, place});
+        indexed_.push_back({name, index, dependsOn == topic.end() ? nullptr : &*dependsOn, place});
     }
 
     std::string rowOf(const Indexed& topic) const {
@@ -236,17 +220,16 @@ private:
     }
     static std::string numberOf(const Json& number, const std::string& place) {
         const std::size_t index = countOf(number, place);
-        if (index > INT32_MAX) throw Malformed(place, "this number is too large");
+        if (index > INT32_MAX) throw malformed(place, "this number is too large");
         return std::to_string(index);
     }
     std::string indexOf(const Json& topic, const std::string& place) const {
-        const std::string name = texts_.bytesOf(topic, place);
+        const std::string name = readName(topic, place);
         const auto found = named_.find(name);
-        if (found == named_.end()) throw Malformed(place, "there is no Topic \"" + topic.dump() + "\" with an index");
+        if (found == named_.end()) throw malformed(place, "there is no Topic \"" + topic.dump() + "\" with an index");
         return indexed_[found->second].index;
     }
 
-    const JsonTexts& texts_;
     Product& product_;
     std::vector<Indexed> indexed_;
     std::unordered_map<std::string, std::size_t> named_;  // places in `indexed_`
@@ -256,14 +239,14 @@ private:
 
 }  // namespace
 
-void addTopics(Json& json, const Product& product, const JsonTexts& texts) {
-    TopicWriter writer(product, texts);
+void addTopics(Json& json, const Product& product) {
+    TopicWriter writer(product);
     if (const StoredKey* key = product.find(part::topics)) json["topics"] = writer.write(key->values);
     if (const StoredKey* key = product.find(part::addedTopics)) json["addedTopics"] = writer.write(key->values);
 }
 
-void readTopics(const Json& json, const JsonTexts& texts, Product& product) {
-    TopicReader reader(texts, product);
+void readTopics(const Json& json, Product& product) {
+    TopicReader reader(product);
     if (json.contains("topics")) reader.read(json["topics"], part::topics, "/topics");
     if (json.contains("addedTopics")) reader.read(json["addedTopics"], part::addedTopics, "/addedTopics");
     reader.writeDependencies();
@@ -277,22 +260,21 @@ std::string fieldName(std::size_t row) { return "SmartField" + std::to_string(ro
 
 }  // namespace
 
-void addSmartFields(Json& json, const Product& product, const JsonTexts& texts) {
+void addSmartFields(Json& json, const Product& product) {
     const StoredKey* key = product.find(part::smartFields);
     if (key == nullptr) return;
-    std::unordered_map<std::string, const StoredValue*> byName;
-    for (const StoredValue& value : key->values) byName.emplace(value.name, &value);
+    const ValuesByName known = byName(key->values);
     Json fields = Json::array();
-    for (auto field = byName.find(fieldName(0)); field != byName.end(); field = byName.find(fieldName(fields.size()))) {
-        fields.push_back(texts.content(*field->second));
+    for (auto field = known.find(fieldName(0)); field != known.end(); field = known.find(fieldName(fields.size()))) {
+        fields.push_back(jsonContent(*field->second));
     }
     json["smartFields"] = std::move(fields);
 }
 
-void readSmartFields(const Json& fields, const JsonTexts& texts, StoredKey& key) {
+void readSmartFields(const Json& fields, StoredKey& key) {
     for (const Json& field : arrayOf(fields, "/smartFields")) {
         const std::size_t row = key.values.size();
-        key.values.push_back(texts.valueOf(fieldName(row), field, "/smartFields/" + std::to_string(row)));
+        key.values.push_back(readContent(fieldName(row), field, "/smartFields/" + std::to_string(row)));
     }
 }
 

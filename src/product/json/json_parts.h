@@ -8,17 +8,17 @@ namespace vrix {
 // The members of a Product's JSON, group by group: written from the Product's keys, and read back into them. A group
 // writes only what its reader gives back as it stands; the rest of a key is told elsewhere.
 
-Json identityOf(const Product& product, const JsonTexts& texts);
-ProductId readIdentity(const Json& json, const JsonTexts& texts);
+Json identityOf(const Product& product);
+ProductId readIdentity(const Json& json);
 
-void addOptions(Json& json, const Product& product, const JsonTexts& texts);
-void readOptions(const Json& options, const JsonTexts& texts, StoredKey& key);
+void addOptions(Json& json, const Product& product);
+void readOptions(const Json& options, StoredKey& key);
 
 // Topics of both lists with their indexes and dependency rows.
-void addTopics(Json& json, const Product& product, const JsonTexts& texts);
-void readTopics(const Json& json, const JsonTexts& texts, Product& product);
+void addTopics(Json& json, const Product& product);
+void readTopics(const Json& json, Product& product);
 
-void addSmartFields(Json& json, const Product& product, const JsonTexts& texts);
-void readSmartFields(const Json& fields, const JsonTexts& texts, StoredKey& key);
+void addSmartFields(Json& json, const Product& product);
+void readSmartFields(const Json& fields, StoredKey& key);
 
 }  // namespace vrix

@@ -4,7 +4,9 @@
 #include <charconv>
 #include <utility>
 
+#include "common/utf8.h"
 #include "product/compare.h"
+#include "product/encoded_text.h"
 #include "product/settings_lines.h"
 
 namespace vrix {
@@ -15,15 +17,29 @@ std::string unhex(const Json& text, const std::string& place) {
     const std::string digits = text.is_string() ? text.get<std::string>() : "?";
     std::string bytes;
     for (std::size_t at = 0; at < digits.size(); at += 2) {
-        unsigned byte = 0;
-        const char* end = digits.data() + std::min(at + 2, digits.size());
-        const auto [stop, error] = std::from_chars(digits.data() + at, end, byte, 16);
-        if (digits.size() % 2 != 0 || error != std::errc() || stop != end) {
-            throw Malformed(place, "these are no bytes as pairs of hexadecimal digits");
-        }
-        bytes += static_cast<char>(byte);
+        const auto byte = hexNumber(std::string_view(digits).substr(at, 2), 2);
+        if (!byte || digits.size() % 2 != 0) throw malformed(place, "these are no pairs of hexadecimal digits");
+        bytes += static_cast<char>(*byte);
     }
     return bytes;
+}
+
+// Text as units of UTF-16, four digits each.
+std::string digitsOf(const std::string& text) {
+    std::string bytes;
+    for (const char16_t unit : toUtf16(text)) bytes += {static_cast<char>(unit >> 8), static_cast<char>(unit & 0xFF)};
+    return hexDigits(bytes);
+}
+
+std::string unitsOf(const Json& digits, const std::string& place) {
+    const auto text = fromUtf16Bytes(unhex(digits, place), false);
+    if (!text) throw malformed(place, "these are no units of four hexadecimal digits");
+    return *text;
+}
+
+std::string withoutZero(std::string text, const std::string& place) {
+    if (text.find('\0') != std::string::npos) throw malformed(place, "there is a zero character");
+    return text;
 }
 
 Json typeOf(std::uint32_t type) {
@@ -37,78 +53,69 @@ std::uint32_t typeNumber(const Json& type, const std::string& place) {
     for (std::uint32_t number = 0; type.is_string() && number < mostNamed; ++number) {
         if (typeName(number) == type.get<std::string>()) return number;
     }
-    throw Malformed(place, "this is no type of a value");
+    throw malformed(place, "this is no type of a value");
 }
 
 }  // namespace
 
-Json JsonTexts::text(const std::string& bytes) const {
-    if (const auto utf8 = exactUtf8(encoding_, bytes)) return *utf8;
-    return {{"bytes", hexDigits(bytes)}};
+Json jsonName(const std::string& name) {
+    if (isWhole(name)) return name;
+    return {{"utf16", digitsOf(name)}};
 }
 
-std::string JsonTexts::fromUtf8(const std::string& text, const std::string& place) const {
-    const auto bytes = encoding_.fromUtf8(text);
-    if (!bytes) throw Malformed(place, "the code page of the store lacks a character");
-    if (bytes->find('\0') != std::string::npos) throw Malformed(place, "there is a zero byte");
-    return *bytes;
+std::string readName(const Json& json, const std::string& place) {
+    if (json.is_string()) return withoutZero(json.get<std::string>(), place);
+    expectMembers(json, {"utf16"}, place);
+    return withoutZero(unitsOf(memberOf(json, "utf16", place), place + "/utf16"), place);
 }
 
-std::string JsonTexts::bytesOf(const Json& text, const std::string& place) const {
-    if (text.is_string()) return fromUtf8(text.get<std::string>(), place);
-    expectMembers(text, {"bytes"}, place);
-    const std::string bytes = unhex(memberOf(text, "bytes", place), place + "/bytes");
-    if (bytes.find('\0') != std::string::npos) throw Malformed(place, "there is a zero byte");
-    return bytes;
+Json jsonContent(const StoredValue& value) {
+    const Json type = typeOf(value.type);
+    if (!valuetype::isText(value.type)) return {{"type", type}, {"bytes", hexDigits(value.data)}};
+    if (!value.data.ends_with('\0') || !isWhole(value.data)) return {{"type", type}, {"utf16", digitsOf(value.data)}};
+    const std::string text = textOf(value);
+    return isPlainText(value) ? Json(text) : Json{{"type", type}, {"text", text}};
 }
 
-Json JsonTexts::content(const StoredValue& value) const {
-    const bool isText = value.type == valuetype::string || value.type == valuetype::expandString;
-    const std::string bytes = textOf(value);
-    if (isText && value.data == bytes + '\0' && bytes.find('\0') == std::string::npos) {
-        if (Json string = text(bytes); string.is_string()) {
-            return isPlainText(value) ? string : Json{{"type", typeOf(value.type)}, {"text", string}};
-        }
+StoredValue readContent(std::string name, const Json& json, const std::string& place) {
+    if (json.is_string()) return textValue(name, withoutZero(json.get<std::string>(), place));
+    expectMembers(json, {"type", "text", "utf16", "bytes"}, place);
+    StoredValue value{std::move(name), typeNumber(memberOf(json, "type", place), place + "/type"), {}};
+    const char* form = !valuetype::isText(value.type) ? "bytes" : json.contains("text") ? "text" : "utf16";
+    const Json& data = memberOf(json, form, place);
+    const std::string here = place + '/' + form;
+    if (json.size() != 2) throw malformed(place, "beside \"type\" only \"" + std::string(form) + "\" can stand here");
+    if (form == std::string_view("bytes")) value.data = unhex(data, here);
+    if (form == std::string_view("utf16")) value.data = unitsOf(data, here);
+    if (form == std::string_view("text")) {
+        if (!data.is_string()) throw malformed(here, "a text should stand here");
+        value.data = data.get<std::string>() + '\0';
     }
-    return {{"type", typeOf(value.type)}, {"bytes", hexDigits(value.data)}};
-}
-
-StoredValue JsonTexts::valueOf(std::string name, const Json& content, const std::string& place) const {
-    if (content.is_string()) return textValue(name, fromUtf8(content.get<std::string>(), place));
-    expectMembers(content, {"type", "text", "bytes"}, place);
-    const std::uint32_t type = typeNumber(memberOf(content, "type", place), place + "/type");
-    if (content.contains("text") == content.contains("bytes")) {
-        throw Malformed(place, "one of \"text\" and \"bytes\" should stand here");
-    }
-    if (content.contains("bytes")) return storable({std::move(name), type, unhex(content["bytes"], place + "/bytes")});
-    if ((type != valuetype::string && type != valuetype::expandString) || !content["text"].is_string()) {
-        throw Malformed(place + "/text", "only a text of type REG_SZ or REG_EXPAND_SZ can stand here");
-    }
-    return {std::move(name), type, fromUtf8(content["text"].get<std::string>(), place + "/text") + '\0'};
+    return storable(std::move(value));
 }
 
 void expectMembers(const Json& object, const std::vector<std::string_view>& known, const std::string& place) {
-    if (!object.is_object()) throw Malformed(place, "an object should stand here");
+    if (!object.is_object()) throw malformed(place, "an object should stand here");
     for (const auto& [name, member] : object.items()) {
         if (std::find(known.begin(), known.end(), name) == known.end()) {
-            throw Malformed(place + '/' + name, "this member is not known");
+            throw malformed(place + '/' + name, "this member is not known");
         }
     }
 }
 
 const Json& memberOf(const Json& object, const char* name, const std::string& place) {
     const auto found = object.find(name);
-    if (found == object.end()) throw Malformed(place, "\"" + std::string(name) + "\" is missing");
+    if (found == object.end()) throw malformed(place, "\"" + std::string(name) + "\" is missing");
     return *found;
 }
 
 std::size_t countOf(const Json& number, const std::string& place) {
-    if (!number.is_number_integer() || number < 0) throw Malformed(place, "a whole number from 0 should stand here");
+    if (!number.is_number_integer() || number < 0) throw malformed(place, "a whole number from 0 should stand here");
     return number.get<std::size_t>();
 }
 
 const Json& arrayOf(const Json& array, const std::string& place) {
-    if (!array.is_array()) throw Malformed(place, "an array should stand here");
+    if (!array.is_array()) throw malformed(place, "an array should stand here");
     return array;
 }
 

@@ -1,35 +1,27 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "common/encoding.h"
+#include "product/json/json_reader.h"
 #include "product/product.h"
 
 namespace vrix {
 
-// Members keep the order in which they are written.
-using Json = nlohmann::ordered_json;
-
 // Texts and values of a store as JSON, and back. What is read is refused with its place, a JSON pointer.
-class JsonTexts {
-public:
-    explicit JsonTexts(const Encoding& encoding) : encoding_(encoding) {}
 
-    // A name: a string, or {"bytes": "C281"}.
-    Json text(const std::string& bytes) const;
-    std::string bytesOf(const Json& text, const std::string& place) const;
+// A name: a string, or {"utf16": "0041D800"} where that holds half a character.
+Json jsonName(const std::string& name);
+std::string readName(const Json& json, const std::string& place);
 
-    // A value without its name: a string where the Toolkit would write it so, else with its type: {"type": "REG_SZ",
-    // "text": "50%"} or {"type": "REG_DWORD", "bytes": "01000000"}.
-    Json content(const StoredValue& value) const;
-    StoredValue valueOf(std::string name, const Json& content, const std::string& place) const;
-
-private:
-    std::string fromUtf8(const std::string& text, const std::string& place) const;
-    const Encoding& encoding_;
-};
+// A value without its name: a string where the Toolkit would write it so, else with its type. A text stands there
+// without its terminator as "text", or whole as "utf16" if it has no terminator or holds half a character. Data of
+// other types are "bytes".
+Json jsonContent(const StoredValue& value);
+StoredValue readContent(std::string name, const Json& json, const std::string& place);
 
 // Refuses what is no object, and members that are not among the known ones.
 void expectMembers(const Json& object, const std::vector<std::string_view>& known, const std::string& place);

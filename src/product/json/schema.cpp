@@ -55,19 +55,29 @@ Json otherSchema() {
 }
 
 Json definitions() {
-    const Json hex = {{"type", "string"}, {"pattern", "^([0-9a-fA-F]{2})*$"}};
+    const auto digits = [](const char* group) {
+        return Json{{"type", "string"}, {"pattern", "^(" + std::string(group) + ")*$"}};
+    };
+    const Json units = digits("[0-9a-fA-F]{4}");
     const Json string = {{"type", "string"}};
     const Json type = {{"anyOf", {{{"type", "string"}, {"pattern", "^REG_"}}, {{"type", "integer"}, {"minimum", 0}}}}};
-    const Json asText = closedObject({{"type", type}, {"text", string}}, {"type", "text"});
-    const Json asBytes = closedObject({{"type", type}, {"bytes", hex}}, {"type", "bytes"});
-    const Json bytes = closedObject({{"bytes", hex}}, Json::array({"bytes"}));
-    return {{"text", described({{"anyOf", {string, bytes}}}, "A text, or bytes that stand for no text.")},
-            {"content", described({{"anyOf", {string, asText, asBytes}}},
-                                  "The text of a value, or its type with its text or bytes.")},
-            {"switch", {{"anyOf", {{{"type", "boolean"}}, reference("content")}}}},
-            {"position", {{"anyOf", {{{"type", "integer"}, {"minimum", -1}}, reference("content")}}}},
-            {"topic", topicSchema()},
-            {"other", otherSchema()}};
+    const Json textType = {{"enum", {"REG_SZ", "REG_EXPAND_SZ", "REG_MULTI_SZ", 1, 2, 7}}};
+    const Json asText = described(closedObject({{"type", textType}, {"text", string}}, {"type", "text"}),
+                                  "A text without its terminator, which is the last zero character.");
+    const Json asUnits = described(closedObject({{"type", textType}, {"utf16", units}}, {"type", "utf16"}),
+                                   "A text whole, with whatever ends it, as units of UTF-16.");
+    const Json asBytes =
+        described(closedObject({{"type", type}, {"bytes", digits("[0-9a-fA-F]{2}")}}, {"type", "bytes"}),
+                  "Data of any type but those three.");
+    const Json name = closedObject({{"utf16", units}}, Json::array({"utf16"}));
+    return {
+        {"text", described({{"anyOf", {string, name}}}, "A name, as units of UTF-16 where it holds half a character.")},
+        {"content", described({{"anyOf", {string, asText, asUnits, asBytes}}},
+                              "The text of a value, or its type with its text or bytes.")},
+        {"switch", {{"anyOf", {{{"type", "boolean"}}, reference("content")}}}},
+        {"position", {{"anyOf", {{{"type", "integer"}, {"minimum", -1}}, reference("content")}}}},
+        {"topic", topicSchema()},
+        {"other", otherSchema()}};
 }
 
 }  // namespace
