@@ -6,16 +6,16 @@
 #include <iostream>
 #include <memory>
 
-#include "makers/backup/backup_folder.h"
+#include "backup/backup_folder.h"
 #include "makers/headless/headless_user.h"
 #include "makers/standard/standard_files.h"
-#include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
 #include "makers/win32/win32_screen.h"
 #include "measure.h"
 #include "pages/edit/edit1.h"
 #include "pages/finish/new_product.h"
 #include "pages/wizard/product_options.h"
+#include "platform/disk.h"
 #include "program/program.h"
 #include "store/product_export.h"
 
@@ -175,13 +175,13 @@ void measureCommand(const std::string& folder, const std::string& programs) {
     compare("g vrix list to reg query", rounds, 1, {program(vrix + "list")},
             {program("reg.exe query HKLM\\Software\\Vrix /s")});
     compare("g vrix export to reg export", rounds, 1, {program(vrix + "export Bench " + out)}, regExport);
-    const auto disk = makeJournalDisk();
-    BackupFolder backups(folder, *disk);
+    Disk& disk = systemDisk();
+    BackupFolder backups(folder, disk);
     const auto machine = wideRegistry();
     compare("g a backup to reg export", rounds, 1, {[&] { backups.keep(*machine, std::time(nullptr)); }}, regExport);
     compare("g vrix apply to reg import", rounds, 1, {program(vrix + "apply " + file), forget},
             {program("reg.exe import " + file), forget});
-    for (const std::string& name : backups.names()) disk->remove(backups.pathOf(name));
+    for (const std::string& name : backups.names()) disk.remove(backups.pathOf(name));
     for (const std::string& path : {file, out}) DeleteFileA(path.c_str());
 }
 

@@ -139,12 +139,12 @@ void journal(Input& input) {
     while (input.ConsumeBool()) promise(file.append(input.ConsumeRandomLengthString()));
     std::ofstream(path, input.ConsumeBool() ? std::ios::app : std::ios::trunc) << input.ConsumeRemainingBytesAsString();
     std::filesystem::last_write_time(path, {});
-    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, std::make_unique<StubDisk>()); };
+    const auto start = [&] { return std::make_shared<JournalRegistry>(path, nullptr, disk); };
     try {
         Walk walk(start());
         walk.put("Fuzzed", "name", "data");
         promise(Walk(start()).tree() == walk.tree());
-    } catch (const JournalError&) {
+    } catch (const Refusal&) {
         promise(std::filesystem::last_write_time(path) == std::filesystem::file_time_type());
     }
 }

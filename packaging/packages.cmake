@@ -10,6 +10,11 @@ target_link_libraries(vrix_guard PRIVATE vrix_options vrix_checks msi)
 target_compile_options(vrix_guard PRIVATE -fno-exceptions)
 target_link_options(vrix_guard PRIVATE -s -Wl,--gc-sections -Wl,--kill-at -Wl,-Map=libvrix_guard.map)
 
+# Draws the icon anew.
+add_executable(make_icon EXCLUDE_FROM_ALL packaging/make_icon.cpp)
+target_link_libraries(make_icon PRIVATE vrix_win32 gdiplus ole32)
+target_link_options(make_icon PRIVATE -municode)
+
 set(packaged $<TARGET_FILE:vrix_guard> ${files})
 set(width $<IF:$<EQUAL:${CMAKE_SIZEOF_VOID_P},8>,x64,x86>)
 set(packages ${CMAKE_SOURCE_DIR}/build/packages)

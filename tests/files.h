@@ -17,12 +17,12 @@ struct TemporaryFolder {
         std::filesystem::temp_directory_path() / ("vrix_test_" + std::to_string(std::random_device{}()));
 };
 
-inline void writeBytes(const std::string& path, const std::string& bytes) {
-    std::ofstream(path.c_str(), std::ios::binary) << bytes;
+inline void writeBytes(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
 }
 
-inline std::string bytesOf(const std::string& path) {
-    std::ifstream stream(path.c_str(), std::ios::binary);
+inline std::string bytesOf(const std::filesystem::path& path) {
+    std::ifstream stream(path, std::ios::binary);
     std::ostringstream bytes;  // a folder gives none, and throws nothing
     bytes << stream.rdbuf();
     return bytes.str();

@@ -1,3 +1,4 @@
+#include "common/refusal.h"
 #include "makers/embedded/memory_registry.h"
 #include "registry_suite.h"
 #include "stubs.h"
@@ -12,8 +13,8 @@ namespace {
 std::string outcome(const std::string& path, bool isFree = true) {
     try {
         return listing(*openedJournal(path, isFree), hive::localMachine);
-    } catch (const JournalError& error) {
-        return error.what();
+    } catch (const Refusal& refusal) {
+        return refusal.what();
     }
 }
 
@@ -43,8 +44,8 @@ protected:
     TemporaryFolder folder;
     const std::string path = folder.path("store.journal");
     const std::string refused = "The file \"" + path + "\" ";
-    const std::string foreign = refused + "is not a journal of this program. It was left as it is.";
-    const std::string damaged = refused + "is damaged and was left as it is. Restore it from a copy or move it away.";
+    const std::string foreign = refused + "is not a journal of this program. It was left as it is";
+    const std::string damaged = refused + "is damaged and was left as it is. Restore it from a copy or move it away";
     const std::size_t signature = 24;
     std::map<std::size_t, std::string> trees{{0, "Software{Classes{};};"}, {signature, "Software{Classes{};};"}};
     std::string whole;
@@ -130,11 +131,11 @@ TEST_F(JournalTest, CutAnywhereHoldsEveryWholeRecordAndGoesOn) {
 TEST_F(JournalTest, RefusesWhatItCannotUse) {
     for (const std::string other : {"x", "Vrix registry journal 2\n", "Vrix registry\n", "\n", "MZ\x90"}) {
         EXPECT_EQ(outcomeOf(other), foreign) << other;
-        EXPECT_EQ(outcome(path, false), refused + "is in use by another program.");
+        EXPECT_EQ(outcome(path, false), refused + "is in use by another program");
         EXPECT_EQ(bytesOf(path), other);
     }
-    EXPECT_EQ(outcome(path + "/x"), "The file \"" + path + "/x\" cannot be opened for writing.");
-    EXPECT_EQ(outcome(folder.path(".")), "The file \"" + folder.path(".") + "\" cannot be opened for writing.");
+    EXPECT_EQ(outcome(path + "/x"), "The file \"" + path + "/x\" cannot be opened for writing");
+    EXPECT_EQ(outcome(folder.path(".")), "The file \"" + folder.path(".") + "\" cannot be opened for writing");
 }
 
 TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
@@ -152,9 +153,8 @@ TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
 }
 
 TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfTheOldOne) {
-    auto own = std::make_unique<StubDisk>();
-    StubDisk& disk = *own;
-    JournalRegistry registry(path, {}, std::move(own));
+    StubDisk disk;
+    JournalRegistry registry(path, {}, disk);
     const auto write = [&](int times) {
         for (int i = 0; i < times; ++i) {
             EXPECT_EQ(registry.setValue(hive::classesRoot, "v", 4, std::to_string(i)), RegistryStatus::success);
@@ -181,6 +181,22 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
         EXPECT_EQ(other.log, syncs ? "sync replace " : "sync ");
         EXPECT_EQ(bytesOf(path + "2").size() == signature, syncs);
     }
+}
+
+TEST_F(JournalTest, CutsOffWhatIsLeftOfAHalfWriteBeforeTheNextOne) {
+    StubDisk disk;
+    JournalRegistry registry(path, {}, disk);
+    const auto write = [&] { return registry.setValue(hive::classesRoot, "v", 4, "four"); };
+    disk.room = 5;
+    disk.cuts = false;
+    EXPECT_EQ(write(), RegistryStatus::registryIoFailed);
+    EXPECT_EQ(bytesOf(path).size(), whole.size() + 5);
+    disk.room = std::string::npos;
+    EXPECT_EQ(write(), RegistryStatus::registryIoFailed);
+    EXPECT_EQ(bytesOf(path).size(), whole.size() + 5);
+    disk.cuts = true;
+    EXPECT_EQ(write(), RegistryStatus::success);
+    EXPECT_EQ(outcome(path), listing(registry, hive::localMachine));
 }
 
 }  // namespace vrix

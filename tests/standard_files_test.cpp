@@ -39,14 +39,15 @@ TEST(StandardFiles, RefuseByNumber) {
 TEST(StandardFiles, WriteAndReadLinesAsBytes) {
     const TemporaryFolder folder;
     StandardFiles files;
-    const std::string path = folder.path("line\xE9\x80.txt");
-    writeBytes(path, std::string(500, 'x'));
+    const std::string path = folder.path("line") + "\xE9\x80.txt";
+    files.createText(path)->writeLine(std::string(500, 'x'));
+    const auto place = folder.folder / u8"line\u00E9\u20AC.txt";
     const auto written = files.createText(path);
     for (const std::string& line : {"a\\b"s, ""s, "\x80\xE9\0\x1A"s}) written->writeLine(line);
     written->close();
     EXPECT_EQ(ignoring([&] { written->writeLine("late"); }), FailureNumber::permissionDenied);
-    EXPECT_EQ(bytesOf(path), "a\\b\r\n\r\n\x80\xE9\0\x1A\r\n"s);
-    writeBytes(path, "one\r\n\ntw\ro\n\x1A\0\r\r\nend\r"s);
+    EXPECT_EQ(bytesOf(place), "a\\b\r\n\r\n\x80\xE9\0\x1A\r\n"s);
+    writeBytes(place, "one\r\n\ntw\ro\n\x1A\0\r\r\nend\r"s);
     const auto read = files.openText(path);
     std::string lines;
     while (!read->atEnd()) lines += '[' + read->readLine() + ']';

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <filesystem>
+#include <memory>
 #include <string>
 #include <utility>
 
 #include "makers/embedded/embedded_registry.h"
-#include "makers/embedded/journal_disk.h"
+#include "platform/disk.h"
 
 namespace vrix {
 
@@ -23,22 +23,47 @@ private:
     RegistryStatus persist(const Change&) override { return answer; }
 };
 
-// A disk whose files are free, or all held by another program. It tells what it is asked to bring in safety.
-struct StubDisk final : JournalDisk {
+// The disk of the system, whose files are free, or all held by another program, and which may refuse. It tells what it
+// is asked to bring in safety.
+struct StubDisk final : Disk {
+    struct File final : DiskFile {
+        File(std::unique_ptr<DiskFile> real_, StubDisk& disk_) : real(std::move(real_)), disk(disk_) {}
+        std::optional<std::string> read(std::size_t wanted) override { return real->read(wanted); }
+        bool write(std::string_view bytes) override {
+            return real->write(bytes.substr(0, disk.room)) && bytes.size() <= disk.room;
+        }
+        bool flush() override {
+            disk.log += "sync ";
+            return disk.syncs;
+        }
+        std::optional<std::uint64_t> size() override { return real->size(); }
+        bool cut(std::uint64_t size) override { return disk.cuts && real->cut(size); }
+        bool close() override { return real->close(); }
+        std::unique_ptr<DiskFile> real;
+        StubDisk& disk;
+    };
+
     explicit StubDisk(bool isFree_ = true) : isFree(isFree_) {}
-    bool acquire(const std::string&) override { return isFree; }
+    PathKind kindOf(const std::string& path) override { return systemDisk().kindOf(path); }
+    std::unique_ptr<DiskFile> open(const std::string& path, FileUse use) override {
+        auto real = systemDisk().open(path, use);
+        return real ? std::make_unique<File>(std::move(real), *this) : nullptr;
+    }
     bool replace(const std::string& path, const std::string& by) override {
         log += "replace ";
-        std::error_code failed;
-        std::filesystem::rename(by, path, failed);
-        return !failed;
+        return systemDisk().replace(path, by);
     }
-    bool sync(std::FILE*) override {
-        log += "sync ";
-        return syncs;
-    }
+    bool remove(const std::string& path) override { return systemDisk().remove(path); }
+    std::shared_ptr<void> lock(const std::string&) override { return isFree ? std::make_shared<int>() : nullptr; }
+    bool makeFolder(const std::string& path) override { return systemDisk().makeFolder(path); }
+    std::vector<std::string> namesIn(const std::string& folder) override { return systemDisk().namesIn(folder); }
+    std::vector<std::string> filesOf(const std::string& pattern) override { return systemDisk().filesOf(pattern); }
+    std::string reason() override { return systemDisk().reason(); }
+
     bool isFree;
     bool syncs = true;
+    bool cuts = true;
+    std::size_t room = std::string::npos;  // of one write
     std::string log;
 };
 

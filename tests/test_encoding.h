@@ -2,11 +2,11 @@
 
 #include <memory>
 
-#include "common/encoding.h"
+#include "platform/machine.h"
 
 namespace vrix {
 
 // The code page of that number, by the platform that the tests run on.
-std::unique_ptr<Encoding> testEncoding(unsigned codePage = 1252);
+inline std::unique_ptr<Encoding> testEncoding(unsigned codePage = 1252) { return systemMachine().encoding(codePage); }
 
 }  // namespace vrix

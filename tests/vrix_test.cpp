@@ -2,9 +2,10 @@
 
 #include <nlohmann/json.hpp>
 
+#include "backup/backed_up_registry.h"
+#include "common/code_page.h"
 #include "expected.h"
-#include "makers/backup/backed_up_registry.h"
-#include "makers/embedded/memory_registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "registry_suite.h"
 #include "stubs.h"
 #include "test_encoding.h"
@@ -12,25 +13,24 @@
 namespace vrix {
 namespace {
 
-// A system with a registry and files in memory, and local data in a folder that goes with it.
-class TestHost final : public Host {
+// A system with a registry in memory, and a folder of its own with files to work in and local data.
+class TestSystem final : public Console, public Machine {
 public:
+    TestSystem() {
+        for (const char* name : {"files", "data"}) std::filesystem::create_directory(temporary.folder / name);
+        std::filesystem::current_path(temporary.folder / "files");
+        writeBytes("sample.kls", bytesOf(VRIX_EXPECTED "/sample.kls"));
+    }
+    ~TestSystem() override { std::filesystem::current_path(temporary.folder.parent_path()); }
+    TestSystem(const TestSystem&) = delete;
+    TestSystem& operator=(const TestSystem&) = delete;
+
     bool isAttended() override { return !answer.empty(); }
     std::string readLine() override { return answer; }
     std::string readAll() override { return input; }
     void write(const std::string& text) override { out += text; }
     void writeError(const std::string& text) override { err += text; }
-    void flush() override {}
-    std::optional<std::string> readFile(const std::string& path) override {
-        const auto found = files.find(path);
-        return found == files.end() ? std::nullopt : std::optional(found->second);
-    }
-    void writeFile(const std::string& path, const std::string& bytes) override {
-        if (path.starts_with("full/")) throw HostRefused("the file \"" + path + "\" cannot be written");
-        files[path] = bytes;
-    }
-    void makeFolder(const std::string&) override {}
-    std::vector<std::string> filesOf(const std::string& pattern) override { return {pattern}; }
+    bool flush() override { return takesOutput; }
     std::unique_ptr<Registry> registry(RegistryView view) override {
         if (!hasRegistry) return nullptr;
         return std::make_unique<BackedUpRegistry>(view == RegistryView::bits32 ? narrow : wide, nullptr);
@@ -38,39 +38,40 @@ public:
     RegistryView ownView() override { return RegistryView::bits64; }
     unsigned codePage() override { return 1252; }
     std::unique_ptr<Encoding> encoding(unsigned number) override { return testEncoding(number); }
-    std::unique_ptr<JournalDisk> journalDisk() override {
-        auto disk = std::make_unique<StubDisk>(isFree);
-        disk->syncs = syncs;
-        return disk;
-    }
-    std::string localDataFile(const std::string& folder, const std::string& file) override {
-        if (hasLocalData) std::filesystem::create_directories(data.folder / folder);
-        return data.path(folder) + '/' + file;
+    Disk& disk() override { return disk_; }
+    std::string localDataFolder(const std::string& name) override {
+        const std::string folder = temporary.path("data") + '/' + name;
+        if (hasLocalData) disk_.makeFolder(folder);
+        return folder + '/';
     }
     std::time_t now() override { return time++; }
 
     // Runs a command and gives its exit code and all that it printed.
     std::string run(const std::vector<std::string>& arguments) {
         out = err = "";
-        const int code = runVrix(arguments, *this);
+        const int code = runVrix(arguments, *this, *this);
         return std::to_string(code) + '|' + out + err;
     }
     std::string tree() { return listing(wide, hive::localMachine); }
 
     StubRegistry wide;
     StubRegistry narrow;
-    std::map<std::string, std::string> files{{"sample.kls", bytesOf(VRIX_EXPECTED "/sample.kls")}};
     std::string answer, input, out, err;
     bool hasRegistry = true;
-    bool isFree = true;
-    bool syncs = true;
+    bool takesOutput = true;
     bool hasLocalData = true;
     std::time_t time = 1'800'000'000;
-    TemporaryFolder data;
+    TemporaryFolder temporary;
+    StubDisk disk_;
 };
 
 class Vrix : public testing::Test {
 protected:
+    void SetUp() override {
+        static const auto utf8 = testEncoding(65001);
+        useCodePage(65001, *utf8);
+    }
+    void TearDown() override { useCodePage(1252, westernEncoding()); }
     std::string run(const std::vector<std::string>& arguments) { return host.run(arguments); }
     // The code alone.
     char code(const std::vector<std::string>& arguments) { return run(arguments)[0]; }
@@ -84,7 +85,7 @@ protected:
         return nlohmann::json::parse(host.out).at(0).at("file");
     }
 
-    TestHost host;
+    TestSystem host;
 };
 
 }  // namespace
@@ -95,7 +96,7 @@ TEST_F(Vrix, BringsAProductBackFromEachFormThatItWasKeptIn) {
     EXPECT_EQ(code({"export", "Sample Manual", "kept.kls"}), '0');
     EXPECT_EQ(code({"export", "toolkit:samplekey", "kept.json"}), '0');
     EXPECT_EQ(code({"export", "kept.json", "again.kls"}), '0');
-    EXPECT_EQ(host.files["again.kls"], host.files["kept.kls"]);
+    EXPECT_EQ(bytesOf("again.kls"), bytesOf("kept.kls"));
     for (const std::vector<std::string>& back : {std::vector<std::string>{"apply", "sample.kls"},
                                                  {"apply", "kept.json"},
                                                  {"restore", "latest"},
@@ -122,9 +123,9 @@ TEST_F(Vrix, BringsAProductBackFromEachFormThatItWasKeptIn) {
 }
 
 TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
-    host.files["bad.kls"] = "REGEDIT4\n";
-    host.files["bad.json"] = "{\"key\": \"K\", \"colour\": 1}";
-    host.files["x.json"] = "{\"name\": \"Sample Manual\", \"key\": \"X\", \"tree\": \"installed\"}";
+    writeBytes("bad.kls", "REGEDIT4\n");
+    writeBytes("bad.json", "{\"key\": \"K\", \"colour\": 1}");
+    writeBytes("x.json", "{\"name\": \"Sample Manual\", \"key\": \"X\", \"tree\": \"installed\"}");
     EXPECT_EQ(code({"apply", "sample.kls", "x.json"}), '0');
     struct Case {
         std::vector<std::string> arguments;
@@ -147,6 +148,12 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
              {{"--store", "none.journal", "list"}, '3', "none.journal"},
              {{"restore", "none"}, '3', "no backup \"none\""},
              {{"export", "X", "full/x.kls"}, '4', "full/x.kls"},
+             {{"--code-page", "7", "apply", "sample.kls"}, '2', "no code page 7"},
+             {{"--store", "no\xE9UTF-8", "list"}, '3', "no\xE9UTF-8"},
+             {{"--store", "no\xE9UTF-8", "dsc", "export"}, '3', "no\xEF\xBF\xBDUTF-8"},
+             {{"dsc", "get", "--input", "{\"key\":\"X\",\"file\":\"\xE6\x97\xA5\"}"},
+              '3',
+              "{\"error\":\"there is no file"},
              {{"apply", "bad.kls"}, '5', "bad.kls: the file does not end"},
              {{"apply", "bad.json"}, '5', "bad.json: /colour"},
              {{"apply", "sample.kls", "bad.json", "--json"}, '5', "bad.json"},
@@ -156,7 +163,7 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
         EXPECT_NE(answer.find(said), std::string::npos) << answer;
     }
     host.wide.answer = RegistryStatus::accessDenied;
-    host.files["x.json"].replace(10, 6, "Renamed");
+    writeBytes("x.json", "{\"name\": \"Renamed\", \"key\": \"X\", \"tree\": \"installed\"}");
     EXPECT_EQ(run({"apply", "x.json"}).substr(0, 17), "4|x.json: \"Rename");
     EXPECT_NE(host.err.find("administrator rights"), std::string::npos) << host.err;
     host.hasRegistry = false;
@@ -165,17 +172,17 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
 }
 
 TEST_F(Vrix, LeavesAJournalThatItReadsAsItIsAndOneThatIsHeldAlone) {
-    const std::string path = host.data.path("store.journal");
+    const std::string path = std::string("store.journal");
     EXPECT_EQ(code({"apply", "sample.kls", "--dry-run", "--store", path}), '0');
     EXPECT_FALSE(std::filesystem::exists(path));
-    host.syncs = false;
+    host.disk_.syncs = false;
     EXPECT_EQ(code({"apply", "sample.kls", "--store", path}), '4');
     EXPECT_EQ(host.out.find("changes made"), std::string::npos);
-    host.syncs = true;
+    host.disk_.syncs = true;
     EXPECT_EQ(code({"apply", "sample.kls", "--store", path}), '0');
     const std::string torn = bytesOf(path) + "\x01";
     writeBytes(path, torn);
-    host.isFree = false;
+    host.disk_.isFree = false;
     EXPECT_EQ(code({"list", "--store", path}), '0');
     EXPECT_EQ(run({"remove", "SampleKey", "--yes", "--store", path}).substr(0, 1), "4");
     EXPECT_NE(host.err.find("is in use by another program"), std::string::npos);
@@ -195,7 +202,7 @@ TEST_F(Vrix, KeepsABackupBeforeItWritesAndTheNewestTwenty) {
         EXPECT_EQ(code({"apply", "sample.kls"}), '0');
     }
     EXPECT_EQ(count(), 20u);
-    host.files["x.json"] = "{\"name\": \"X\", \"key\": \"X\"}";
+    writeBytes("x.json", "{\"name\": \"X\", \"key\": \"X\"}");
     EXPECT_EQ(code({"apply", "x.json", "--no-backup"}), '0');
     EXPECT_NE(run({"backups"})
                   .find("\n  changed since: \"Sample Manual\" (toolkit:SampleKey)\n  added since: \"X\" "
@@ -204,7 +211,7 @@ TEST_F(Vrix, KeepsABackupBeforeItWritesAndTheNewestTwenty) {
         << host.out;
     EXPECT_EQ(code({"restore", "latest", "--no-backup"}), '0');
     EXPECT_EQ(code({"show", "X"}), '3');
-    std::filesystem::remove_all(host.data.path("Vrix Toolkit Backups (64-bit)"));
+    std::filesystem::remove_all(host.temporary.path("data/Vrix Toolkit Backups (64-bit)"));
     host.hasLocalData = false;
     const std::string whole = host.tree();
     EXPECT_EQ(code({"apply", "x.json"}), '4');
@@ -218,7 +225,7 @@ TEST_F(Vrix, RestoresRowsThatShareAKeyOrHaveNoneAndProductsInOneAnother) {
         write("Odd" + std::string(key), key, "Toolkit\\Products");
     }
     const std::string whole = host.tree();
-    host.files["x.json"] = "{\"name\": \"X\", \"key\": \"X\"}";
+    writeBytes("x.json", "{\"name\": \"X\", \"key\": \"X\"}");
     EXPECT_EQ(code({"apply", "x.json"}), '0');
     const std::string backup = latest();
     write("AllowNoTOC", "9");
@@ -226,6 +233,32 @@ TEST_F(Vrix, RestoresRowsThatShareAKeyOrHaveNoneAndProductsInOneAnother) {
     EXPECT_EQ(code({"restore", backup}), '0');
     EXPECT_EQ(host.tree(), whole);
     EXPECT_EQ(run({"restore", backup}).find(" made."), std::string::npos) << host.out;
+}
+
+TEST_F(Vrix, KeepsTextsThatTheCodePageLacks) {
+    const std::string half = "\xED\xA0\x80";
+    writeBytes("x.json",
+               R"({"name": "日本 Manual", "key": "Ключ", "topics": [{"name": "目次", "file": "C:\\д\\目次.doc"}]})");
+    EXPECT_EQ(code({"apply", "x.json"}), '0');
+    EXPECT_EQ(run({"export", "Ключ", "x.kls"}).substr(0, 1), "5");
+    EXPECT_NE(host.err.find("JSON"), std::string::npos) << host.err;
+    EXPECT_EQ(code({"--code-page", "932", "export", "Ключ", "x.kls"}), '0');
+    EXPECT_EQ(run({"--code-page", "932", "compare", "Ключ", "x.kls"}).find("目次"), std::string::npos) << host.out;
+    write("目次" + half, "д" + half, "Toolkit\\Ключ\\Topics");
+    const std::string whole = host.tree();
+    EXPECT_NE(run({"show", "日本 Manual"}).find("目次"), std::string::npos);
+    EXPECT_EQ(run({"list", "--json"})[0], '0');
+    EXPECT_EQ(code({"export", "Ключ", "half.json"}), '0');
+    EXPECT_NE(run({"apply", "half.json"}).find("nothing to change"), std::string::npos) << host.out;
+    EXPECT_EQ(code({"remove", "Ключ", "--yes"}), '0');
+    for (const std::vector<std::string>& back :
+         {std::vector<std::string>{"apply", "half.json"}, {"restore", "latest"}}) {
+        EXPECT_EQ(code(back), '0') << host.err;
+        EXPECT_EQ(host.tree(), whole);
+        EXPECT_EQ(code({"remove", "Ключ", "--yes"}), '0');
+    }
+    host.takesOutput = false;
+    EXPECT_EQ(code({"list"}), '4');
 }
 
 TEST_F(Vrix, IsAResourceOfDsc) {

@@ -1,5 +1,6 @@
 #include "forms/event.h"
 
+#include <exception>
 #include <string>
 
 #include "common/runtime_failure.h"
@@ -9,26 +10,25 @@ namespace vrix {
 
 namespace {
 
-void end(Screen& screen, const std::string& report) noexcept {
+std::string report() {
     try {
-        screen.ask(report, programTitle, Buttons::ok);
-    } catch (const std::exception&) {
-        // The report failed too, as it may without memory. The program ends all the same.
+        throw;
+    } catch (const RuntimeFailure& failure) {
+        return "Run-time error '" + std::to_string(static_cast<int>(failure.number())) + "':\r\n\r\n" + failure.what();
+    } catch (const std::exception& error) {
+        return std::string("Run-time error:\r\n\r\n") + error.what();
     }
-    screen.quitByFailure();
 }
 
 }  // namespace
 
-void runEvent(Screen& screen, const std::function<void()>& event) noexcept {
+void reportFailure(Screen& screen) noexcept {
     try {
-        event();
-    } catch (const RuntimeFailure& failure) {
-        end(screen,
-            "Run-time error '" + std::to_string(static_cast<int>(failure.number())) + "':\r\n\r\n" + failure.what());
-    } catch (const std::exception& error) {
-        end(screen, std::string("Run-time error:\r\n\r\n") + error.what());
+        screen.ask(report(), programTitle, Buttons::ok);
+    } catch (const std::exception&) {
+        // The report failed too, as it may without memory. The program ends all the same.
     }
+    screen.quitByFailure();
 }
 
 }  // namespace vrix

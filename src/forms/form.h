@@ -56,6 +56,9 @@ public:
     void resetButtons();
     std::map<Key, std::function<void()>> shortcuts;  // that work wherever on the form the focus is
     const Control* firstFocus = nullptr;             // where the form opens; null: at its first box to fill
+    const Control* defaultButton = nullptr;          // what Enter presses where the focus says nothing else
+    // What lies between the title band and the row of buttons; null on a form that has neither.
+    const Control* content = nullptr;
 
     // The user closed the window by its title bar.
     virtual void closed() = 0;

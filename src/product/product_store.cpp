@@ -19,6 +19,22 @@ std::vector<std::string> subkeysOf(Registry& registry, RegistryKey key, const Ke
     return names;
 }
 
+StoredKey readKey(Registry& registry, RegistryKey key, const KeyPath& path) {
+    std::vector<std::string> names;
+    std::vector<ValueData> data;
+    expect(registry.listValues(key, names, &data), path);
+    StoredKey found{path, {}};
+    found.values.reserve(names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (names[i].find('\0') == std::string::npos) {
+            found.values.push_back({std::move(names[i]), data[i].type, std::move(data[i].bytes)});
+        } else {
+            ++found.unreachable;
+        }
+    }
+    return found;
+}
+
 constexpr std::uint32_t toRead = access::queryValue | access::enumerateSubKeys;
 
 // Runs `use` on a key below the family key, if it is there.
@@ -33,7 +49,7 @@ void onKey(Registry& registry, const KeyPath& path, const Use& use) {
 
 // The platform ends the recursion at 512 levels.
 void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const ProductStore::Visit& visit) {
-    visit(path, valuesOf(registry, key, path));
+    visit(readKey(registry, key, path));
     for (const std::string& name : subkeysOf(registry, key, path)) {
         const KeyPath below = joinedPaths(path, {name});
         OpenKey open(registry);
@@ -45,18 +61,6 @@ void walkKey(Registry& registry, RegistryKey key, const KeyPath& path, const Pro
 }
 
 }  // namespace
-
-std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const KeyPath& path) {
-    std::vector<std::string> names;
-    std::vector<ValueData> data;
-    expect(registry.listValues(key, names, &data), path);
-    std::vector<StoredValue> values;
-    values.reserve(names.size());
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        values.push_back({std::move(names[i]), data[i].type, std::move(data[i].bytes)});
-    }
-    return values;
-}
 
 std::string refusalText(const KeyPath& path, RegistryStatus status) {
     const auto number = std::to_string(static_cast<std::int32_t>(status));
@@ -83,7 +87,7 @@ RegistryStatus openBelowFamily(Registry& registry, const KeyPath& path, std::uin
 
 std::vector<StoredValue> ProductStore::values(const KeyPath& path) const {
     std::vector<StoredValue> found;
-    onKey(registry_, path, [&](RegistryKey key) { found = valuesOf(registry_, key, path); });
+    onKey(registry_, path, [&](RegistryKey key) { found = readKey(registry_, key, path).values; });
     return found;
 }
 
@@ -130,8 +134,9 @@ Product ProductStore::read(const ProductId& id) const {
     Product product{id, {}};
     if (!whyNoKey(id).empty()) return product;
     const KeyPath root = rootPath(id);
-    walk(root, [&](const KeyPath& path, std::vector<StoredValue> values) {
-        product.keys.push_back({belowRoot(path, root), std::move(values)});
+    walk(root, [&](StoredKey key) {
+        key.path = belowRoot(key.path, root);
+        product.keys.push_back(std::move(key));
     });
     product.sortKeys();
     return product;

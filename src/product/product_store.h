@@ -27,8 +27,9 @@ public:
     // One key, by names from the family key downwards.
     std::vector<StoredValue> values(const KeyPath& path) const;
     std::vector<std::string> subkeys(const KeyPath& path) const;
-    // Hands a key, if it is there, and all below it to `visit`, each before those below it.
-    using Visit = std::function<void(const KeyPath& path, std::vector<StoredValue> values)>;
+    // Hands a key, if it is there, and all below it to `visit`, each before those below it, with its path from the
+    // family key downwards.
+    using Visit = std::function<void(StoredKey key)>;
     void walk(const KeyPath& path, const Visit& visit) const;
 
     Registry& registry() const { return registry_; }
@@ -41,9 +42,6 @@ private:
 // way are made. The key is the caller's to close, and 0 unless the status is success.
 RegistryStatus openBelowFamily(Registry& registry, const KeyPath& path, std::uint32_t rights, bool make,
                                RegistryKey& key);
-// All values of an open key, in its order; refusals are Refusal, which names `path`.
-std::vector<StoredValue> valuesOf(Registry& registry, RegistryKey key, const KeyPath& path);
-
 // The sentence for a refusal, such as "Software\Vrix\K: access denied (5)".
 std::string refusalText(const KeyPath& path, RegistryStatus status);
 

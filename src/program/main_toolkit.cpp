@@ -1,10 +1,9 @@
 #include <ctime>
 #include <exception>
 
-#include "makers/backup/backed_up_registry.h"
-#include "makers/backup/backup_folder.h"
+#include "backup/backed_up_registry.h"
+#include "backup/backup_folder.h"
 #include "makers/win32/startup.h"
-#include "makers/win32/win32_disk.h"
 #include "makers/win32/win32_registry.h"
 #include "program/run_on_windows.h"
 
@@ -13,9 +12,8 @@ namespace {
 // Keeps the store as it is. The program goes on where it cannot be kept.
 void keepBackup(vrix::Registry& registry) {
     try {
-        const auto disk = vrix::makeJournalDisk();
-        const std::string folder = vrix::localDataFile(vrix::registryBackups(vrix::programWidth), "");
-        vrix::BackupFolder(folder, *disk).keep(registry, std::time(nullptr));
+        const std::string folder = vrix::localDataFolder(vrix::registryBackups(vrix::programWidth));
+        vrix::BackupFolder(folder, vrix::systemDisk()).keep(registry, std::time(nullptr));
     } catch (const std::exception&) {
     }
 }

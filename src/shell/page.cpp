@@ -8,7 +8,10 @@ Page::Page(Toolkit& owner, std::string_view name, std::string_view heading, std:
     : Form(owner.platform.screen, name, programTitle, pageSize),
       Label1(*this, "Label1", {24, 12, -96, 26}, task, Look::heading),
       Label2(*this, "Label2", {24, 40, -96, 20}, heading, Look::subheading),
-      toolkit(owner) {}
+      toolkit(owner) {
+    defaultButton = &NextBtn;
+    content = &Frame2;
+}
 
 void Page::showTask(bool edit) { Label1.setCaption(edit ? editTask : createTask); }
 

@@ -11,11 +11,11 @@ Store::Use use(const Run& run) { return run.request.dryRun ? Store::Use::rehears
 // Whether the user agrees. Nobody is asked where nobody can answer.
 bool isAgreed(Run& run, const std::string& question) {
     if (run.request.yes) return true;
-    if (!run.host.isAttended()) {
-        throw Failure(ExitCode::wrongUse, "nobody is there to be asked, so removing takes --yes");
+    if (!run.console.isAttended()) {
+        throw Refusal(Refusal::Kind::wrongUse, "nobody is there to be asked, so removing takes --yes");
     }
-    run.host.writeError(question + " [y/N] ");
-    const std::string answer = run.host.readLine();
+    run.console.writeError(question + " [y/N] ");
+    const std::string answer = run.console.readLine();
     return answer == "y" || answer == "Y" || answer == "yes";
 }
 
@@ -27,11 +27,11 @@ struct FileProduct {
 std::vector<FileProduct> readFiles(Run& run) {
     std::vector<FileProduct> all;
     for (const std::string& pattern : run.request.operands) {
-        for (const std::string& file : run.host.filesOf(pattern)) {
+        for (const std::string& file : run.machine.disk().filesOf(pattern)) {
             Product product = productOfFile(run, file);
             for (const auto& [other, its] : all) {
                 if (!isSameProduct(its.id, product.id)) continue;
-                throw Failure(ExitCode::wrongUse, other + " and " + file + " are both for " + labelOf(run, its.id));
+                throw Refusal(Refusal::Kind::wrongUse, other + " and " + file + " are both for " + labelOf(its.id));
             }
             all.push_back({file, std::move(product)});
         }
@@ -46,7 +46,7 @@ ExitCode apply(Run& run) {
     const Unnamed unnamed = run.request.merge ? Unnamed::kept : Unnamed::removed;
     std::vector<Step> steps;
     for (FileProduct& one : all) {  // a step is planned once
-        steps.push_back({one.file + ": " + labelOf(run, one.product.id),
+        steps.push_back({one.file + ": " + labelOf(one.product.id),
                          [&](const ProductStore& store) { return planApply(store, std::move(one.product), unnamed); }});
     }
     Store store(run, use(run));
@@ -60,8 +60,8 @@ ExitCode remove(Run& run) {
     {
         Store store(run, Store::Use::reading);
         for (const std::string& text : run.request.operands) {
-            const ProductId id = findProduct(run, store.products(), text);
-            const std::string label = labelOf(run, id);
+            const ProductId id = findProduct(store.products(), text);
+            const std::string label = labelOf(id);
             labels += (labels.empty() ? "" : ", ") + label;
             steps.push_back({label, [id](const ProductStore& products) { return planRemoval(products, id); }});
         }

@@ -30,21 +30,21 @@ const StoredValue* lostBy(const StoreChange& change) {
 
 bool isOfValue(const StoreChange& change) { return change.kind == Kind::setValue || change.kind == Kind::removeValue; }
 
-std::string lineOf(const Run& run, const StoreChange& change, const std::string& key) {
+std::string lineOf(const StoreChange& change, const std::string& key) {
     std::string line;
     line.reserve(256);
     line.append("  ").append(verbOf(change)).append(" ").append(key);
-    if (isOfValue(change)) line.append("\\").append(run.shown(change.value.name));
-    if (change.kind == Kind::setValue) line.append(" = ").append(run.shown(shown(change.value)));
-    if (const StoredValue* lost = lostBy(change)) line.append(" (was ").append(run.shown(shown(*lost))).append(")");
+    if (isOfValue(change)) line.append("\\").append(shown(change.value.name));
+    if (change.kind == Kind::setValue) line.append(" = ").append(shown(shown(change.value)));
+    if (const StoredValue* lost = lostBy(change)) line.append(" (was ").append(shown(shown(*lost))).append(")");
     return line;
 }
 
-Json asJson(const Run& run, const StoreChange& change) {
-    Json json = {{"change", verbOf(change)}, {"key", run.shown(joined(change.path))}};
-    if (isOfValue(change)) json["name"] = run.shown(change.value.name);
-    if (change.kind == Kind::setValue) json["value"] = run.shown(shown(change.value));
-    if (const StoredValue* lost = lostBy(change)) json["before"] = run.shown(shown(*lost));
+Json asJson(const StoreChange& change) {
+    Json json = {{"change", verbOf(change)}, {"key", shown(joined(change.path))}};
+    if (isOfValue(change)) json["name"] = shown(change.value.name);
+    if (change.kind == Kind::setValue) json["value"] = shown(shown(change.value));
+    if (const StoredValue* lost = lostBy(change)) json["before"] = shown(shown(*lost));
     return json;
 }
 
@@ -76,13 +76,13 @@ public:
     void add(const StoreChange& change) {
         ++count_;
         if (run_.request.json) {
-            changes_.push_back(asJson(run_, change));
+            changes_.push_back(asJson(change));
         } else {
             if (!path_ || !(*path_ == change.path)) {
                 path_ = change.path;
-                key_ = run_.shown(joined(change.path));
+                key_ = shown(joined(change.path));
             }
-            run_.print(lineOf(run_, change, key_));
+            run_.print(lineOf(change, key_));
         }
     }
     void end(const std::string& backup) {
@@ -127,10 +127,10 @@ void change(const Run& run, Store& store, const Plan& plan, Report& report) {
 
 void copyStore(const ProductStore& from, Registry& to) {
     Plan plan;
-    from.walk({}, [&](const KeyPath& key, std::vector<StoredValue> values) {
-        const SharedPath path = key;
+    from.walk({}, [&](StoredKey key) {
+        const SharedPath path = key.path;
         plan.push_back({Kind::makeKey, path});
-        for (StoredValue& value : values) plan.push_back({Kind::setValue, path, std::move(value)});
+        for (StoredValue& value : key.values) plan.push_back({Kind::setValue, path, std::move(value)});
     });
     perform(to, plan);
 }

@@ -21,7 +21,7 @@ struct Step {
 void copyStore(const ProductStore& from, Registry& to);
 
 // Plans all steps before the first change, then makes the changes, or with --dry-run none, and prints them. What later
-// steps find is what the earlier ones leave. Throws Failure, PlanRefused and StoreRefused.
+// steps find is what the earlier ones leave. Throws Refusal.
 void perform(Run& run, Store& store, const std::vector<Step>& steps);
 
 }  // namespace vrix

@@ -2,6 +2,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "common/refusal.h"
 #include "makers/standard/standard_files.h"
 #include "product/check.h"
 #include "vrix/commands.h"
@@ -29,8 +30,8 @@ Findings findIn(const Run& run, const Product& product) {
 Findings findInOtherView(Run& run, Store& store) {
     if (!store.isRegistry()) return {};
     RegistryView view = run.request.store.view;
-    if (view == RegistryView::own) view = run.host.ownView();
-    const auto other = run.host.registry(view == RegistryView::bits64 ? RegistryView::bits32 : RegistryView::bits64);
+    if (view == RegistryView::own) view = run.machine.ownView();
+    const auto other = run.machine.registry(view == RegistryView::bits64 ? RegistryView::bits32 : RegistryView::bits64);
     return other ? checkViews(store.products(), ProductStore(*other)) : Findings();
 }
 
@@ -57,12 +58,12 @@ Json asJson(const FindingKind& kind) {
             {"advice", kind.advice}};
 }
 
-Json asJson(const Run& run, const Findings& findings) {
+Json asJson(const Findings& findings) {
     Json all = Json::array();
     for (const Finding& finding : findings) {
         all.push_back(asJson(*finding.kind));
-        all.back()["place"] = run.shown(finding.place);
-        all.back()["detail"] = run.shown(finding.detail);
+        all.back()["place"] = shown(finding.place);
+        all.back()["detail"] = shown(finding.detail);
     }
     return all;
 }
@@ -75,9 +76,9 @@ std::size_t countOf(const Findings& findings, Severity severity) {
 void print(Run& run, const Findings& findings) {
     for (const Finding& finding : findings) {
         const FindingKind& kind = *finding.kind;
-        const std::string detail = finding.detail.empty() ? "" : " [" + run.shown(finding.detail) + "]";
+        const std::string detail = finding.detail.empty() ? "" : " [" + shown(finding.detail) + "]";
         run.print(std::string(severityName(kind.severity)) + " " + std::string(kind.name) + ": " +
-                  run.shown(finding.place) + detail);
+                  shown(finding.place) + detail);
         run.print("  " + std::string(kind.what) + " " + std::string(kind.advice));
     }
     if (findings.empty()) {
@@ -98,7 +99,8 @@ std::string names() {
 ExitCode explain(Run& run) {
     const FindingKind* kind = findFindingKind(run.request.finding);
     if (kind == nullptr) {
-        throw Failure(ExitCode::notFound, "there is no finding " + quoted(run.request.finding) + ", but: " + names());
+        throw Refusal(Refusal::Kind::notFound,
+                      "there is no finding " + quoted(run.request.finding) + ", but: " + names());
     }
     if (run.request.json) {
         Json json = asJson(*kind);
@@ -117,7 +119,7 @@ ExitCode check(Run& run) {
     if (!run.request.finding.empty()) return explain(run);
     const Findings findings = run.request.operands.empty() ? findInStore(run) : findInNamed(run);
     if (run.request.json) {
-        run.printJson(asJson(run, findings));
+        run.printJson(asJson(findings));
     } else {
         print(run, findings);
     }

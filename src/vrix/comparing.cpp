@@ -11,15 +11,15 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json sideOf(const Run& run, const std::optional<std::string>& side) { return side ? Json(run.shown(*side)) : Json(); }
+Json sideOf(const std::optional<std::string>& side) { return side ? Json(shown(*side)) : Json(); }
 
-Json asJson(const Run& run, const std::vector<Difference>& differences) {
+Json asJson(const std::vector<Difference>& differences) {
     Json all = Json::array();
     for (const Difference& difference : differences) {
         all.push_back({{"group", groupName(difference.group)},
-                       {"what", run.shown(difference.what)},
-                       {"left", sideOf(run, difference.left)},
-                       {"right", sideOf(run, difference.right)}});
+                       {"what", shown(difference.what)},
+                       {"left", sideOf(difference.left)},
+                       {"right", sideOf(difference.right)}});
     }
     return all;
 }
@@ -30,7 +30,7 @@ void print(Run& run, const std::vector<Difference>& differences) {
         if (group != difference.group) run.print(groupName(difference.group));
         group = difference.group;
         const auto side = [&](const char* mark, const std::optional<std::string>& text) {
-            if (text) run.print(std::string("  ") + mark + " " + run.shown(difference.what) + " = " + run.shown(*text));
+            if (text) run.print(std::string("  ") + mark + " " + shown(difference.what) + " = " + shown(*text));
         };
         side("-", difference.left);
         side("+", difference.right);
@@ -45,7 +45,7 @@ ExitCode compare(Run& run) {
     const Product right = source.read(run.request.operands.at(1));
     const std::vector<Difference> differences = vrix::compare(left, right);
     if (run.request.json) {
-        run.printJson(asJson(run, differences));
+        run.printJson(asJson(differences));
     } else if (differences.empty()) {
         run.print("No differences.");
     } else {

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "common/refusal.h"
 #include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
 #include "product/json/product_json.h"
@@ -24,10 +25,10 @@ struct Wanted {
 };
 
 Json parsed(Run& run) {
-    const std::string text = run.request.input ? *run.request.input : run.host.readAll();
+    const std::string text = run.request.input ? *run.request.input : run.console.readAll();
     Json json = Json::parse(text, nullptr, false);
     if (json.is_object()) return json;
-    throw Failure(ExitCode::malformed, "the instance is no JSON object");
+    throw Refusal(Refusal::Kind::malformed, "the instance is no JSON object");
 }
 
 // Takes a member out of the instance.
@@ -39,7 +40,7 @@ Json take(Json& instance, const char* name) {
 
 Product productOf(const Json& instance) {
     try {
-        return fromJson(instance.dump());
+        return fromJson(jsonText(instance));
     } catch (const Refusal& refusal) {
         throw Refusal(refusal.kind(), std::string("the instance: ") + refusal.what());
     }
@@ -48,12 +49,13 @@ Product productOf(const Json& instance) {
 // Beside a file stands at most what identifies the Product, and it must say the same.
 Product productOf(Run& run, Json instance, const std::string& file) {
     Product product = productOfFile(run, file);
-    if (!instance.contains("key")) instance["key"] = run.shown(product.id.key);
+    if (!instance.contains("key")) instance["key"] = shown(product.id.key);
     if (!instance.contains("tree")) instance["tree"] = treeName(product.id.tree);
     const ProductId told = productOf(instance).id;
     const bool isSame = isSameProduct(told, product.id) && (told.name.empty() || told.name == product.id.name);
     if (isSame && instance.size() == 2 + instance.count("name")) return product;
-    throw Failure(ExitCode::malformed, "the instance tells another Product than " + file + ", or more than its key");
+    throw Refusal(Refusal::Kind::malformed,
+                  "the instance tells another Product than " + file + ", or more than its key");
 }
 
 Wanted readWanted(Run& run) {
@@ -61,8 +63,8 @@ Wanted readWanted(Run& run) {
     const Json exists = take(instance, "_exist");
     const Json file = take(instance, "file");
     take(instance, "_inDesiredState");
-    if (!exists.is_null() && !exists.is_boolean()) throw Failure(ExitCode::malformed, "_exist is no boolean");
-    if (!file.is_null() && !file.is_string()) throw Failure(ExitCode::malformed, "file is no text");
+    if (!exists.is_null() && !exists.is_boolean()) throw Refusal(Refusal::Kind::malformed, "_exist is no boolean");
+    if (!file.is_null() && !file.is_string()) throw Refusal(Refusal::Kind::malformed, "file is no text");
     Product product = file.is_null() ? productOf(instance) : productOf(run, instance, file);
     Wanted wanted{product.id, exists.is_null() || exists.get<bool>()};
     const auto identity = instance.count("key") + instance.count("tree") + instance.count("name");
@@ -129,7 +131,7 @@ Plan planOf(const ProductStore& store, const Wanted& wanted) {
                           : planApply(store, Product{wanted.id, {}}, Unnamed::kept);
 }
 
-void printLine(Run& run, const Json& json) { run.print(json.dump()); }
+void printLine(Run& run, const Json& json) { run.print(jsonText(json)); }
 
 }  // namespace
 

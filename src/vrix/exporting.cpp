@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "common/refusal.h"
 #include "makers/embedded/embedded_registry.h"
 #include "product/encoded_text.h"
 #include "product/json/product_json.h"
@@ -27,14 +28,14 @@ std::string settingsOf(const Product& product) {
 std::string bytesOf(Run& run, const Product& product, const std::string& format) {
     if (format == "json") return toJson(product);
     if (format == "xml") {
-        return policyCollection(product, run.encoding(), run.request.store.view == RegistryView::bits32);
+        return policyCollection(product, run.request.store.view == RegistryView::bits32);
     }
-    return encodedSettings(settingsOf(product), run.encoding());
+    return encodedSettings(settingsOf(product), *settingsEncoding(run));
 }
 
 std::string bytesOf(Run& run, Store& store, const ProductId& id, const std::string& format) {
     if (format != "kls") return bytesOf(run, store.products().read(id), format);
-    return encodedSettings(settingsText(store.registry(), id), run.encoding());
+    return encodedSettings(settingsText(store.registry(), id), *settingsEncoding(run));
 }
 
 std::string formatOf(const std::string& path) {
@@ -64,9 +65,13 @@ std::string fileName(const std::string& text) {
 
 // Writes a file, and tells it as a line of JSON.
 Json save(Run& run, const ProductId& id, const std::string& path, const std::string& bytes) {
-    run.host.writeFile(path, bytes);
-    if (!run.request.json) run.print(labelOf(run, id) + " is in " + path);
-    Json line = identityOf(run, id);
+    Disk& disk = run.machine.disk();
+    const auto file = disk.open(path, FileUse::replace);
+    if (!file || !file->write(bytes) || !file->close()) {
+        throw diskRefusal(disk, "the file " + quoted(path) + " cannot be written");
+    }
+    if (!run.request.json) run.print(labelOf(id) + " is in " + path);
+    Json line = identityOf(id);
     line["file"] = path;
     return line;
 }
@@ -75,12 +80,15 @@ Json save(Run& run, const ProductId& id, const std::string& path, const std::str
 Json exportAll(Run& run) {
     Json lines = Json::array();
     Store store(run, Store::Use::reading);
-    run.host.makeFolder(run.request.folder);
+    Disk& disk = run.machine.disk();
+    if (!disk.makeFolder(run.request.folder)) {
+        throw diskRefusal(disk, "the folder " + quoted(run.request.folder) + " cannot be made");
+    }
     const std::string format = run.request.format.empty() ? "kls" : run.request.format;
     std::set<std::string> used;
     for (const ProductId& id : store.products().list()) {
         if (!whyNoKey(id).empty()) continue;
-        const std::string first = fileName(run.shown(id.key));
+        const std::string first = fileName(shown(id.key));
         std::string name = first;
         const auto isUsed = [&] {
             return std::any_of(used.begin(), used.end(), [&](const std::string& one) { return sameName(one, name); });
@@ -109,7 +117,7 @@ ExitCode exportProducts(Run& run) {
     const auto& operands = run.request.operands;
     const bool all = !run.request.folder.empty();
     if (operands.size() != (all ? 0 : 2)) {
-        throw Failure(ExitCode::wrongUse, "export takes a Product and a file, or --all with a folder");
+        throw Refusal(Refusal::Kind::wrongUse, "export takes a Product and a file, or --all with a folder");
     }
     const Json lines = all ? exportAll(run) : exportOne(run, operands[0], operands[1]);
     if (run.request.json) run.printJson(lines);

@@ -26,10 +26,10 @@ std::size_t countIn(const Product& product, const KeyPath& path) {
     return key == nullptr ? 0 : key->values.size();
 }
 
-Json lineOf(const Run& run, const Product& product) {
-    Json line = identityOf(run, product.id);
+Json lineOf(const Product& product) {
+    Json line = identityOf(product.id);
     line["topics"] = countIn(product, part::topics) + countIn(product, part::addedTopics);
-    line["created"] = run.shown(createdOf(product));
+    line["created"] = shown(createdOf(product));
     return line;
 }
 
@@ -38,7 +38,7 @@ Json lineOf(const Run& run, const Product& product) {
 ExitCode list(Run& run) {
     Store store(run, Store::Use::reading);
     Json lines = Json::array();
-    for (const ProductId& id : store.products().list()) lines.push_back(lineOf(run, readOutline(store.products(), id)));
+    for (const ProductId& id : store.products().list()) lines.push_back(lineOf(readOutline(store.products(), id)));
     if (run.request.json) {
         run.printJson(lines);
     } else if (lines.empty()) {
@@ -48,34 +48,34 @@ ExitCode list(Run& run) {
         for (const Json& line : lines) {
             rows.push_back({line["name"], line["key"], line["tree"], line["topics"].dump(), line["created"]});
         }
-        run.host.write(tableText(rows));
+        run.console.write(tableText(rows));
     }
     return ExitCode::done;
 }
 
 namespace {
 
-std::string rowsOf(const Run& run, const std::vector<std::pair<std::string, std::string>>& options) {
+std::string rowsOf(const std::vector<std::pair<std::string, std::string>>& options) {
     std::vector<std::vector<std::string>> rows;
     for (const auto& [name, text] : options) {
-        if (!text.empty()) rows.push_back({"  " + run.shown(name), run.shown(text)});
+        if (!text.empty()) rows.push_back({"  " + shown(name), shown(text)});
     }
     return tableText(rows);
 }
 
-std::string rowsOf(const Run& run, const std::vector<TopicView>& topics) {
+std::string rowsOf(const std::vector<TopicView>& topics) {
     std::vector<std::vector<std::string>> rows;
     for (const TopicView& topic : topics) {
         std::string others;
-        for (const std::string& other : topic.dependsOn) others += (others.empty() ? "" : ", ") + run.shown(other);
-        rows.push_back({"  " + run.shown(topic.name), run.shown(topic.file), others.empty() ? "" : "needs " + others});
+        for (const std::string& other : topic.dependsOn) others += (others.empty() ? "" : ", ") + shown(other);
+        rows.push_back({"  " + shown(topic.name), shown(topic.file), others.empty() ? "" : "needs " + others});
     }
     return tableText(rows);
 }
 
-std::string rowsOf(const Run& run, const std::vector<std::string>& fields) {
+std::string rowsOf(const std::vector<std::string>& fields) {
     std::string rows;
-    for (const std::string& field : fields) rows += "  " + run.shown(field) + '\n';
+    for (const std::string& field : fields) rows += "  " + shown(field) + '\n';
     return rows;
 }
 
@@ -84,26 +84,26 @@ std::string rowsOf(const Run& run, const std::vector<std::string>& fields) {
 ExitCode show(Run& run) {
     const Product product = ProductSource(run).read(run.request.operands.at(0));
     if (run.request.json) {
-        run.host.write(toJson(product));
+        run.console.write(toJson(product));
         return ExitCode::done;
     }
     const ProductView view = viewOf(product);
     const auto print = [&](const std::string& title, const std::string& rows) {
-        if (!rows.empty()) run.host.write('\n' + title + '\n' + rows);
+        if (!rows.empty()) run.console.write('\n' + title + '\n' + rows);
     };
-    run.host.write(tableText({{"Name", run.shown(view.id.name)},
-                              {"Key", run.shown(view.id.key)},
-                              {"Tree", treeName(view.id.tree)},
-                              {"Created", run.shown(view.created)}}));
-    print("Options, where not empty", rowsOf(run, view.options));
-    print("Topics", rowsOf(run, view.topics));
-    print("Added Topics", rowsOf(run, view.addedTopics));
-    print("SmartFields", rowsOf(run, view.smartFields));
+    run.console.write(tableText({{"Name", shown(view.id.name)},
+                                 {"Key", shown(view.id.key)},
+                                 {"Tree", treeName(view.id.tree)},
+                                 {"Created", shown(view.created)}}));
+    print("Options, where not empty", rowsOf(view.options));
+    print("Topics", rowsOf(view.topics));
+    print("Added Topics", rowsOf(view.addedTopics));
+    print("SmartFields", rowsOf(view.smartFields));
     return ExitCode::done;
 }
 
 ExitCode schema(Run& run) {
-    run.host.write(productSchema());
+    run.console.write(productSchema());
     return ExitCode::done;
 }
 

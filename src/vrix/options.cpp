@@ -2,6 +2,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 
+#include "common/refusal.h"
 #include "vrix/commands.h"
 #include "vrix/request.h"
 
@@ -60,7 +61,7 @@ public:
         } catch (const CLI::CallForVersion& version) {
             throw HelpWanted{version.what() + std::string("\n")};
         } catch (const CLI::ParseError& error) {
-            throw Failure(ExitCode::wrongUse, std::string(error.what()) + " (\"vrix --help\" tells more)");
+            throw Refusal(Refusal::Kind::wrongUse, std::string(error.what()) + " (\"vrix --help\" tells more)");
         }
         settle();
         return std::move(request_);
@@ -76,7 +77,7 @@ private:
             ->type_name("64|32")
             ->check(oneOf({"64", "32"}));
         app_.add_flag("--trial", trial_, "Work on the store of the Trial program")->excludes(store);
-        app_.add_option("--code-page", codePage_, "The code page of a journal's texts, where not the system's")
+        app_.add_option("--code-page", request_.codePage, "The code page of settings files, where not the system's")
             ->type_name("N");
         app_.add_flag("--json", request_.json, "Answer in JSON, for machines");
         app_.add_flag("--yes", request_.yes, "Ask nothing");
@@ -189,9 +190,8 @@ private:
         if (!store_.empty()) store.kind = store_ == "registry" ? registry : file;
         if (store.kind == file) store.path = store_;
         if (!view_.empty()) store.view = view_ == "64" ? RegistryView::bits64 : RegistryView::bits32;
-        store.codePage = codePage_;
         if (!view_.empty() && store.kind.value_or(registry) != registry) {
-            throw Failure(ExitCode::wrongUse, "--view is for the registry alone");
+            throw Refusal(Refusal::Kind::wrongUse, "--view is for the registry alone");
         }
     }
 
@@ -200,7 +200,6 @@ private:
     std::string store_;
     std::string view_;
     bool trial_ = false;
-    std::optional<unsigned> codePage_;
 };
 
 }  // namespace

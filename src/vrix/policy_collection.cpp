@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "common/utf8.h"
+
 namespace vrix {
 
 namespace {
@@ -30,6 +32,7 @@ std::string guidOf(const std::string& text) {
 }
 
 std::string escaped(const std::string& text, const std::string& place) {
+    if (!isWhole(text)) throw malformed(place, "XML cannot hold half a character");
     std::string safe;
     for (const char c : text) {
         switch (c) {
@@ -51,16 +54,16 @@ std::string escaped(const std::string& text, const std::string& place) {
 // The collection as it grows.
 class Collection {
 public:
-    Collection(const Encoding& encoding, bool narrow, const std::string& name)
-        : encoding_(encoding), family_(narrow ? "Software\\WOW6432Node\\Vrix" : "Software\\Vrix") {
+    Collection(bool narrow, const std::string& name)
+        : family_(narrow ? "Software\\WOW6432Node\\Vrix" : "Software\\Vrix") {
         text_ = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Collection clsid=\"";
-        text_ += collectionClass + std::string("\" name=\"") + attribute(name, "the name") + "\">\r\n";
+        text_ += collectionClass + std::string("\" name=\"") + escaped(name, "the name") + "\">\r\n";
     }
 
     void add(const KeyPath& path, const StoredValue& value) {
         const std::string place = joined(path) + '\\' + value.name;
-        const std::string key = attribute(family_ + '\\' + joined(path), place);
-        const std::string name = attribute(value.name, place);
+        const std::string key = escaped(family_ + '\\' + joined(path), place);
+        const std::string name = escaped(value.name, place);
         const Form form = formOf(value, place);
         const std::string title = value.name.empty() ? "(Default)" : name;
         text_ += "  <Registry clsid=\"" + std::string(itemClass) + "\" name=\"" + title + "\" status=\"" + title +
@@ -80,11 +83,11 @@ private:
         std::string value;
     };
 
-    Form formOf(const StoredValue& value, const std::string& place) const {
+    static Form formOf(const StoredValue& value, const std::string& place) {
         const bool endsOnce = value.data.find('\0') + 1 == value.data.size();
-        if (value.type == valuetype::string && endsOnce) return {"6", "REG_SZ", attribute(textOf(value), place)};
+        if (value.type == valuetype::string && endsOnce) return {"6", "REG_SZ", escaped(textOf(value), place)};
         if (value.type == valuetype::expandString && endsOnce) {
-            return {"6", "REG_EXPAND_SZ", attribute(value.data.c_str(), place)};
+            return {"6", "REG_EXPAND_SZ", escaped(value.data.c_str(), place)};
         }
         if (value.type == valuetype::binary) return {"11", "REG_BINARY", hexDigits(value.data)};
         if (value.type == valuetype::dword && value.data.size() == 4) {
@@ -93,21 +96,14 @@ private:
         throw malformed(place, "a policy's collection has no form for this value");
     }
 
-    std::string attribute(const std::string& text, const std::string& place) const {
-        const auto known = encoding_.toUtf8(text);
-        if (!known) throw malformed(place, "this has bytes that stand for no character");
-        return escaped(*known, place);
-    }
-
-    const Encoding& encoding_;
     std::string family_;
     std::string text_;
 };
 
 }  // namespace
 
-std::string policyCollection(const Product& product, const Encoding& encoding, bool narrow) {
-    Collection collection(encoding, narrow, product.id.name.empty() ? product.id.key : product.id.name);
+std::string policyCollection(const Product& product, bool narrow) {
+    Collection collection(narrow, product.id.name.empty() ? product.id.key : product.id.name);
     if (!product.id.name.empty()) {
         collection.add(listPath(product.id.tree), textValue(product.id.name, product.id.key));
     }

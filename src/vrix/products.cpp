@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "common/refusal.h"
 #include "product/encoded_text.h"
 #include "product/json/product_json.h"
 #include "product/settings_text.h"
@@ -52,40 +53,58 @@ bool isJson(std::string_view bytes) {
     return text.substr(std::min(text.find_first_not_of(" \t\r\n"), text.size())).starts_with('{');
 }
 
+// What a file holds; nothing where no file is.
+std::optional<std::string> readFile(Disk& disk, const std::string& path) {
+    if (disk.kindOf(path) == PathKind::nothing) return std::nullopt;
+    constexpr std::size_t portion = 65'536;
+    const auto file = disk.open(path, FileUse::read);
+    std::string bytes;
+    while (file) {
+        const auto part = file->read(portion);
+        if (!part) break;
+        bytes += *part;
+        if (part->size() < portion) return bytes;
+    }
+    throw diskRefusal(disk, "the file " + quoted(path) + " cannot be read");
+}
+
 }  // namespace
 
-nlohmann::ordered_json identityOf(const Run& run, const ProductId& id) {
-    return {{"name", run.shown(id.name)}, {"key", run.shown(id.key)}, {"tree", treeName(id.tree)}};
+nlohmann::ordered_json identityOf(const ProductId& id) {
+    return {{"name", shown(id.name)}, {"key", shown(id.key)}, {"tree", treeName(id.tree)}};
 }
 
-std::string labelOf(const Run& run, const ProductId& id) {
-    const std::string key = std::string(treeName(id.tree)) + ":" + run.shown(id.key);
-    return id.name.empty() ? key : quoted(run.shown(id.name)) + " (" + key + ")";
+std::string labelOf(const ProductId& id) {
+    const std::string key = std::string(treeName(id.tree)) + ":" + shown(id.key);
+    return id.name.empty() ? key : quoted(shown(id.name)) + " (" + key + ")";
 }
 
-std::optional<ProductId> lookFor(Run& run, const ProductStore& store, const std::string& text) {
-    Wanted wanted = wantedBy(text);
-    const auto known = run.stored(wanted.text);
-    if (!known) return std::nullopt;
-    wanted.text = *known;
-    const std::vector<ProductId> found = candidates(store, wanted);
+std::optional<ProductId> lookFor(const ProductStore& store, const std::string& text) {
+    const std::vector<ProductId> found = candidates(store, wantedBy(text));
     if (found.empty()) return std::nullopt;
     if (found.size() == 1) return found[0];
     std::string all;
-    for (const ProductId& id : found) all += (all.empty() ? "" : ", ") + labelOf(run, id);
-    throw Failure(ExitCode::wrongUse, quoted(text) + " may be any of " + all);
+    for (const ProductId& id : found) all += (all.empty() ? "" : ", ") + labelOf(id);
+    throw Refusal(Refusal::Kind::wrongUse, quoted(text) + " may be any of " + all);
 }
 
-ProductId findProduct(Run& run, const ProductStore& store, const std::string& text) {
-    if (auto found = lookFor(run, store, text)) return *std::move(found);
-    throw Failure(ExitCode::notFound, "the store has no Product " + quoted(text));
+ProductId findProduct(const ProductStore& store, const std::string& text) {
+    if (auto found = lookFor(store, text)) return *std::move(found);
+    throw Refusal(Refusal::Kind::notFound, "the store has no Product " + quoted(text));
+}
+
+std::unique_ptr<Encoding> settingsEncoding(const Run& run) {
+    const unsigned number = run.request.codePage.value_or(run.machine.codePage());
+    auto encoding = run.machine.encoding(number);
+    if (encoding) return encoding;
+    throw Refusal(Refusal::Kind::wrongUse, "this system knows no code page " + std::to_string(number));
 }
 
 Product productOfFile(Run& run, const std::string& path) {
-    const auto bytes = run.host.readFile(path);
-    if (!bytes) throw Failure(ExitCode::notFound, "there is no file " + quoted(path));
+    const auto bytes = readFile(run.machine.disk(), path);
+    if (!bytes) throw Refusal(Refusal::Kind::notFound, "there is no file " + quoted(path));
     try {
-        return isJson(*bytes) ? fromJson(*bytes) : readSettings(*bytes, run.encoding());
+        return isJson(*bytes) ? fromJson(*bytes) : readSettings(*bytes, *settingsEncoding(run));
     } catch (const Refusal& refusal) {
         throw Refusal(refusal.kind(), path + ": " + refusal.what());
     }
@@ -98,20 +117,20 @@ Store& ProductSource::store() {
 
 // Where the system has no registry and nobody names a store, files do without.
 bool ProductSource::hasStore() const {
-    return store_ || run_.request.store.kind || run_.host.registry(run_.request.store.view) != nullptr;
+    return store_ || run_.request.store.kind || run_.machine.registry(run_.request.store.view) != nullptr;
 }
 
 std::optional<ProductId> ProductSource::find(const std::string& text) {
-    return hasStore() ? lookFor(run_, store().products(), text) : std::nullopt;
+    return hasStore() ? lookFor(store().products(), text) : std::nullopt;
 }
 
 Product ProductSource::read(const std::string& text) {
     if (const auto id = find(text)) return store().products().read(*id);
     try {
         return productOfFile(run_, text);
-    } catch (const Failure& failure) {
-        if (failure.code != ExitCode::notFound) throw;
-        throw Failure(ExitCode::notFound, "there is neither a Product nor a file " + quoted(text));
+    } catch (const Refusal& refusal) {
+        if (refusal.kind() != Refusal::Kind::notFound) throw;
+        throw Refusal(Refusal::Kind::notFound, "there is neither a Product nor a file " + quoted(text));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
@@ -13,18 +14,20 @@ namespace vrix {
 // ---- Products of a store ----
 
 // The Product of that name, or of that key where no name fits; what a deletion left behind has but a key. Throws
-// Failure: none, or several, which are named then.
-ProductId findProduct(Run& run, const ProductStore& store, const std::string& text);
+// Refusal: none, or several, which are named then.
+ProductId findProduct(const ProductStore& store, const std::string& text);
 // The same, but nothing where there is none.
-std::optional<ProductId> lookFor(Run& run, const ProductStore& store, const std::string& text);
+std::optional<ProductId> lookFor(const ProductStore& store, const std::string& text);
 // What a Product is known by, for machines: "name", "key" and "tree".
-nlohmann::ordered_json identityOf(const Run& run, const ProductId& id);
+nlohmann::ordered_json identityOf(const ProductId& id);
 // A Product for people, such as: "Site Safety Manual" (toolkit:SiteSafety).
-std::string labelOf(const Run& run, const ProductId& id);
+std::string labelOf(const ProductId& id);
 
 // ---- Products of files ----
 
-// A file with a Product in any form: JSON, or a settings file. Throws Failure, which names the file.
+// The code page of settings files. Throws Refusal where the system does not know it.
+std::unique_ptr<Encoding> settingsEncoding(const Run& run);
+// A file with a Product in any form: JSON, or a settings file. Throws Refusal, which names the file.
 Product productOfFile(Run& run, const std::string& path);
 
 // ---- Either ----

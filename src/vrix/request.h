@@ -1,11 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "platform/host.h"
+#include "platform/registry.h"
 
 namespace vrix {
 
@@ -19,13 +18,6 @@ enum class ExitCode {
     malformed = 5,  // a file is not what it should be
 };
 
-// Ends a command with a sentence for the error stream, in UTF-8.
-class Failure final : public std::runtime_error {
-public:
-    Failure(ExitCode code_, const std::string& sentence) : std::runtime_error(sentence), code(code_) {}
-    ExitCode code;
-};
-
 // Which store a command works on.
 struct StoreChoice {
     enum class Kind { registry, trial, file };
@@ -33,7 +25,6 @@ struct StoreChoice {
     std::optional<Kind> kind{};  // that of the system if none is named
     std::string path{};          // of a file
     RegistryView view = RegistryView::own;
-    std::optional<unsigned> codePage{};
 };
 
 class Run;
@@ -44,6 +35,7 @@ struct Request {
 
     Command command = nullptr;
     StoreChoice store{};
+    std::optional<unsigned> codePage{};   // of settings files
     std::vector<std::string> operands{};  // Products, files, a backup, in their order
     std::string folder{};                 // for all exports
     std::string format{};                 // of those
@@ -63,7 +55,7 @@ struct HelpWanted {
     std::string text;
 };
 
-// Reads a command line without the program's name. Throws Failure, and HelpWanted.
+// Reads a command line without the program's name. Throws Refusal, and HelpWanted.
 Request readArguments(const std::vector<std::string>& arguments);
 
 }  // namespace vrix

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "makers/embedded/journal_file.h"
+#include "common/refusal.h"
 #include "makers/embedded/journal_registry.h"
 #include "product/compare.h"
 #include "vrix/changes.h"
@@ -25,20 +25,20 @@ std::vector<Product> readAll(const ProductStore& store) {
 }
 
 // What became of the backup's Products: the labels of those that were changed, removed and added since.
-Json changesSince(Run& run, const ProductStore& then, const std::vector<Product>& now) {
+Json changesSince(const ProductStore& then, const std::vector<Product>& now) {
     Json changes = {{"changed", Json::array()}, {"removed", Json::array()}, {"added", Json::array()}};
     const std::vector<ProductId> before = then.list();
     for (const ProductId& id : before) {
         const auto same =
             std::find_if(now.begin(), now.end(), [&](const Product& one) { return isSameProduct(one.id, id); });
         if (same == now.end()) {
-            changes["removed"].push_back(labelOf(run, id));
+            changes["removed"].push_back(labelOf(id));
         } else if (!vrix::compare(then.read(id), *same).empty()) {
-            changes["changed"].push_back(labelOf(run, id));
+            changes["changed"].push_back(labelOf(id));
         }
     }
     for (const Product& product : now) {
-        if (!isAmong(before, product.id)) changes["added"].push_back(labelOf(run, product.id));
+        if (!isAmong(before, product.id)) changes["added"].push_back(labelOf(product.id));
     }
     return changes;
 }
@@ -47,11 +47,11 @@ Json changesSince(Run& run, const ProductStore& then, const std::vector<Product>
 Json lineOf(Run& run, const std::string& name, const std::string& path, const std::vector<Product>& now) {
     Json line = {{"backup", name}, {"file", path}};
     try {
-        JournalSnapshot journal(path, Environment(), *run.host.journalDisk());
+        JournalSnapshot journal(path, Environment(), run.machine.disk());
         line["products"] = ProductStore(journal).list().size();
-        line["since"] = changesSince(run, ProductStore(journal), now);
-    } catch (const JournalError& error) {
-        line["error"] = error.what();
+        line["since"] = changesSince(ProductStore(journal), now);
+    } catch (const Refusal& refusal) {
+        line["error"] = refusal.what();
     }
     return line;
 }
@@ -69,7 +69,7 @@ void print(Run& run, const Json& line) {
 
 void needBackups(const Store& store) {
     if (store.backups() == nullptr) {
-        throw Failure(ExitCode::notFound, "a journal that you name has no backups of its own: copy the file");
+        throw Refusal(Refusal::Kind::notFound, "a journal that you name has no backups of its own: copy the file");
     }
 }
 
@@ -100,8 +100,8 @@ std::string backupPath(Run& run, const Store& store, const std::string& text) {
     if (store.backups() != nullptr) {
         if (const auto name = store.backups()->find(text)) return store.backups()->pathOf(*name);
     }
-    if (run.host.journalDisk()->isFile(text)) return text;
-    throw Failure(ExitCode::notFound, "there is no backup " + quoted(text) + " (\"vrix backups\" lists them)");
+    if (run.machine.disk().kindOf(text) == PathKind::file) return text;
+    throw Refusal(Refusal::Kind::notFound, "there is no backup " + quoted(text) + " (\"vrix backups\" lists them)");
 }
 
 Unnamed unnamed(const Run& run) { return run.request.merge ? Unnamed::kept : Unnamed::removed; }
@@ -109,8 +109,8 @@ Unnamed unnamed(const Run& run) { return run.request.merge ? Unnamed::kept : Unn
 std::vector<Step> bringBackNamed(Run& run, const ProductStore& backup) {
     std::vector<Step> steps;
     for (std::size_t i = 1; i < run.request.operands.size(); ++i) {
-        const Product product = backup.read(findProduct(run, backup, run.request.operands[i]));
-        steps.push_back({labelOf(run, product.id),
+        const Product product = backup.read(findProduct(backup, run.request.operands[i]));
+        steps.push_back({labelOf(product.id),
                          [&run, product](const ProductStore& s) { return planApply(s, product, unnamed(run)); }});
     }
     return steps;
@@ -124,12 +124,12 @@ std::vector<Step> bringBackAll(Run& run, const ProductStore& backup, const Produ
         const bool isOld =
             std::any_of(all.begin(), all.end(), [&](const Product& p) { return isSameProduct(p.id, id); });
         if (run.request.merge || isOld) continue;
-        steps.push_back({labelOf(run, id), [id](const ProductStore& store) { return planRemoval(store, id); }});
+        steps.push_back({labelOf(id), [id](const ProductStore& store) { return planRemoval(store, id); }});
     }
     steps.push_back({"", [&run, &backup](const ProductStore& s) { return planLists(s, backup, unnamed(run)); }});
     for (const Product& product : all) {
         if (!whyNoKey(product.id).empty()) continue;
-        steps.push_back({labelOf(run, product.id),
+        steps.push_back({labelOf(product.id),
                          [&run, product](const ProductStore& s) { return planSettings(s, product, unnamed(run)); }});
     }
     return steps;
@@ -139,7 +139,7 @@ std::vector<Step> bringBackAll(Run& run, const ProductStore& backup, const Produ
 
 ExitCode restore(Run& run) {
     Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
-    JournalSnapshot journal(backupPath(run, store, run.request.operands.at(0)), Environment(), *run.host.journalDisk());
+    JournalSnapshot journal(backupPath(run, store, run.request.operands.at(0)), Environment(), run.machine.disk());
     const ProductStore backup(journal);
     perform(
         run, store,

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "common/code_page.h"
-
 namespace vrix {
 
 namespace {
@@ -16,8 +14,19 @@ std::string escapedByte(char c) {
     return std::string("\\x") + hexDigits[byte / 16] + hexDigits[byte % 16];
 }
 
-// The signs that would break a line or move the cursor, told otherwise.
-std::string withoutControls(const std::string& text) {
+// How many characters a text of UTF-8 has.
+std::size_t widthOf(const std::string& text) {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0u) != 0x80u; }));
+}
+
+}  // namespace
+
+std::string jsonText(const nlohmann::ordered_json& json, int indent) {
+    return json.dump(indent, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+std::string shown(const std::string& text) {
     std::string safe;
     for (const char c : text) {
         if (c == '\n') {
@@ -33,42 +42,15 @@ std::string withoutControls(const std::string& text) {
     return safe;
 }
 
-// How many characters a text of UTF-8 has.
-std::size_t widthOf(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0u) != 0x80u; }));
-}
-
-}  // namespace
-
-Run::Run(const Request& wanted, Host& system)
-    : request(wanted), host(system), encoding_(system.encoding(wanted.store.codePage.value_or(system.codePage()))) {
-    if (!encoding_) {
-        throw Failure(ExitCode::wrongUse, "this system knows no code page " + std::to_string(*wanted.store.codePage));
-    }
-}
-
-std::string Run::shown(std::string text) const {
-    // Most texts are the same in every code page.
-    if (std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; })) return text;
-    if (const auto whole = encoding_->toUtf8(text)) return withoutControls(*whole);
-    std::string safe;
-    for (std::size_t at = 0; at < text.size();) {
-        const auto character = std::string_view(text).substr(at, characterSize(text, at));
-        const auto known = encoding_->toUtf8(character);
-        safe += known ? withoutControls(*known) : escapedByte(character[0]);
-        at += known ? character.size() : 1;
-    }
-    return safe;
-}
-
-void Run::printJson(const nlohmann::ordered_json& json) { print(json.dump(2)); }
-
 std::string counted(std::size_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
+
+Refusal diskRefusal(Disk& disk, const std::string& what) {
+    return {Refusal::Kind::refused, what + " (" + disk.reason() + ")"};
+}
 
 std::string tableText(const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::size_t> widths;

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
-#include "makers/backup/backup_folder.h"
-#include "makers/embedded/journal_disk.h"
+#include "backup/backup_folder.h"
 #include "platform/registry.h"
 #include "product/plan.h"
 #include "product/product_store.h"
@@ -22,7 +20,7 @@ class Store {
 public:
     enum class Use { reading, rehearsing, writing };
 
-    // Throws Failure for a store that is not there, that may not be used, or that nobody named where the system has no
+    // Throws Refusal for a store that is not there, that may not be used, or that nobody named where the system has no
     // registry. A journal that is missing is made for writing, and empty when writing is only rehearsed.
     Store(Run& run, const StoreChoice& choice, Use use);
     Store(Run& run, Use use) : Store(run, run.request.store, use) {}
@@ -34,7 +32,7 @@ public:
     Registry& registry();
     ProductStore products() { return ProductStore(registry()); }
     // Makes the changes and counts in `made` those that are made. Once it returns, those of a journal are on the disk
-    // itself. Throws StoreRefused and Failure.
+    // itself. Throws Refusal.
     void change(const Plan& plan, std::size_t& made);
     void change(const Plan& plan);
     // The backups of this store, or null.
@@ -49,9 +47,10 @@ private:
     std::string backupNamed(const std::string& text);
     void keepBackupsIn(const std::string& folder);
 
-    Host& host_;
+    void backUp();
+
+    Machine& machine_;
     bool isRegistry_;
-    std::unique_ptr<JournalDisk> disk_;  // of the backups
     std::unique_ptr<Registry> store_;
     JournalRegistry* journal_ = nullptr;  // the store, where it is one that is written to
     std::unique_ptr<BackupFolder> backups_;

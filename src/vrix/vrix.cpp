@@ -4,69 +4,53 @@
 #include <exception>
 #include <nlohmann/json.hpp>
 
-#include "common/code_page.h"
 #include "common/refusal.h"
 #include "common/runtime_failure.h"
-#include "makers/backup/backup_folder.h"
-#include "makers/embedded/journal_file.h"
 #include "vrix/run.h"
 
 namespace vrix {
 
 namespace {
 
-// Sentences may name texts of the store.
-Failure failureOf(const Run& run, const Refusal& refusal) {
-    constexpr std::array codes{ExitCode::wrongUse, ExitCode::notFound, ExitCode::refused, ExitCode::malformed};
-    return {codes.at(static_cast<std::size_t>(refusal.kind())), run.shown(refusal.what())};
-}
-
-// Runs a command and turns what it throws into a failure with a sentence.
-ExitCode runCommand(Run& run) {
-    try {
-        return run.request.command(run);
-    } catch (const Refusal& refusal) {
-        throw failureOf(run, refusal);
-    } catch (const BackupFailed& failed) {
-        throw Failure(ExitCode::refused, std::string(failed.what()) + " --no-backup goes on without");
-    } catch (const NoJournal& error) {
-        throw Failure(ExitCode::malformed, error.what());
-    } catch (const JournalError& error) {
-        throw Failure(ExitCode::refused, error.what());
-    } catch (const HostRefused& refused) {
-        throw Failure(ExitCode::refused, refused.what());
-    } catch (const RuntimeFailure& failure) {
-        throw Failure(ExitCode::refused,
-                      std::string("the store holds what the Toolkit cannot read: ") + failure.what());
+// Tells why nothing was done, and gives the exit code that says so too.
+int tell(Console& console, Refusal::Kind kind, const std::string& sentence, bool isDsc) {
+    const std::string whole = sentence + '.';
+    console.writeError((isDsc ? jsonText({{"error", whole}}) : "vrix: " + shown(whole)) + '\n');
+    switch (kind) {
+        case Refusal::Kind::wrongUse: return static_cast<int>(ExitCode::wrongUse);
+        case Refusal::Kind::notFound: return static_cast<int>(ExitCode::notFound);
+        case Refusal::Kind::refused: break;
+        case Refusal::Kind::malformed: return static_cast<int>(ExitCode::malformed);
     }
+    return static_cast<int>(ExitCode::refused);
 }
 
-void tell(Host& host, const std::string& sentence, bool isDsc) {
-    using Json = nlohmann::ordered_json;
-    const auto whole = sentence.ends_with('.') ? sentence : sentence + '.';
-    host.writeError((isDsc ? Json{{"error", whole}}.dump() : "vrix: " + whole) + '\n');
+int runCommand(const Request& request, Console& console, Machine& machine) {
+    Run run{request, console, machine};
+    const ExitCode code = request.command(run);
+    if (!console.flush()) throw Refusal(Refusal::Kind::refused, "the output cannot be written");
+    return static_cast<int>(code);
 }
 
 }  // namespace
 
-int runVrix(const std::vector<std::string>& arguments, Host& host) {
+int runVrix(const std::vector<std::string>& arguments, Console& console, Machine& machine) {
     bool isDsc = !arguments.empty() && arguments[0] == "dsc";
+    using enum Refusal::Kind;
     try {
         const Request request = readArguments(arguments);
         isDsc = request.isDsc;
-        Run run(request, host);
-        const ExitCode code = runCommand(run);
-        host.flush();
-        return static_cast<int>(code);
+        return runCommand(request, console, machine);
     } catch (const HelpWanted& help) {
-        host.write(help.text);
+        console.write(help.text);
         return static_cast<int>(ExitCode::done);
-    } catch (const Failure& failure) {
-        tell(host, failure.what(), isDsc);
-        return static_cast<int>(failure.code);
+    } catch (const Refusal& refusal) {
+        return tell(console, refusal.kind(), refusal.what(), isDsc);
+    } catch (const RuntimeFailure& failure) {
+        const std::string sentence = "the store holds what the Toolkit cannot read: ";
+        return tell(console, refused, sentence + failure.what(), isDsc);
     } catch (const std::exception& unforeseen) {
-        tell(host, unforeseen.what(), isDsc);
-        return static_cast<int>(ExitCode::refused);
+        return tell(console, refused, unforeseen.what(), isDsc);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "common/runtime_failure.h"
 #include "makers/embedded/memory_registry.h"
 #include "makers/win32/control_window.h"
+#include "makers/win32/modal.h"
 #include "makers/win32/wide_text.h"
 #include "program/run_on_windows.h"
 
@@ -40,16 +41,11 @@ HWND formIn(HWND frame) {
 
 HWND shownForm() { return shownFrames().empty() ? nullptr : formIn(shownFrames().front()); }
 
-RECT areaOf(HWND window) {
-    RECT area{};
-    GetWindowRect(window, &area);
-    return area;
-}
-
 std::vector<ControlWindow*> shownControls() {
     std::vector<ControlWindow*> found;
     for (HWND child = GetWindow(shownForm(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-        if (ControlWindow::of(child)->shown()) found.push_back(ControlWindow::of(child));
+        ControlWindow* control = ControlWindow::of(child);
+        if (control != nullptr && control->shown()) found.push_back(control);
     }
     return found;
 }
@@ -85,11 +81,8 @@ void setTextScale(DWORD percent) {
 
 // The size that a control's text takes at its font.
 SIZE textSize(HWND control, int width, UINT format) {
-    const HDC dc = GetDC(control);
-    const Selected font(dc, reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0)));
-    const SIZE size = measured(dc, narrow(windowText(control)) + ' ', width, format);
-    ReleaseDC(control, dc);
-    return size;
+    const auto font = reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0));
+    return measured(font, windowText(control) + L' ', width, format);
 }
 
 class ScreenTest : public testing::Test {
@@ -284,10 +277,8 @@ TEST_F(ScreenTest, EndsAButtonsHoverAndItsPressWhenThePointerIsLost) {
     EXPECT_TRUE(program.toolkit().create5.visible());
 }
 
-TEST_F(ScreenTest, ReportsAFailureWholeAndTakesNothingMeanwhile) {
+TEST_F(ScreenTest, ReportsAFailureAndTakesNothingMeanwhile) {
     static HWND next = nullptr;
-    static RECT title{};
-    static SIZE caption{};
     screen.event([&] { program.toolkit().create5.show(); });
     next = windowOf(program.toolkit().create5.NextBtn);
     const auto answer = [](HWND, UINT, UINT_PTR timer, DWORD) WINAPI {
@@ -297,27 +288,43 @@ TEST_F(ScreenTest, ReportsAFailureWholeAndTakesNothingMeanwhile) {
         SendMessageA(next, BM_CLICK, 0, 0);
         SendMessageA(GetParent(next), WM_COMMAND, static_cast<WPARAM>(GetDlgCtrlID(next)),
                      reinterpret_cast<LPARAM>(next));
-        TITLEBARINFO bar{};
-        bar.cbSize = sizeof(bar);
-        GetTitleBarInfo(box, &bar);
-        title = bar.rcTitleBar;
-        NONCLIENTMETRICSA metrics{};
-        metrics.cbSize = sizeof(metrics);
-        SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
-        const Owned<HFONT> font(CreateFontIndirectA(&metrics.lfCaptionFont));
-        const HDC dc = GetDC(box);
-        {
-            const Selected selected(dc, font.get());
-            caption = measured(dc, programTitle, 0, DT_SINGLELINE);
-        }
-        ReleaseDC(box, dc);
         PostMessageA(box, WM_COMMAND, IDOK, 0);
     };
     SetTimer(nullptr, 0, 50, answer);
     screen.event([] { throw RuntimeFailure(FailureNumber::typeMismatch); });
     EXPECT_EQ(screen.run(), 1);
     EXPECT_TRUE(program.toolkit().create5.visible());
-    EXPECT_GT(title.right - title.left - GetSystemMetrics(SM_CXSIZE), caption.cx);
+}
+
+// Any program can send a message, and take a window away.
+TEST_F(ScreenTest, LooksUpWhateverWindowAMessageNames) {
+    Toolkit& pages = program.toolkit();
+    screen.event([&] { pages.create5.show(); });
+    const HWND form = shownForm();
+    const HWND stranger = CreateWindowA("STATIC", "", WS_CHILD, 0, 0, 9, 9, form, nullptr, nullptr, nullptr);
+    SetWindowLongPtrA(stranger, GWLP_USERDATA, 1);
+    for (const HWND named : {stranger, form, GetDesktopWindow(), reinterpret_cast<HWND>(LONG_PTR{1})}) {
+        const auto handle = reinterpret_cast<LPARAM>(named);
+        DRAWITEMSTRUCT item{};
+        item.CtlType = ODT_LISTBOX;
+        item.hwndItem = named;
+        SendMessageA(form, WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
+        SendMessageA(form, WM_COMMAND, MAKEWPARAM(100, BN_CLICKED), handle);
+        SendMessageA(form, WM_CTLCOLORSTATIC, 0, handle);
+        SendMessageA(form, WM_NEXTDLGCTL, static_cast<WPARAM>(handle), TRUE);
+    }
+    SetFocus(stranger);
+    screen.event([] {});
+    SendMessageA(FindWindowExA(HWND_MESSAGE, nullptr, "VrixForm", nullptr), WM_TIMER, 1, 0);
+    const HWND path = windowOf(*pages.create5.find("CourseBriefPath"));
+    DestroyWindow(path);
+    EXPECT_EQ(ControlWindow::of(path), nullptr);
+    DestroyWindow(stranger);
+    screen.event([&] { pages.create5.find("CourseBriefPath")->restore("a path"); });
+    press(pages.create5.NextBtn);
+    press(pages.create6.BackBtn);
+    EXPECT_EQ(pages.create5.find("CourseBriefPath")->stored(), "a path");
+    EXPECT_TRUE(pages.create5.visible());
 }
 
 TEST_F(ScreenTest, KeepsTheCurrentFolderWhateverADialogDoes) {
@@ -327,7 +334,10 @@ TEST_F(ScreenTest, KeepsTheCurrentFolderWhateverADialogDoes) {
         return name;
     };
     const std::string before = folder();
-    screen.modal([](HWND) { SetCurrentDirectoryA("C:\\windows"); });
+    {
+        const Modal modal(screen);
+        SetCurrentDirectoryA("C:\\windows");
+    }
     EXPECT_EQ(folder(), before);
 }
 

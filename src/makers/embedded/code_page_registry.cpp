@@ -14,11 +14,11 @@ constexpr std::size_t pathLimit = 260;  // in units of UTF-16
 // Up to the first zero byte.
 std::string decoded(const std::string& name) { return systemEncoding().decode(name.c_str()); }
 
-// Runs a call with the path in UTF-8.
+// Runs a call with the path in UTF-8. No handle at all is refused before the path is looked at.
 template <class Call>
-RegistryStatus onPath(const std::string& path, const Call& call) {
+RegistryStatus onPath(RegistryKey parent, const std::string& path, const Call& call) {
     const std::string text = decoded(path);
-    return utf16Size(text) > pathLimit ? RegistryStatus::moreData : call(text);
+    return parent != 0 && utf16Size(text) > pathLimit ? RegistryStatus::moreData : call(text);
 }
 
 void encode(ValueData& value) {
@@ -34,13 +34,13 @@ void encode(std::vector<std::string>& names) {
 RegistryStatus CodePageRegistry::openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                                          RegistryKey& key) {
     key = 0;
-    return onPath(path, [&](const std::string& text) { return inner().openKey(parent, text, rights, key); });
+    return onPath(parent, path, [&](const std::string& text) { return inner().openKey(parent, text, rights, key); });
 }
 
 RegistryStatus CodePageRegistry::createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                                            RegistryKey& key) {
     key = 0;
-    return onPath(path, [&](const std::string& text) { return inner().createKey(parent, text, rights, key); });
+    return onPath(parent, path, [&](const std::string& text) { return inner().createKey(parent, text, rights, key); });
 }
 
 RegistryStatus CodePageRegistry::queryValue(RegistryKey key, const std::string& name, ValueData& value) {
@@ -56,7 +56,7 @@ RegistryStatus CodePageRegistry::setValue(RegistryKey key, const std::string& na
 }
 
 RegistryStatus CodePageRegistry::deleteKey(RegistryKey parent, const std::string& path) {
-    return onPath(path, [&](const std::string& text) { return inner().deleteKey(parent, text); });
+    return onPath(parent, path, [&](const std::string& text) { return inner().deleteKey(parent, text); });
 }
 
 RegistryStatus CodePageRegistry::deleteValue(RegistryKey key, const std::string& name) {

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "makers/embedded/journal_disk.h"
-#include "makers/standard/file_facts.h"
+#include "common/refusal.h"
 
 namespace vrix {
 
@@ -35,20 +34,13 @@ std::string framed(const std::string& record) {
     return length + packed(crc32(length)) + packed(crc32(record)) + record;
 }
 
-bool put(std::FILE* stream, const std::string& bytes) {
-    return std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
+Refusal refusal(Refusal::Kind kind, const std::string& path, const std::string& what) {
+    return {kind, "The file \"" + path + "\" " + what};
 }
 
-// Whether nothing but zero bytes follows: room that the system gave to a record and never filled.
-bool onlyZeros(std::FILE* stream) {
-    int c = 0;
-    while (c == 0) c = std::fgetc(stream);
-    return std::feof(stream) != 0;
+Refusal refused(const std::string& path, const std::string& what) {
+    return refusal(Refusal::Kind::refused, path, what);
 }
-
-std::string sentence(const std::string& path, const std::string& what) { return "The file \"" + path + "\" " + what; }
-
-JournalError error(const std::string& path, const std::string& what) { return JournalError(sentence(path, what)); }
 
 }  // namespace
 
@@ -64,116 +56,105 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
     return number;
 }
 
-journal::Extent journal::read(const std::string& path, JournalDisk& disk, const Reader& reader) {
-    const Stream source(disk.open(path, "rb"));
-    const auto unreadable = error(path, "cannot be read.");
-    const auto whole = source ? sizeOf(source.get()) : std::nullopt;
+journal::Extent journal::read(const std::string& path, Disk& disk, const Reader& reader) {
+    const auto file = disk.open(path, FileUse::read);
+    const auto unreadable = refused(path, "cannot be read");
+    const auto whole = file ? file->size() : std::nullopt;
     if (!whole) throw unreadable;
     // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
     const auto take = [&](std::uint64_t count) {
-        std::string bytes(static_cast<std::size_t>(count), '\0');
-        if (std::fread(bytes.data(), 1, bytes.size(), source.get()) != bytes.size()) throw unreadable;
-        return bytes;
+        auto bytes = file->read(static_cast<std::size_t>(count));
+        if (!bytes || bytes->size() < count) throw unreadable;
+        return *std::move(bytes);
     };
     const std::string first = take(std::min<std::uint64_t>(*whole, signature.size()));
     if (!signature.starts_with(first)) {
-        throw NoJournal(sentence(path, "is not a journal of this program. It was left as it is."));
+        throw refusal(Refusal::Kind::malformed, path, "is not a journal of this program. It was left as it is");
     }
     if (first.size() < signature.size()) return {0, !first.empty()};
 
-    const NoJournal damaged(
-        sentence(path, "is damaged and was left as it is. Restore it from a copy or move it away."));
-    std::uint64_t size = signature.size();
-    while (size < *whole) {
-        if (*whole - size < headSize) return {size, true};
-        const std::string head = take(headSize);
-        const std::uint64_t length = unpacked(head, 0);
-        if (crc32(head.substr(0, 4)) != unpacked(head, 4)) {
-            if (head.find_first_not_of('\0') == std::string::npos && onlyZeros(source.get())) return {size, true};
+    const auto damaged = refusal(Refusal::Kind::malformed, path,
+                                 "is damaged and was left as it is. Restore it from a copy or move it away");
+    const std::string bytes = take(*whole - signature.size());
+    for (std::size_t at = 0; at < bytes.size();) {
+        const Extent torn{signature.size() + at, true};
+        const std::size_t left = bytes.size() - at;
+        if (left < headSize) return torn;
+        if (crc32(bytes.substr(at, 4)) != unpacked(bytes, at + 4)) {
+            // Room that the system gave to a record and never filled.
+            if (bytes.find_first_not_of('\0', at) == std::string::npos) return torn;
             throw damaged;
         }
-        const std::uint64_t end = size + headSize + length;
-        if (end > *whole) return {size, true};
-        const std::string record = take(length);
-        if (crc32(record) != unpacked(head, 8)) {
-            if (end == *whole) return {size, true};
+        const std::size_t length = unpacked(bytes, at);
+        if (length > left - headSize) return torn;
+        const std::string record = bytes.substr(at + headSize, length);
+        const bool isLast = left == headSize + length;
+        if (crc32(record) != unpacked(bytes, at + 8)) {
+            if (isLast) return torn;
             throw damaged;
         }
         if (!reader(record)) throw damaged;
-        size = end;
+        at += headSize + length;
     }
-    return {size, false};
+    return {*whole, false};
 }
 
-std::optional<std::uint64_t> journal::write(const std::string& path, JournalDisk& disk, const Content& content) {
+std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk, const Content& content) {
+    std::string bytes = signature;
+    content([&](const std::string& record) { bytes += framed(record); });
     const std::string fresh = path + ".new";
-    Stream target(disk.open(fresh, "wb"));
-    if (!target) return std::nullopt;
-    std::uint64_t size = signature.size();
-    bool whole = put(target.get(), signature);
-    try {
-        content([&](const std::string& record) {
-            const std::string frame = framed(record);
-            whole = whole && put(target.get(), frame);
-            size += frame.size();
-        });
-    } catch (...) {
-        target.reset();
-        disk.remove(fresh);
-        throw;
-    }
+    const auto file = disk.open(fresh, FileUse::replace);
     // On the disk before it takes the old one's place: else a loss of power could leave neither.
-    whole = whole && std::fflush(target.get()) == 0 && disk.sync(target.get());
-    if (std::fclose(target.release()) != 0) whole = false;
-    if (whole && disk.replace(path, fresh)) return size;
-    disk.remove(fresh);
+    const bool isWhole = file && file->write(bytes) && file->flush() && file->close();
+    if (isWhole && disk.replace(path, fresh)) return bytes.size();
+    if (file) {
+        file->close();
+        disk.remove(fresh);
+    }
     return std::nullopt;
 }
 
-JournalFile::JournalFile(const std::string& path, JournalDisk& disk) : path_(path), disk_(disk) { open(); }
+JournalFile::JournalFile(const std::string& path, Disk& disk) : path_(path), disk_(disk) { open(); }
 
 void JournalFile::start(const journal::Reader& reader) {
     const journal::Extent extent = journal::read(path_, disk_, reader);
     size_ = extent.size;
     torn_ = extent.torn;
-    if (torn_ && !truncateToWhole()) throw error(path_, "cannot be written.");
+    if (torn_ && !truncateToWhole()) throw refused(path_, "cannot be written");
     if (size_ > 0) return;
-    if (!put(stream_.get(), signature)) throw error(path_, "cannot be written.");
+    if (!file_->write(signature)) throw refused(path_, "cannot be written");
     size_ = signature.size();
 }
 
 void JournalFile::open() {
-    stream_.reset(disk_.open(path_, "ab"));
-    if (!stream_) throw error(path_, "cannot be opened for writing.");
-    // Without a buffer each write goes to the system at once, and none that was refused is tried again later.
-    std::setvbuf(stream_.get(), nullptr, _IONBF, 0);
+    file_ = disk_.open(path_, FileUse::append);
+    if (!file_) throw refused(path_, "cannot be opened for writing");
 }
 
 bool JournalFile::append(const std::string& record) {
     if (torn_ && !truncateToWhole()) return false;
     const std::string frame = framed(record);
     synced_ = false;
-    if (put(stream_.get(), frame)) {
+    if (file_->write(frame)) {
         size_ += frame.size();
         return true;
     }
-    std::clearerr(stream_.get());
     truncateToWhole();
     return false;
 }
 
 bool JournalFile::sync() {
-    if (!synced_) synced_ = disk_.sync(stream_.get());
+    if (!synced_) synced_ = file_->flush();
     return synced_;
 }
 
 bool JournalFile::truncateToWhole() {
-    torn_ = !disk_.cut(path_, size_);
+    torn_ = !file_->cut(size_);
     return !torn_;
 }
 
 void JournalFile::rewrite(const journal::Content& content) {
-    stream_.reset();
+    file_.reset();
     if (const auto size = journal::write(path_, disk_, content)) size_ = *size;
     open();
 }

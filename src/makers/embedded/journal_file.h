@@ -1,27 +1,14 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
+#include "platform/disk.h"
+
 namespace vrix {
-
-class JournalDisk;
-
-// Why a journal cannot be used, as a sentence for an administrator. The file is left as it was.
-class JournalError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-// The same where the file can be read, and is no journal or a damaged one.
-class NoJournal final : public JournalError {
-public:
-    using JournalError::JournalError;
-};
 
 // A number as four bytes, lowest first, and back.
 std::string packed(std::uint32_t number);
@@ -37,31 +24,27 @@ using Reader = std::function<bool(const std::string& record)>;  // answers wheth
 using Writer = std::function<void(const std::string& record)>;
 using Content = std::function<void(const Writer& writer)>;
 
-struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using Stream = std::unique_ptr<std::FILE, Closer>;
-
 struct Extent {
     std::uint64_t size = 0;  // up to the end of the last whole record
     bool torn = false;       // a part of a record stands behind it
 };
 
-// Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws JournalError
-// for a file of another kind, for one that is damaged before its end, and for one that cannot be read.
-Extent read(const std::string& path, JournalDisk& disk, const Reader& reader);
+// Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws Refusal:
+// malformed for a file of another kind and for one that is damaged before its end, refused for one that cannot be read.
+// The file is left as it was, and the sentence is for an administrator.
+Extent read(const std::string& path, Disk& disk, const Reader& reader);
 
 // Makes a journal of what `content` hands to its writer. A file that is there stays until the new one is whole and on
 // the disk itself. Gives its size; nothing if the disk refuses, and nothing has changed then.
-std::optional<std::uint64_t> write(const std::string& path, JournalDisk& disk, const Content& content);
+std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const Content& content);
 
 }  // namespace journal
 
 // A journal that grows.
 class JournalFile {
 public:
-    // Opens the file, or makes an empty one, and changes nothing. Throws JournalError when it cannot be written.
-    JournalFile(const std::string& path, JournalDisk& disk);
+    // Opens the file, or makes an empty one, and changes nothing. Throws Refusal when it cannot be written.
+    JournalFile(const std::string& path, Disk& disk);
 
     // Reads the file and makes it ready for more. A last record that is not whole is cut off. Throws as journal::read
     // does; the file is left as it was then.
@@ -76,7 +59,7 @@ public:
     // again.
     bool sync();
 
-    // Replaces the file by one of that content; if the disk refuses, nothing changes. Throws JournalError if the file
+    // Replaces the file by one of that content; if the disk refuses, nothing changes. Throws Refusal if the file
     // cannot be opened again.
     void rewrite(const journal::Content& content);
 
@@ -85,8 +68,8 @@ private:
     bool truncateToWhole();
 
     std::string path_;
-    JournalDisk& disk_;
-    journal::Stream stream_;
+    Disk& disk_;
+    std::unique_ptr<DiskFile> file_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it
     bool synced_ = true;      // all of it is on the disk itself

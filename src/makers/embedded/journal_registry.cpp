@@ -3,6 +3,8 @@
 #include <optional>
 #include <utility>
 
+#include "common/refusal.h"
+
 namespace vrix {
 
 namespace {
@@ -30,12 +32,11 @@ std::string journalRecord(const Change& change) {
     return record + change.path + change.name + change.data;
 }
 
-JournalRegistry::JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk)
-    : EmbeddedRegistry(std::move(environment)), disk_(std::move(disk)) {
-    // Opened before it is locked, since a lock that is refused does not say why.
-    file_ = std::make_unique<JournalFile>(path, *disk_);
-    if (!disk_->acquire(path)) throw JournalError("The file \"" + path + "\" is in use by another program.");
-    file_->start([this](const std::string& record) {
+// Opened before it is locked, since a lock that is refused does not say why.
+JournalRegistry::JournalRegistry(const std::string& path, Environment environment, Disk& disk)
+    : EmbeddedRegistry(std::move(environment)), file_(path, disk), lock_(disk.lock(path)) {
+    if (!lock_) throw Refusal(Refusal::Kind::refused, "The file \"" + path + "\" is in use by another program");
+    file_.start([this](const std::string& record) {
         auto change = changeOf(record);
         return change && replay(std::move(*change));
     });
@@ -46,17 +47,17 @@ void JournalRegistry::compactIfWorthwhile() {
     constexpr std::uint64_t smallFile = 16'384;
     std::uint64_t needed = 0;
     forEachChange([&](const Change& change) { needed += journal::headSize + journalRecord(change).size(); });
-    if (file_->size() <= smallFile + 2 * needed) return;
-    file_->rewrite([this](const journal::Writer& write) {
+    if (file_.size() <= smallFile + 2 * needed) return;
+    file_.rewrite([this](const journal::Writer& write) {
         forEachChange([&](const Change& change) { write(journalRecord(change)); });
     });
 }
 
 RegistryStatus JournalRegistry::persist(const Change& change) {
-    return file_->append(journalRecord(change)) ? RegistryStatus::success : RegistryStatus::registryIoFailed;
+    return file_.append(journalRecord(change)) ? RegistryStatus::success : RegistryStatus::registryIoFailed;
 }
 
-JournalSnapshot::JournalSnapshot(const std::string& path, Environment environment, JournalDisk& disk)
+JournalSnapshot::JournalSnapshot(const std::string& path, Environment environment, Disk& disk)
     : EmbeddedRegistry(std::move(environment)) {
     journal::read(path, disk, [this](const std::string& record) {
         auto change = changeOf(record);

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "makers/embedded/embedded_registry.h"
-#include "makers/embedded/journal_disk.h"
 #include "makers/embedded/journal_file.h"
 
 namespace vrix {
@@ -18,28 +17,28 @@ std::string journalRecord(const Change& change);
 class JournalRegistry final : public EmbeddedRegistry {
 public:
     // Opens the journal, or makes a new one if there is no file. A last record that was not written whole is dropped.
-    // If most of the file no longer counts, it is rewritten. Throws JournalError if the file is in use, is something
+    // If most of the file no longer counts, it is rewritten. Throws Refusal if the file is in use, is something
     // else, is damaged, or cannot be opened and written; the file is unchanged then.
-    JournalRegistry(const std::string& path, Environment environment, std::unique_ptr<JournalDisk> disk);
+    JournalRegistry(const std::string& path, Environment environment, Disk& disk);
 
     // Brings all changes onto the disk itself, so that a loss of power leaves them. To be called at the end of an
     // event, before its outcome is shown. False if the disk refuses.
-    bool sync() { return file_->sync(); }
+    bool sync() { return file_.sync(); }
 
 private:
     RegistryStatus persist(const Change& change) override;
     void compactIfWorthwhile();
 
-    std::unique_ptr<JournalDisk> disk_;
-    std::unique_ptr<JournalFile> file_;
+    JournalFile file_;
+    std::shared_ptr<void> lock_;
 };
 
 // What a journal holds when this is made, for reading: the file stays as it is, and another program may be at work on
 // it. Every change is refused with accessDenied.
 class JournalSnapshot final : public EmbeddedRegistry {
 public:
-    // Throws JournalError when the file is something else, is damaged, or cannot be read.
-    JournalSnapshot(const std::string& path, Environment environment, JournalDisk& disk);
+    // Throws Refusal when the file is something else, is damaged, or cannot be read.
+    JournalSnapshot(const std::string& path, Environment environment, Disk& disk);
 
 private:
     RegistryStatus persist(const Change&) override { return RegistryStatus::accessDenied; }

@@ -1,9 +1,11 @@
 #include "makers/standard/standard_files.h"
 
-#include <cstdio>
+#include <filesystem>  // for the separators of the system alone: its paths would bring in all of the locales
+#include <string_view>
+#include <utility>
 
+#include "common/code_page.h"
 #include "common/runtime_failure.h"
-#include "makers/standard/file_facts.h"
 
 namespace vrix {
 
@@ -11,88 +13,117 @@ namespace {
 
 [[noreturn]] void refuse(FailureNumber number) { throw RuntimeFailure(number); }
 
-// What stands in the way of a file at this path, before its existence is asked.
-void checkPlace(const std::string& path) {
-    const bool blank = path.substr(0, path.find('\0')).find_first_not_of(" \t") == std::string::npos;
-    if (blank || kindOf(folderOf(path)) != PathKind::folder) refuse(FailureNumber::pathNotFound);
-    if (kindOf(path) == PathKind::folder) refuse(FailureNumber::permissionDenied);
+// A path of the pages for the disk. It ends at its first zero byte, as in all narrow calls.
+std::string pathOf(const std::string& path) { return systemEncoding().decode(path.c_str()); }
+
+// The folder in which a path lies, the current one for a bare name. The dot makes a folder of a bare drive too.
+std::string folderOf(const std::string& path) {
+    constexpr auto ends = std::filesystem::path::preferred_separator == '\\' ? "\\/:" : "/";
+    return path.substr(0, path.find_last_of(ends) + 1) + '.';
 }
 
-// The C library's streams: those of C++ would make the program twice as large.
-class Stream : public TextStream {
+constexpr std::size_t portion = 65'536;
+
+class Writer final : public TextStream {
 public:
-    Stream(const std::string& path, const char* mode) : file_(std::fopen(path.c_str(), mode)) {
-        if (file_ == nullptr) refuse(FailureNumber::permissionDenied);
-        std::setvbuf(file_, nullptr, _IOFBF, 65'536);
-    }
-    ~Stream() override {
-        if (file_ != nullptr) std::fclose(file_);
-    }
-    Stream(const Stream&) = delete;
-    Stream& operator=(const Stream&) = delete;
+    explicit Writer(std::unique_ptr<DiskFile> file) : file_(std::move(file)) {}
+    ~Writer() override { handOn(); }
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
 
-    void close() override {
-        if (file_ == nullptr) return;
-        const bool failed = std::ferror(file_) != 0;
-        const bool flushed = std::fclose(file_) == 0;
-        file_ = nullptr;
-        if (failed || !flushed) refuse(FailureNumber::permissionDenied);
-    }
-
-protected:
-    std::FILE* file_;
-};
-
-class Writer final : public Stream {
-public:
-    explicit Writer(const std::string& path) : Stream(path, "wb") {}
-
+    // What comes behind a line that was lost is refused too: a file without an end shows that it is not whole.
     void writeLine(const std::string& text) override {
-        // What comes behind a line that was lost is refused too: a file without an end shows that it is not whole.
-        if (file_ == nullptr || std::ferror(file_) != 0 ||
-            std::fwrite(text.data(), 1, text.size(), file_) != text.size() || std::fwrite("\r\n", 1, 2, file_) != 2) {
-            refuse(FailureNumber::permissionDenied);
-        }
+        waiting_.append(text).append("\r\n");
+        if (!file_ || isLost_ || (waiting_.size() > portion && !handOn())) refuse(FailureNumber::permissionDenied);
     }
     std::string readLine() override { refuse(FailureNumber::permissionDenied); }
     bool atEnd() override { return true; }
+    void close() override {
+        const bool isWhole = !file_ || (handOn() && file_->close());
+        file_.reset();
+        if (!isWhole) refuse(FailureNumber::permissionDenied);
+    }
+
+private:
+    bool handOn() {
+        isLost_ = isLost_ || (file_ && !file_->write(waiting_));
+        waiting_.clear();
+        return !isLost_;
+    }
+
+    std::unique_ptr<DiskFile> file_;
+    std::string waiting_;
+    bool isLost_ = false;
 };
 
-class Reader final : public Stream {
+class Reader final : public TextStream {
 public:
-    explicit Reader(const std::string& path) : Stream(path, "rb") {}
+    explicit Reader(std::unique_ptr<DiskFile> file) : file_(std::move(file)) {}
 
     void writeLine(const std::string&) override { refuse(FailureNumber::permissionDenied); }
     std::string readLine() override {
         if (atEnd()) refuse(FailureNumber::inputPastEnd);
         std::string line;
-        int next = std::getc(file_);
-        for (; next != EOF && next != '\n'; next = std::getc(file_)) line += static_cast<char>(next);
-        if (next == '\n' && line.ends_with('\r')) line.pop_back();
+        std::size_t end = std::string::npos;
+        while (end == std::string::npos && !atEnd()) {
+            end = bytes_.find('\n', at_);
+            line.append(bytes_, at_, end - at_);
+            at_ = end == std::string::npos ? bytes_.size() : end + 1;
+        }
+        if (end != std::string::npos && line.ends_with('\r')) line.pop_back();
         return line;
     }
-    bool atEnd() override { return file_ == nullptr || std::ungetc(std::getc(file_), file_) == EOF; }
+    bool atEnd() override {
+        if (file_ && at_ == bytes_.size()) {
+            bytes_ = file_->read(portion).value_or("");
+            at_ = 0;
+        }
+        return !file_ || bytes_.empty();
+    }
+    void close() override { file_.reset(); }
+
+private:
+    std::unique_ptr<DiskFile> file_;
+    std::string bytes_;
+    std::size_t at_ = 0;  // the first of them that was not read
 };
+
+template <class Stream>
+std::unique_ptr<TextStream> opened(Disk& disk, const std::string& path, FileUse use) {
+    auto file = disk.open(path, use);
+    if (!file) refuse(FailureNumber::permissionDenied);
+    return std::make_unique<Stream>(std::move(file));
+}
 
 }  // namespace
 
-bool StandardFiles::exists(const std::string& path) { return kindOf(path) == PathKind::file; }
+bool StandardFiles::exists(const std::string& path) { return disk_.kindOf(pathOf(path)) == PathKind::file; }
+
+// The path for the disk. Refuses what stands in the way of any file there.
+std::string StandardFiles::placeOf(const std::string& path) {
+    const std::string place = pathOf(path);
+    const bool isBlank = place.find_first_not_of(" \t") == std::string::npos;
+    if (isBlank || disk_.kindOf(folderOf(place)) != PathKind::folder) refuse(FailureNumber::pathNotFound);
+    if (disk_.kindOf(place) == PathKind::folder) refuse(FailureNumber::permissionDenied);
+    return place;
+}
+
+std::string StandardFiles::existing(const std::string& path) {
+    std::string place = placeOf(path);
+    if (disk_.kindOf(place) != PathKind::file) refuse(FailureNumber::fileNotFound);
+    return place;
+}
 
 void StandardFiles::remove(const std::string& path) {
-    checkPlace(path);
-    if (!exists(path)) refuse(FailureNumber::fileNotFound);
-    if (!removeFile(path)) refuse(FailureNumber::permissionDenied);
+    if (!disk_.remove(existing(path))) refuse(FailureNumber::permissionDenied);
 }
 
 std::unique_ptr<TextStream> StandardFiles::createText(const std::string& path) {
-    checkPlace(path);
-    return std::make_unique<Writer>(path);
+    return opened<Writer>(disk_, placeOf(path), FileUse::replace);
 }
 
 std::unique_ptr<TextStream> StandardFiles::openText(const std::string& path) {
-    checkPlace(path);
-    if (!exists(path)) refuse(FailureNumber::fileNotFound);
-    return std::make_unique<Reader>(path);
+    return opened<Reader>(disk_, existing(path), FileUse::read);
 }
 
 }  // namespace vrix

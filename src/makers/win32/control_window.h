@@ -1,38 +1,27 @@
 #pragma once
 
-#include <windows.h>
-
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "makers/win32/form_window.h"
+#include "makers/win32/win32_screen.h"
 
 namespace vrix {
 
-// The platform's class and styles for the window of a control.
-struct WindowKind {
-    const char* className;
-    DWORD style;
-    DWORD extendedStyle = 0;
-};
-
 // The native window of one control: what all kinds of them have in common.
-class ControlWindow {
+class ControlWindow : public NativeWindow {
 public:
+    // The window is made a visible child; `kind` says what else it is.
     ControlWindow(FormWindow& owner, Control& control, const WindowKind& kind);
-    virtual ~ControlWindow();
-    ControlWindow(const ControlWindow&) = delete;
-    ControlWindow& operator=(const ControlWindow&) = delete;
+    ~ControlWindow() override = default;
 
-    // The object behind a control's window handle.
-    static ControlWindow* of(HWND handle);
+    // The object of a control's window; null for any other window.
+    static ControlWindow* of(HWND handle) { return dynamic_cast<ControlWindow*>(NativeWindow::of(handle)); }
 
-    HWND handle() const { return handle_; }
     const Control& control() const { return control_; }
-    bool shown() const;
-    bool live() const;  // shown, and not disabled
-    bool takesFocus() const;
+    bool shown() const { return (styleBits() & WS_VISIBLE) != 0; }
+    bool live() const { return (styleBits() & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE; }
+    bool takesFocus() const { return live() && (styleBits() & WS_TABSTOP) != 0; }
 
     // Puts the control into the group of the one before it. The arrow keys move within a group.
     void joinGroup() { setStyle(WS_GROUP, false); }
@@ -55,36 +44,35 @@ public:
     virtual const Control* enterPresses() const { return nullptr; }
     // What takes the focus in place of this control where it cannot keep it. Null: nothing in particular.
     virtual const Control* standIn() const { return nullptr; }
-    // The pointer is on no control of the page any more, or the page was left.
-    virtual void pointerGone() {}
+    // The pointer moved: it is on the control now, or not.
+    virtual void hovered(bool /*on*/) {}
     // Text can be typed into the control.
     virtual bool takesText() const { return false; }
 
 protected:
     FormWindow& owner() const { return owner_; }
-    virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
-    virtual RECT place() const;
+    const Style& style() const { return owner_.style(); }
+    bool takes(UINT message) const override;
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    virtual RECT place() const { return style().px(control_.bounds()); }
+    virtual HFONT font() const { return style().font(Look::body); }
     virtual bool enabled() const;
 
-    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     // A box for one line of text: as high as its font needs, in the middle of the control's place.
     RECT lineBox() const;
-    void moveTo(const RECT& place);
-    bool setText(const std::string& text);  // if it differs; tells whether it did
+    bool setText(const std::wstring& text);  // if it differs; tells whether it did
     // A line of text, cut if it is longer than a width. The whole of it then stands in a tip.
-    std::string shortenedTo(int width, const std::string& text) const;
-    void setStyle(LONG bits, bool on);
+    std::wstring shortenedTo(int width, const std::wstring& text) const;
+    void setStyle(LONG_PTR bits, bool on);
     // Runs one event of the program.
-    void event(const std::function<void()>& event) const;
+    template <class Event>
+    void event(const Event& event) const {
+        screen().event(event);
+    }
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT received(UINT message, WPARAM wParam, LPARAM lParam);
     FormWindow& owner_;
     Control& control_;
-    RECT placed_;
-    HWND handle_;
-    WNDPROC original_;
 };
 
 std::wstring windowText(HWND window);

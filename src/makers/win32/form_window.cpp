@@ -1,18 +1,14 @@
 #include "makers/win32/form_window.h"
 
-#include <windowsx.h>
-
-#include <algorithm>
 #include <optional>
-#include <stdexcept>
 #include <utility>
 
 #include "forms/buttons.h"
-#include "forms/event.h"
+#include "forms/inputs.h"
+#include "forms/label.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/frame_window.h"
 #include "makers/win32/themed_controls.h"
-#include "makers/win32/win32_screen.h"
 
 namespace vrix {
 
@@ -21,46 +17,19 @@ namespace {
 constexpr int bandGap = 16;  // from the title band to the content
 constexpr int rowGap = 12;   // from the content to the row of buttons
 constexpr UINT pageLeft = WM_APP;
-
-const wchar_t* windowClass(WNDPROC procedure) {
-    static const wchar_t* name = [procedure] {
-        WNDCLASSW kind{};
-        kind.lpfnWndProc = procedure;
-        kind.hInstance = GetModuleHandleA(nullptr);
-        kind.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-        kind.lpszClassName = L"VrixForm";
-        RegisterClassW(&kind);
-        return kind.lpszClassName;
-    }();
-    return name;
-}
-
-HWND makeWindow(const Form& form, const FrameWindow& frame, WNDPROC procedure) {
-    const HWND window =
-        CreateWindowExW(WS_EX_CONTROLPARENT, windowClass(procedure), L"", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS,
-                        0, 0, 0, 0, frame.handle(), nullptr, GetModuleHandleA(nullptr), nullptr);
-    if (window == nullptr) throw std::runtime_error("The window of " + form.name() + " could not be made.");
-    return window;
-}
+constexpr WindowKind page{formClass, WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT};
 
 }  // namespace
 
 FormWindow::FormWindow(Win32Screen& screen, Form& form, FrameWindow& frame)
-    : screen_(screen),
+    : NativeWindow(screen, page, frame.handle()),
       form_(form),
       frame_(&frame),
-      handle_(makeWindow(form, frame, &FormWindow::procedure)),
-      keyboard_(screen, form, handle_),
+      keyboard_(*this),
       style_(frame.styleFor(form.size())) {
-    SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     measureRegions();
     makeControls();
     layOut();
-}
-
-FormWindow::~FormWindow() {
-    SetWindowLongPtrA(handle_, GWLP_USERDATA, 0);
-    DestroyWindow(handle_);  // unless it went with its frame; with it go the windows of its controls
 }
 
 void FormWindow::makeControls() {
@@ -69,7 +38,9 @@ void FormWindow::makeControls() {
     for (Control* control : form_.controls()) {
         auto window = makeControlWindow(*this, *control);
         if (window == nullptr) continue;
-        keyboard_.add(*window);
+        // The platform's arrow keys move within a group of option buttons.
+        const bool grouped = !controls_.empty() && is<OptionButton>(controls_.back()->control());
+        if (grouped && is<OptionButton>(*control)) window->joinGroup();
         byControl_[control] = window.get();
         if (const auto* button = dynamic_cast<ImageButton*>(control)) byControl_[&button->label] = window.get();
         controls_.push_back(std::move(window));
@@ -78,8 +49,7 @@ void FormWindow::makeControls() {
 
 void FormWindow::layOut() {
     const Size& size = form_.size();
-    SetWindowPos(handle_, nullptr, 0, 0, style_->px(size.width), style_->px(size.height),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    moveTo({0, 0, style_->px(size.width), style_->px(size.height)});
     for (const auto& window : controls_) {
         window->layout();
         window->update();
@@ -87,9 +57,8 @@ void FormWindow::layOut() {
 }
 
 void FormWindow::measureRegions() {
-    const Control* content = form_.find("Frame2");
-    if (content == nullptr) return;
-    const Bounds bounds = content->bounds();
+    if (form_.content == nullptr) return;
+    const Bounds bounds = form_.content->bounds();
     bandBottom_ = bounds.top - bandGap;
     rowTop_ = bounds.top + bounds.height + rowGap;
 }
@@ -98,30 +67,23 @@ void FormWindow::take(std::shared_ptr<const Style> style) {
     if (style == style_) return;
     const auto before = std::exchange(style_, std::move(style));  // the controls still use its fonts
     layOut();
-    RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 bool FormWindow::onScreen() const { return frame_->page() == this; }
 
-bool FormWindow::takesInput() const { return IsWindowEnabled(handle_) && IsWindowEnabled(frame_->handle()); }
+bool FormWindow::takesInput() const { return IsWindowEnabled(handle()) && IsWindowEnabled(frame_->handle()); }
 
 void FormWindow::moveInto(FrameWindow& frame) {
     if (&frame == frame_) return;
     frame_ = &frame;
-    SetParent(handle_, frame.handle());
+    SetParent(handle(), frame.handle());
 }
 
 void FormWindow::setShown(bool shown) {
     const UINT change = shown ? SWP_SHOWWINDOW : SWP_HIDEWINDOW | SWP_NOZORDER;
-    SetWindowPos(handle_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW | change);
-    if (!shown) PostMessageW(handle_, pageLeft, 0, 0);
-}
-
-// A button that was pressed stays in its hover face. When the page comes back, the pointer may be anywhere.
-void FormWindow::left() {
-    if (form_.visible()) return;
-    for (const auto& window : controls_) window->pointerGone();
-    screen_.event([this] { form_.resetButtons(); });
+    SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOREDRAW | change);
+    if (!shown) PostMessageW(handle(), pageLeft, 0, 0);
 }
 
 void FormWindow::settle(const Control* wanted) {
@@ -131,9 +93,9 @@ void FormWindow::settle(const Control* wanted) {
 // The focus does not stay on a disabled page.
 void FormWindow::takeEnabled() {
     const bool enabled = form_.enabled();
-    EnableWindow(handle_, enabled);
+    EnableWindow(handle(), enabled);
     if (!onScreen() || !frame_->active()) return;
-    if (!enabled && IsChild(handle_, GetFocus())) SetFocus(frame_->handle());
+    if (!enabled && IsChild(handle(), GetFocus())) SetFocus(frame_->handle());
     if (enabled && GetFocus() == frame_->handle()) keyboard_.restoreFocus();
 }
 
@@ -149,26 +111,29 @@ void FormWindow::update(const Control& control) {
 
 // While the page takes no input, a change that someone else makes to a control is taken back.
 void FormWindow::notified(ControlWindow& window, int code) {
-    if (takesInput() || screen_.quiet()) return window.notified(code);
-    screen_.quietly([&] { window.update(); });
+    if (takesInput() || screen().quiet()) return window.notified(code);
+    const FlagGuard quiet = screen().quietly();
+    window.update();
 }
 
+// Labels let moves through to the page, and disabled controls take none, but they cover it.
 ControlWindow* FormWindow::underPointer() const {
     POINT point{};
     GetCursorPos(&point);
     if (!onScreen() || GetAncestor(WindowFromPoint(point), GA_ROOT) != frame_->handle()) return nullptr;
-    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& window) {
-        RECT area{};
-        GetWindowRect(window->handle(), &area);
-        return window->shown() && PtInRect(&area, point);
-    });
-    return found == controls_.end() ? nullptr : found->get();
+    ScreenToClient(handle(), &point);
+    ControlWindow* under = ControlWindow::of(ChildWindowFromPointEx(handle(), point, CWP_SKIPINVISIBLE));
+    const auto* label = under == nullptr ? nullptr : dynamic_cast<const Label*>(&under->control());
+    return label == nullptr || label->presses == nullptr ? under : find(*label->presses);
 }
 
-void FormWindow::pointerMoved() {
-    if (underPointer() != nullptr) return;
-    for (const auto& window : controls_) window->pointerGone();
-    screen_.event([this] { form_.mouseMove(); });
+ControlWindow* FormWindow::followPointer() {
+    ControlWindow* under = underPointer();
+    const HWND holder = GetCapture();  // a press that is held leaves all others alone
+    for (const auto& window : controls_) {
+        window->hovered(window.get() == under && (holder == nullptr || holder == window->handle()));
+    }
+    return under;
 }
 
 int FormWindow::surface(const Control& control) const {
@@ -177,76 +142,64 @@ int FormWindow::surface(const Control& control) const {
 
 // Each pixel is drawn once, so nothing flickers.
 void FormWindow::paint(HDC dc, const RECT& area) const {
-    const auto fill = [&](LONG left, LONG top, LONG right, LONG bottom, Colour colour) {
-        const RECT part{left, top, right, bottom};
-        SetDCBrushColor(dc, colour);
-        FillRect(dc, &part, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    };
     const Palette& palette = style_->palette();
     const LONG right = area.right;
     const LONG bottom = area.bottom;
     const int line = style_->px(1);
     if (rowTop_ == 0) {
-        fill(0, 0, right, line, palette.rule);
-        fill(0, line, line, bottom, palette.rule);
-        fill(line, line, right - line, bottom - line, palette.window);
-        fill(right - line, line, right, bottom, palette.rule);
-        fill(line, bottom - line, right - line, bottom, palette.rule);
+        fill(dc, {0, 0, right, line}, palette.rule);
+        fill(dc, {0, line, line, bottom}, palette.rule);
+        fill(dc, {line, line, right - line, bottom - line}, palette.window);
+        fill(dc, {right - line, line, right, bottom}, palette.rule);
+        fill(dc, {line, bottom - line, right - line, bottom}, palette.rule);
         return;
     }
     const int row = style_->px(rowTop_);
     const int band = style_->px(bandBottom_);
-    fill(0, 0, right, band - line, palette.window);
-    fill(0, band - line, right, band, palette.rule);
-    fill(0, band, right, row, palette.window);
-    fill(0, row, right, row + line, palette.rule);
-    fill(0, row + line, right, bottom, palette.face);
+    fill(dc, {0, 0, right, band - line}, palette.window);
+    fill(dc, {0, band - line, right, band}, palette.rule);
+    fill(dc, {0, band, right, row}, palette.window);
+    fill(dc, {0, row, right, row + line}, palette.rule);
+    fill(dc, {0, row + line, right, bottom}, palette.face);
 }
 
-std::optional<LRESULT> FormWindow::colourMessage(HDC dc, HWND child) const {
-    const ControlWindow* window = ControlWindow::of(child);
-    if (window == nullptr) return std::nullopt;
-    const int surfaceIndex =
-        window->takesText() ? COLOR_BTNFACE : surface(window->control());  // a box that is read only
-    SetTextColor(dc, surfaceIndex == COLOR_BTNFACE ? style_->palette().faceText : style_->palette().text);
-    SetBkColor(dc, GetSysColor(surfaceIndex));
-    return reinterpret_cast<LRESULT>(GetSysColorBrush(surfaceIndex));
+LRESULT FormWindow::colours(HDC dc, const ControlWindow& window) const {
+    // A text box asks for these only while it is read only.
+    const int background = window.takesText() ? COLOR_BTNFACE : surface(window.control());
+    SetTextColor(dc, background == COLOR_BTNFACE ? style_->palette().faceText : style_->palette().text);
+    SetBkColor(dc, GetSysColor(background));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(background));
 }
 
-LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    std::optional<LRESULT> result;
-    if (self != nullptr) runEvent(self->screen_, [&] { result = self->message(message, wParam, lParam); });
-    return result ? *result : DefWindowProcW(window, message, wParam, lParam);
-}
-
-std::optional<LRESULT> FormWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT FormWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_NCPAINT: return 0;  // it has no border
         case WM_ERASEBKGND: return 1;
-        case WM_PAINT: {
-            RECT area{};
-            GetClientRect(handle_, &area);
-            PAINTSTRUCT job;
-            const HDC dc = BeginPaint(handle_, &job);
-            if (!IsRectEmpty(&area)) paint(dc, area);
-            EndPaint(handle_, &job);
+        case WM_PAINT: paint(Painting(handle()), clientArea()); return 0;
+        case WM_MOUSEMOVE:
+            if (followPointer() == nullptr) screen().event([this] { form_.mouseMove(); });
             return 0;
-        }
-        case WM_MOUSEMOVE: pointerMoved(); return 0;
-        case pageLeft: left(); return 0;
+        // A button that was pressed stays in its hover face. When the page comes back, the pointer may be anywhere.
+        case pageLeft: followPointer(); return 0;
         case WM_CTLCOLORSTATIC:
-        case WM_CTLCOLORBTN: return colourMessage(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+        case WM_CTLCOLORBTN:
+            if (const auto* child = ControlWindow::of(reinterpret_cast<HWND>(lParam))) {
+                return colours(reinterpret_cast<HDC>(wParam), *child);
+            }
+            break;
         case WM_DRAWITEM: {
             const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-            if (item.CtlType == ODT_LISTBOX) ControlWindow::of(item.hwndItem)->drawRow(item);
+            ControlWindow* child = ControlWindow::of(item.hwndItem);
+            if (child != nullptr && item.CtlType == ODT_LISTBOX) child->drawRow(item);
             return TRUE;
         }
         case WM_COMMAND:
-            if (lParam != 0) notified(*ControlWindow::of(reinterpret_cast<HWND>(lParam)), HIWORD(wParam));
+            if (auto* child = ControlWindow::of(reinterpret_cast<HWND>(lParam))) notified(*child, HIWORD(wParam));
             return 0;
-        default: return keyboard_.message(message, wParam, lParam);
+        default: break;
     }
+    const auto result = keyboard_.message(message, wParam, lParam);
+    return result ? *result : NativeWindow::message(message, wParam, lParam);
 }
 
 }  // namespace vrix

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <windows.h>
-
 #include <memory>
-#include <optional>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "forms/form.h"
 #include "makers/win32/keyboard.h"
+#include "makers/win32/native_window.h"
 #include "makers/win32/style.h"
 #include "makers/win32/tips.h"
 
@@ -19,20 +18,19 @@ class FrameWindow;
 class Win32Screen;
 
 // The native window of one form, with the windows of its controls. It fills the frame in which it is shown.
-class FormWindow {
+class FormWindow final : public NativeWindow {
 public:
     // Makes the window, still hidden, in the frame that is to show it.
     FormWindow(Win32Screen& screen, Form& form, FrameWindow& frame);
-    ~FormWindow();
-    FormWindow(const FormWindow&) = delete;
-    FormWindow& operator=(const FormWindow&) = delete;
+    ~FormWindow() override { destroy(); }  // and with it the windows of its controls
 
-    HWND handle() const { return handle_; }
     Form& form() const { return form_; }
     FrameWindow& frame() const { return *frame_; }
-    Win32Screen& screen() const { return screen_; }
+    using NativeWindow::screen;
     const Style& style() const { return *style_; }
     Keyboard& keyboard() { return keyboard_; }
+    // The windows of its controls, in reading order.
+    const std::vector<std::unique_ptr<ControlWindow>>& controls() const { return controls_; }
     // The native number for the next control.
     UINT_PTR nextId() const { return firstId + controls_.size(); }
 
@@ -55,16 +53,18 @@ public:
 
     // At the end of an event: the focus goes to where it belongs. `wanted` is the control that is to have it, or null.
     void settle(const Control* wanted);
-    // The control that the pointer is over, or null.
+    // The control that the pointer is over, or null; for the caption of a picture, that picture.
     ControlWindow* underPointer() const;
+    // Tells all controls whether the pointer is on them. It may have moved, or what it is on may have changed.
+    ControlWindow* followPointer();
 
     // Gives a control a tip: a text that it has no room to show whole, or what its caption does not say. An empty text
     // takes the tip away.
-    void explain(HWND child, const std::string& text) { tips_.set(handle_, child, text); }
+    void explain(HWND child, const std::wstring& text) { tips_.set(handle(), child, text); }
     // The same for a place in a control that the pointer has just moved to.
-    void explainAt(HWND child, LPARAM place, const std::string& text) {
-        tips_.set(handle_, child, {});  // so that the tip of the place before goes
-        tips_.set(handle_, child, text);
+    void explainAt(HWND child, LPARAM place, const std::wstring& text) {
+        tips_.set(handle(), child, {});  // so that the tip of the place before goes
+        tips_.set(handle(), child, text);
         tips_.pointerMoved(child, place);
     }
 
@@ -74,25 +74,20 @@ public:
 
 private:
     static constexpr UINT_PTR firstId = 100;  // 1 and 2 stand for Enter and Esc
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> colourMessage(HDC dc, HWND child) const;
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT colours(HDC dc, const ControlWindow& window) const;
 
     void makeControls();
     void layOut();
     void measureRegions();
-    void pointerMoved();
-    void left();
     void notified(ControlWindow& window, int code);
     void paint(HDC dc, const RECT& area) const;
 
-    Win32Screen& screen_;
     Form& form_;
     FrameWindow* frame_;
-    HWND handle_;
     Keyboard keyboard_;
     std::shared_ptr<const Style> style_;
-    std::vector<std::unique_ptr<ControlWindow>> controls_;  // in reading order
+    std::vector<std::unique_ptr<ControlWindow>> controls_;
     std::unordered_map<const Control*, ControlWindow*> byControl_;
     int bandBottom_ = 0;  // the lower edge of the title band, in 1/96 inch; 0 where there is none
     int rowTop_ = 0;      // the upper edge of the row of buttons; 0 where there is none

@@ -1,30 +1,24 @@
 #pragma once
 
-#include <windows.h>
-
 #include <memory>
-#include <optional>
 
 #include "forms/form.h"
+#include "makers/win32/native_window.h"
 #include "makers/win32/style.h"
 
 namespace vrix {
 
 class FormWindow;
-class Win32Screen;
 
 // A native top-level window. It shows pages, one at a time: to the user all pages are one window. Place, scale, the
 // active and the minimised state are the frame's; everything else is the page's.
-class FrameWindow {
+class FrameWindow final : public NativeWindow {
 public:
     // Makes a frame, still hidden, at the place that its first page asks for.
     FrameWindow(Win32Screen& screen, const Form& first);
-    ~FrameWindow();
-    FrameWindow(const FrameWindow&) = delete;
-    FrameWindow& operator=(const FrameWindow&) = delete;
+    ~FrameWindow() override { destroy(); }
 
-    HWND handle() const { return handle_; }
-    bool active() const { return GetActiveWindow() == handle_; }
+    bool active() const { return GetActiveWindow() == handle(); }
     Form::Border border() const { return border_; }
     FormWindow* page() const { return page_; }  // null while the frame is hidden
 
@@ -36,8 +30,7 @@ public:
     std::shared_ptr<const Style> styleFor(const Size& page) const;
 
 private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     RECT workArea() const;
     SIZE sizeAt(int dpi) const;
@@ -54,14 +47,11 @@ private:
     void activated(bool active);
     bool systemCommand(WPARAM command);
 
-    Win32Screen& screen_;
     Form::Border border_;
-    HWND handle_;
     int dpi_;     // of the monitor
     RECT edges_;  // at this scale: the outer rectangle round an empty page
     FormWindow* page_ = nullptr;
     POINT topCentre_{};  // where the user wants the middle of the upper edge; pages differ in width
-    RECT placed_{};      // the rectangle that the program gave the frame last
     bool dragged_ = false;
     bool minimised_ = false;
 };

@@ -28,6 +28,43 @@ private:
     HGDIOBJ before_;
 };
 
+// The device context of a window, or of the screen for null.
+class WindowDc {
+public:
+    explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
+    ~WindowDc() { ReleaseDC(window_, dc_); }
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+
+    operator HDC() const { return dc_; }
+
+private:
+    HWND window_;
+    HDC dc_;
+};
+
+// The painting of a window, for WM_PAINT.
+class Painting {
+public:
+    explicit Painting(HWND window) : window_(window), dc_(BeginPaint(window, &job_)) {}
+    ~Painting() { EndPaint(window_, &job_); }
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+
+    operator HDC() const { return dc_; }
+
+private:
+    PAINTSTRUCT job_{};
+    HWND window_;
+    HDC dc_;
+};
+
+// Fills a rectangle with a colour.
+inline void fill(HDC dc, const RECT& area, COLORREF colour) {
+    SetDCBrushColor(dc, colour);
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
 // A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers. All share one
 // bitmap, so there is one at a time.
 class Buffer {

@@ -12,23 +12,23 @@ namespace vrix {
 namespace {
 
 // Text for a native control that takes "&" as the mark of an access key.
-std::string unmarked(const std::string& text) {
-    std::string result;
-    for (const char c : text) result.append(c == '&' ? 2 : 1, c);
+std::wstring unmarked(const std::wstring& text) {
+    std::wstring result;
+    for (const wchar_t c : text) result.append(c == L'&' ? 2 : 1, c);
     return result;
 }
 
 // The text of an option button as the user sees it: "&&" is one "&".
-std::string asSeen(const std::string& caption) {
-    std::string result;
-    for (std::size_t i = 0; i < caption.size(); i += caption.compare(i, 2, "&&") == 0 ? 2 : 1) result += caption[i];
+std::wstring asSeen(const std::wstring& caption) {
+    std::wstring result;
+    for (std::size_t i = 0; i < caption.size(); i += caption.compare(i, 2, L"&&") == 0 ? 2 : 1) result += caption[i];
     return result;
 }
 
 }  // namespace
 
 TextBoxWindow::TextBoxWindow(FormWindow& owner, TextBox& box)
-    : ControlWindow(owner, box, {"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
+    : ControlWindow(owner, box, {L"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
     send(EM_SETLIMITTEXT, 0);  // no limit
 }
 
@@ -40,14 +40,14 @@ bool TextBoxWindow::enabled() const { return ControlWindow::enabled() || !box_.t
 void TextBoxWindow::update() {
     ControlWindow::update();
     const bool readOnly = !ControlWindow::enabled();
-    if (((GetWindowLongA(handle(), GWL_STYLE) & ES_READONLY) != 0) != readOnly) send(EM_SETREADONLY, readOnly);
-    if (!unfinished()) show(box_.text());
+    if (((styleBits() & ES_READONLY) != 0) != readOnly) send(EM_SETREADONLY, readOnly);
+    if (!unfinished()) show(wide(box_.text()));
 }
 
 // Shows a text with the caret behind the same characters as before.
-void TextBoxWindow::show(const std::string& text) {
+void TextBoxWindow::show(const std::wstring& text) {
     const std::wstring before = windowText(handle());
-    if (before == wide(text)) return;
+    if (before == text) return;
     std::array<DWORD, 2> marked{};
     send(EM_GETSEL, reinterpret_cast<WPARAM>(&marked[0]), reinterpret_cast<LPARAM>(&marked[1]));
     setText(text);
@@ -66,11 +66,12 @@ bool TextBoxWindow::unfinished() const {
 // The box shows what is kept: characters that the code page lacks turn at once into what it has for them.
 void TextBoxWindow::notified(int code) {
     if (code != EN_CHANGE || unfinished()) return;
-    if (!ControlWindow::enabled()) return owner().screen().quietly([&] { show(box_.text()); });
-    event([this] {
-        const std::string kept = narrow(windowText(handle()));
-        owner().screen().quietly([&] { show(kept); });
-        box_.setText(kept);
+    const bool taken = ControlWindow::enabled();
+    const std::string kept = taken ? narrow(windowText(handle())) : box_.text();
+    event([&] {
+        const FlagGuard quiet = screen().quietly();
+        show(wide(kept));
+        if (taken) box_.setText(kept);
     });
 }
 
@@ -84,20 +85,19 @@ LRESULT TextBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-void MarkWindow::showCaption(const std::string& caption) {
+void MarkWindow::show(const std::wstring& caption, bool marked) {
     constexpr int markWidth = 20;  // with the gap behind it
-    const Style& style = owner().style();
-    setText(unmarked(shortenedTo(style.px(control().bounds().width - markWidth), caption)));
+    setText(unmarked(shortenedTo(style().px(control().bounds().width - markWidth), caption)));
+    const auto state = static_cast<WPARAM>(marked ? BST_CHECKED : BST_UNCHECKED);
+    if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
 }
 
 CheckBoxWindow::CheckBoxWindow(FormWindow& owner, CheckBox& box)
-    : MarkWindow(owner, box, {"BUTTON", WS_TABSTOP | WS_GROUP | BS_CHECKBOX}), box_(box) {}
+    : MarkWindow(owner, box, {L"BUTTON", WS_TABSTOP | WS_GROUP | BS_CHECKBOX}), box_(box) {}
 
 void CheckBoxWindow::update() {
     ControlWindow::update();
-    showCaption(box_.caption());
-    const auto state = static_cast<WPARAM>(box_.value() == 1 ? BST_CHECKED : BST_UNCHECKED);
-    if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
+    show(wide(box_.caption()), box_.value() == 1);
 }
 
 void CheckBoxWindow::notified(int code) {
@@ -110,39 +110,32 @@ LRESULT CheckBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_PAINT) return paintDisabled(), 0;
     const LRESULT result = MarkWindow::message(message, wParam, lParam);
     if (message == BM_SETCHECK || message == WM_SETTEXT || message == WM_ENABLE) {
-        InvalidateRect(handle(), nullptr, FALSE);
+        redraw();
     }
     return result;
 }
 
 void CheckBoxWindow::paintDisabled() {
-    RECT area{};
-    GetClientRect(handle(), &area);
-    PAINTSTRUCT job;
-    const HDC screen = BeginPaint(handle(), &job);
-    if (!IsRectEmpty(&area)) {
-        const Buffer buffer(screen, area);
-        const Style& style = owner().style();
-        FillRect(buffer.dc(), &area, GetSysColorBrush(owner().surface(box_)));
-        const int side = style.px(markSide);
-        const int top = (area.bottom - side) / 2;
-        drawMark(buffer.dc(), {0, top, side, top + side}, box_.value() == 1, false, style.palette());
-        const Selected font(buffer.dc(), style.font(Look::body));
-        area.left = side + measured(buffer.dc(), "0", area.right, DT_SINGLELINE).cx / 2;
-        SetTextColor(buffer.dc(), style.palette().greyText);
-        DrawTextW(buffer.dc(), windowText(handle()).c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER);
-    }
-    EndPaint(handle(), &job);
+    RECT area = clientArea();
+    const Painting painting(handle());
+    if (IsRectEmpty(&area)) return;
+    const Buffer buffer(painting, area);
+    fill(buffer.dc(), area, owner().surfaceColour(box_));
+    const int side = style().px(markSide);
+    const int top = (area.bottom - side) / 2;
+    drawMark(buffer.dc(), {0, top, side, top + side}, box_.value() == 1, false, style().palette());
+    const Selected selected(buffer.dc(), font());
+    area.left = side + measured(font(), L"0", area.right, DT_SINGLELINE).cx / 2;
+    SetTextColor(buffer.dc(), style().palette().greyText);
+    DrawTextW(buffer.dc(), windowText(handle()).c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER);
 }
 
 OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
-    : MarkWindow(owner, button, {"BUTTON", WS_GROUP | BS_AUTORADIOBUTTON}), button_(button) {}
+    : MarkWindow(owner, button, {L"BUTTON", WS_GROUP | BS_AUTORADIOBUTTON}), button_(button) {}
 
 void OptionButtonWindow::update() {
     ControlWindow::update();
-    showCaption(asSeen(button_.caption()));
-    const auto state = static_cast<WPARAM>(button_.chosen() ? BST_CHECKED : BST_UNCHECKED);
-    if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
+    show(asSeen(wide(button_.caption())), button_.chosen());
     placeTabStop();
 }
 

@@ -19,7 +19,7 @@ private:
     bool enabled() const override;
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     RECT place() const override;
-    void show(const std::string& text);
+    void show(const std::wstring& text);
     bool unfinished() const;
 
     TextBox& box_;
@@ -32,8 +32,8 @@ public:
     using ControlWindow::ControlWindow;
 
 protected:
-    // Shows the caption, cut if it has no room.
-    void showCaption(const std::string& caption);
+    // Shows the caption, cut if it has no room, and the mark.
+    void show(const std::wstring& caption, bool marked);
 };
 
 class CheckBoxWindow final : public MarkWindow {

@@ -58,16 +58,9 @@ int distance(const Bounds& from, const Bounds& to, WPARAM arrow) {
 
 }  // namespace
 
-Keyboard::Keyboard(Win32Screen& screen, const Form& form, HWND page)
-    : screen_(screen), form_(form), page_(page), cues_(cuesAlwaysShown()) {}
+Keyboard::Keyboard(FormWindow& page) : page_(page), cues_(cuesAlwaysShown()) {}
 
-void Keyboard::add(ControlWindow& window) {
-    // The platform's arrow keys move within a group of option buttons.
-    const bool grouped = !controls_.empty() && is<OptionButton>(controls_.back()->control());
-    if (grouped && is<OptionButton>(window.control())) window.joinGroup();
-    if (window.control().name() == "NextBtn") default_ = &window;
-    controls_.push_back(&window);
-}
+void Keyboard::takeFocusAway() { SetFocus(page_.handle()); }
 
 bool Keyboard::isDefault(const Control& control) const {
     const ControlWindow* target = enterTarget();
@@ -75,13 +68,13 @@ bool Keyboard::isDefault(const Control& control) const {
 }
 
 bool Keyboard::translate(MSG& message) {
-    if (message.hwnd != page_ && !IsChild(page_, message.hwnd)) return false;
+    if (message.hwnd != page_.handle() && !IsChild(page_.handle(), message.hwnd)) return false;
     followAlt(message);
     // Of the access keys only those count that a control declares, whatever "&" its text holds.
     if (message.message == WM_CHAR) return false;
     if (message.message == WM_SYSCHAR) return pressAccessKey(message);
     return takesShortcut(message) || takesKey(message) || takesArrow(message) ||
-           IsDialogMessageW(page_, &message) != FALSE;
+           IsDialogMessageW(page_.handle(), &message) != FALSE;
 }
 
 void Keyboard::followAlt(const MSG& message) {
@@ -93,35 +86,35 @@ void Keyboard::followAlt(const MSG& message) {
 // The platform tells its own controls in the same way.
 void Keyboard::showCues(bool shown) {
     if (shown == cues_ || cuesAlwaysShown()) return;
-    SendMessageW(page_, WM_UPDATEUISTATE, MAKEWPARAM(shown ? UIS_CLEAR : UIS_SET, UISF_HIDEACCEL), 0);
+    SendMessageW(page_.handle(), WM_UPDATEUISTATE, MAKEWPARAM(shown ? UIS_CLEAR : UIS_SET, UISF_HIDEACCEL), 0);
 }
 
 void Keyboard::followCues(bool shown) {
     cues_ = shown;
-    for (const ControlWindow* window : controls_) {
-        if (shownKey(window->control()) != '\0') InvalidateRect(window->handle(), nullptr, FALSE);
+    for (const auto& window : page_.controls()) {
+        if (shownKey(window->control()) != '\0') window->redraw();
     }
 }
 
 bool Keyboard::pressAccessKey(const MSG& message) {
     const WPARAM letter = message.wParam >= 'a' && message.wParam <= 'z' ? message.wParam - 'a' + 'A' : message.wParam;
-    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const ControlWindow* window) {
-        return static_cast<WPARAM>(window->control().accessKey()) == letter && window->takesFocus();
-    });
-    if (letter == 0 || found == controls_.end()) return false;
+    ControlWindow* window =
+        first([&](const Control& control) { return static_cast<WPARAM>(control.accessKey()) == letter; });
+    if (letter == 0 || window == nullptr) return false;
     if (isHeld(message.lParam)) return true;
-    focus(**found);
-    (*found)->press();
+    focus(*window);
+    window->press();
     return true;
 }
 
 bool Keyboard::takesShortcut(const MSG& message) {
     const auto key = formKey(message);
-    const auto found = key ? form_.shortcuts.find(*key) : form_.shortcuts.end();
-    if (found == form_.shortcuts.end()) return false;
-    screen_.event(found->second);
+    const auto& shortcuts = page_.form().shortcuts;
+    const auto found = key ? shortcuts.find(*key) : shortcuts.end();
+    if (found == shortcuts.end()) return false;
+    page_.screen().event(found->second);
     // The platform is to see that Alt was not pressed alone, else it opens the window's menu when Alt is let go.
-    DefWindowProcW(page_, message.message, message.wParam, message.lParam);
+    DefWindowProcW(page_.handle(), message.message, message.wParam, message.lParam);
     return true;
 }
 
@@ -129,7 +122,7 @@ bool Keyboard::takesShortcut(const MSG& message) {
 bool Keyboard::takesKey(const MSG& message) {
     if (message.message != WM_KEYDOWN || (message.wParam != VK_RETURN && message.wParam != VK_SPACE)) return false;
     const bool held = isHeld(message.lParam);
-    const ControlWindow* focused = message.hwnd == page_ ? nullptr : ControlWindow::of(message.hwnd);
+    const ControlWindow* focused = ControlWindow::of(message.hwnd);
     const bool enter = message.wParam == VK_RETURN && (focused == nullptr || !focused->wantsEnter());
     if (enter && !held) {
         ControlWindow* target = enterTarget();
@@ -150,12 +143,12 @@ bool Keyboard::takesArrow(const MSG& message) {
 ControlWindow* Keyboard::neighbour(const ControlWindow& from, WPARAM arrow) const {
     ControlWindow* nearest = nullptr;
     int least = 0;
-    for (ControlWindow* window : controls_) {
+    for (const auto& window : page_.controls()) {
         const Control& control = window->control();
         if (!isButton(control) || !window->takesFocus() || &control.parent() != &from.control().parent()) continue;
         const int away = distance(from.control().bounds(), control.bounds(), arrow);
         if (away <= 0 || (nearest != nullptr && away >= least)) continue;
-        nearest = window;
+        nearest = window.get();
         least = away;
     }
     return nearest;
@@ -163,31 +156,44 @@ ControlWindow* Keyboard::neighbour(const ControlWindow& from, WPARAM arrow) cons
 
 ControlWindow* Keyboard::focused() const {
     const HWND window = GetFocus();
-    return IsChild(page_, window) ? ControlWindow::of(window) : nullptr;
+    return IsChild(page_.handle(), window) ? ControlWindow::of(window) : nullptr;
 }
 
 // The window of a control that can take the focus, or null.
 ControlWindow* Keyboard::find(const Control* control) const {
-    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const ControlWindow* window) {
-        return &window->control() == control && window->takesFocus();
-    });
-    return found == controls_.end() ? nullptr : *found;
+    ControlWindow* window = control == nullptr ? nullptr : page_.find(*control);
+    return window != nullptr && window->takesFocus() ? window : nullptr;
+}
+
+// The first control that can take the focus and suits, or null.
+template <class Test>
+ControlWindow* Keyboard::first(const Test& suits) const {
+    const auto& all = page_.controls();
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&](const auto& window) { return window->takesFocus() && suits(window->control()); });
+    return found == all.end() ? nullptr : found->get();
+}
+
+// What Enter presses where the focus says nothing else.
+ControlWindow* Keyboard::defaultButton() const {
+    const Control* button = page_.form().defaultButton;
+    return button == nullptr ? nullptr : page_.find(*button);
 }
 
 // A button that has the focus, or the button of the box that has it, or the page's own.
 ControlWindow* Keyboard::enterTarget() const {
     ControlWindow* from = focused();
-    if (from == nullptr) return default_;
+    if (from == nullptr) return defaultButton();
     if (isButton(from->control())) return from;
     ControlWindow* named = find(from->enterPresses());
-    return named != nullptr ? named : default_;
+    return named != nullptr ? named : defaultButton();
 }
 
 void Keyboard::showDefault() {
     ControlWindow* now = enterTarget();
     if (now == shownDefault_) return;
     for (const ControlWindow* window : {shownDefault_, now}) {
-        if (window != nullptr) InvalidateRect(window->handle(), nullptr, FALSE);
+        if (window != nullptr) window->redraw();
     }
     shownDefault_ = now;
 }
@@ -195,13 +201,16 @@ void Keyboard::showDefault() {
 std::optional<LRESULT> Keyboard::message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case DM_GETDEFID:
-            if (default_ == nullptr) return 0;
-            return MAKELONG(GetDlgCtrlID(default_->handle()), DC_HASDEFID);
+            if (const ControlWindow* button = defaultButton()) {
+                return MAKELONG(GetDlgCtrlID(button->handle()), DC_HASDEFID);
+            }
+            return 0;
         case DM_SETDEFID: return TRUE;
         case WM_NEXTDLGCTL: {
             const HWND next = LOWORD(lParam) != 0 ? reinterpret_cast<HWND>(wParam)
-                                                  : GetNextDlgTabItem(page_, GetFocus(), wParam != 0);
-            if (IsChild(page_, next)) focus(*ControlWindow::of(next));
+                                                  : GetNextDlgTabItem(page_.handle(), GetFocus(), wParam != 0);
+            ControlWindow* window = IsChild(page_.handle(), next) ? ControlWindow::of(next) : nullptr;
+            if (window != nullptr) focus(*window);
             return 0;
         }
         case WM_UPDATEUISTATE:
@@ -219,7 +228,11 @@ void Keyboard::focusTaken(ControlWindow& window) {
 }
 
 void Keyboard::restoreFocus() {
-    if (last_ != nullptr && last_->live()) return screen_.quietly([&] { SetFocus(last_->handle()); });
+    if (last_ != nullptr && last_->live()) {
+        const FlagGuard quiet = page_.screen().quietly();
+        SetFocus(last_->handle());
+        return;
+    }
     ControlWindow* next = last_ != nullptr ? find(last_->standIn()) : nullptr;
     if (next == nullptr) next = firstInput();
     if (next != nullptr) focus(*next);
@@ -232,7 +245,7 @@ void Keyboard::settle(const Control* wanted) {
     if (next == nullptr && holder != nullptr && is<OptionButton>(holder->control())) next = find(holder->standIn());
     if (next != nullptr) {
         focus(*next);
-    } else if (GetFocus() == page_) {
+    } else if (GetFocus() == page_.handle()) {
         restoreFocus();
     }
     showDefault();
@@ -241,27 +254,21 @@ void Keyboard::settle(const Control* wanted) {
 // Sets the focus as Tab does: the text of an input is selected.
 void Keyboard::focus(ControlWindow& window) {
     const HWND control = window.handle();
-    screen_.quietly([&] {
-        SetFocus(control);
-        if ((SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageA(control, EM_SETSEL, 0, -1);
-    });
+    const FlagGuard quiet = page_.screen().quietly();
+    SetFocus(control);
+    if ((SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageW(control, EM_SETSEL, 0, -1);
 }
 
 // Where the form says, or at the first text box, or at the first input of another kind: inputs lie on frames. A page
 // without any begins at its default button, or at its first control.
 ControlWindow* Keyboard::firstInput() const {
-    if (ControlWindow* named = find(form_.firstFocus)) return named;
-    const auto first = [&](const auto& suits) {
-        const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const ControlWindow* window) {
-            return window->takesFocus() && suits(window->control());
-        });
-        return found == controls_.end() ? nullptr : *found;
-    };
+    if (ControlWindow* named = find(page_.form().firstFocus)) return named;
     ControlWindow* box = first([](const Control& control) { return is<TextBox>(control) && control.enabled(); });
     if (box != nullptr) return box;
     ControlWindow* input = first([](const Control& control) { return &control.parent() != &control.form(); });
     if (input != nullptr) return input;
-    return default_ != nullptr && default_->takesFocus() ? default_ : first([](const Control&) { return true; });
+    ControlWindow* button = find(page_.form().defaultButton);
+    return button != nullptr ? button : first([](const Control&) { return true; });
 }
 
 }  // namespace vrix

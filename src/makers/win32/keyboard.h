@@ -3,23 +3,20 @@
 #include <windows.h>
 
 #include <optional>
-#include <vector>
 
 #include "forms/form.h"
 
 namespace vrix {
 
 class ControlWindow;
-class Win32Screen;
+class FormWindow;
 
 // The keyboard of one page: which control has the focus, where Tab and the arrow keys move it, what Enter and the
 // access keys press.
 class Keyboard {
 public:
-    Keyboard(Win32Screen& screen, const Form& form, HWND page);
+    explicit Keyboard(FormWindow& page);
 
-    // Takes the next control of the page, in reading order.
-    void add(ControlWindow& window);
     // Whether this control is what Enter presses now.
     bool isDefault(const Control& control) const;
     // Access keys are underlined while Alt is held, or always if the user has set that for all programs.
@@ -38,7 +35,7 @@ public:
     // Gives the focus to the control that had it last, or to the one that stands in for it, or else to the first input.
     void restoreFocus();
     // Takes the focus from a control that is about to be hidden or disabled. It waits on the page until settle().
-    void takeFocusAway() { SetFocus(page_); }
+    void takeFocusAway();
     // At the end of an event: gives the focus to the control that is to have it. Null: it stays where it can.
     void settle(const Control* wanted);
 
@@ -53,15 +50,14 @@ private:
     void focus(ControlWindow& window);
     ControlWindow* focused() const;
     ControlWindow* find(const Control* control) const;
+    template <class Test>
+    ControlWindow* first(const Test& suits) const;
+    ControlWindow* defaultButton() const;
     ControlWindow* enterTarget() const;
     ControlWindow* firstInput() const;
     ControlWindow* neighbour(const ControlWindow& from, WPARAM arrow) const;
 
-    Win32Screen& screen_;
-    const Form& form_;
-    HWND page_;
-    std::vector<ControlWindow*> controls_;
-    ControlWindow* default_ = nullptr;       // what Enter presses where the focus says nothing else
+    FormWindow& page_;
     ControlWindow* shownDefault_ = nullptr;  // what was drawn last as that which Enter presses
     ControlWindow* last_ = nullptr;          // what had the focus last
     bool cues_;

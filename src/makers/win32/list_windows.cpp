@@ -21,7 +21,7 @@ constexpr UINT rowFormat = DT_SINGLELINE | DT_NOPREFIX;
 }  // namespace
 
 ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
-    : ControlWindow(owner, box, {"COMBOBOX", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS}),
+    : ControlWindow(owner, box, {L"COMBOBOX", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS}),
       box_(box) {
     send(setMostRowsSeen, rowsSeen);
     send(CB_INITSTORAGE, box.rows().size(), 32);
@@ -30,24 +30,23 @@ ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
 // A native combo box counts its open list to its height.
 RECT ComboBoxWindow::place() const {
     RECT area = lineBox();
-    area.bottom += static_cast<LONG>(rowsSeen * send(CB_GETITEMHEIGHT, 0)) + owner().style().px(2);
+    area.bottom += static_cast<LONG>(rowsSeen * send(CB_GETITEMHEIGHT, 0)) + style().px(2);
     return area;
 }
 
 void ComboBoxWindow::layout() {
     ControlWindow::layout();
     constexpr auto ownBox = static_cast<WPARAM>(-1);
-    RECT closed{};
-    GetWindowRect(handle(), &closed);
+    const RECT closed = areaOf(handle());
     const LRESULT border = closed.bottom - closed.top - send(CB_GETITEMHEIGHT, ownBox);
-    send(CB_SETITEMHEIGHT, ownBox, owner().style().lineBoxHeight() - border);
+    send(CB_SETITEMHEIGHT, ownBox, style().lineBoxHeight() - border);
 }
 
 void ComboBoxWindow::rowsChanged(RowChange) { rowsDiffer_ = true; }
 
 void ComboBoxWindow::update() {
     ControlWindow::update();
-    static_cast<void>(shortenedTo(selectionWidth(), box_.text()));  // for the tip alone
+    static_cast<void>(shortenedTo(selectionWidth(), wide(box_.text())));  // for the tip alone
     if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
     if (rowsDiffer_) shown_.replace(handle(), box_.rows());
     rowsDiffer_ = false;
@@ -59,27 +58,17 @@ int ComboBoxWindow::selectionWidth() const {
     COMBOBOXINFO info{};
     info.cbSize = sizeof(info);
     if (GetComboBoxInfo(handle(), &info) == FALSE) return INT_MAX;
-    return info.rcItem.right - info.rcItem.left - owner().style().px(2);
+    return info.rcItem.right - info.rcItem.left - style().px(2);
 }
 
-RECT ComboBoxWindow::workArea() const {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof(monitor);
-    GetMonitorInfoA(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor.rcWork;
-}
+RECT ComboBoxWindow::workArea() const { return workAreaOf(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST)); }
 
 // The open list is as wide as its longest row needs, up to the width of the monitor.
 void ComboBoxWindow::widenList() {
-    const HDC dc = GetDC(handle());
     LONG widest = 0;
-    {
-        const Selected font(dc, owner().style().font(Look::body));
-        for (const std::string& row : box_.rows()) widest = std::max(widest, measured(dc, row, 0, rowFormat).cx);
-    }
-    ReleaseDC(handle(), dc);
+    for (const std::string& row : box_.rows()) widest = std::max(widest, measured(font(), wide(row), 0, rowFormat).cx);
     const RECT work = workArea();
-    const LONG needed = widest + GetSystemMetrics(SM_CXVSCROLL) + owner().style().px(8);
+    const LONG needed = widest + GetSystemMetrics(SM_CXVSCROLL) + style().px(8);
     send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(std::min(needed, work.right - work.left)));
 }
 
@@ -88,8 +77,7 @@ void ComboBoxWindow::keepListOnMonitor() const {
     COMBOBOXINFO info{};
     info.cbSize = sizeof(info);
     if (GetComboBoxInfo(handle(), &info) == FALSE) return;
-    RECT area{};
-    GetWindowRect(info.hwndList, &area);
+    const RECT area = areaOf(info.hwndList);
     const RECT work = workArea();
     const LONG left = std::max(work.left, work.right - (area.right - area.left));
     if (area.left <= left) return;
@@ -103,11 +91,11 @@ void ComboBoxWindow::notified(int code) {
     if (code == CBN_DROPDOWN) {
         raised_ = false;
         widenList();
-        PostMessageA(handle(), listOpened, 0, 0);
+        PostMessageW(handle(), listOpened, 0, 0);
     }
     if (code == CBN_SELENDOK) confirmed_ = true;
     if (code != CBN_SELENDOK && code != CBN_SELCHANGE && code != CBN_CLOSEUP) return;
-    if (!settling_) settling_ = PostMessageA(handle(), settleChoices, 0, 0) != FALSE;
+    if (!settling_) settling_ = PostMessageW(handle(), settleChoices, 0, 0) != FALSE;
 }
 
 LRESULT ComboBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -132,7 +120,7 @@ bool ComboBoxWindow::wantsEnter() const { return send(CB_GETDROPPEDSTATE) != 0; 
 
 MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
     : ControlWindow(owner, list,
-                    {"LISTBOX",
+                    {L"LISTBOX",
                      WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED |
                          LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
                      WS_EX_CLIENTEDGE}),
@@ -142,8 +130,7 @@ MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
 
 void MarkListWindow::layout() {
     ControlWindow::layout();
-    const Style& style = owner().style();
-    send(LB_SETITEMHEIGHT, 0, style.lineHeight(Look::body) + style.px(5));
+    send(LB_SETITEMHEIGHT, 0, style().lineHeight(Look::body) + style().px(5));
 }
 
 void MarkListWindow::update() {
@@ -223,13 +210,11 @@ void MarkListWindow::explainRow(LPARAM pointer) {
     const int row = HIWORD(hit) != 0 ? -1 : LOWORD(hit);
     if (row == explained_) return;
     explained_ = row;
-    RECT area{};
-    GetClientRect(handle(), &area);
     const bool known = row >= 0 && row < list_.count();
-    const std::string text = known ? list_.rows()[static_cast<std::size_t>(row)].text : std::string();
-    const Style& style = owner().style();
-    const bool cut = shortened(style.font(Look::body), text, area.right - style.px(textLeft)) != text;
-    owner().explainAt(handle(), pointer, cut ? text : std::string());
+    const std::wstring text = known ? wide(list_.rows()[static_cast<std::size_t>(row)].text) : std::wstring();
+    const int room = clientArea().right - style().px(textLeft);
+    const bool cut = shortened(font(), text, room) != text;
+    owner().explainAt(handle(), pointer, cut ? text : std::wstring());
 }
 
 void MarkListWindow::takeMarks() {
@@ -241,26 +226,25 @@ void MarkListWindow::takeMarks() {
 }
 
 void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
-    const Style& style = owner().style();
     const bool empty = item.itemID >= list_.rows().size();
     const Buffer buffer(item.hDC, item.rcItem);
-    FillRect(buffer.dc(), &item.rcItem, GetSysColorBrush(COLOR_WINDOW));
+    fill(buffer.dc(), item.rcItem, GetSysColor(COLOR_WINDOW));
     if (!empty) {
         const bool live = (item.itemState & ODS_DISABLED) == 0;
-        const int side = style.px(markSide);
-        const LONG left = item.rcItem.left + style.px(4);
+        const int side = style().px(markSide);
+        const LONG left = item.rcItem.left + style().px(4);
         const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
         drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
-                 style.palette());
+                 style().palette());
         const std::wstring text = wide(list_.rows()[item.itemID].text);
-        RECT area{item.rcItem.left + style.px(textLeft), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
-        const Selected font(buffer.dc(), style.font(Look::body));
-        SetTextColor(buffer.dc(), live ? style.palette().text : style.palette().greyText);
+        RECT area{item.rcItem.left + style().px(textLeft), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
+        const Selected selected(buffer.dc(), font());
+        SetTextColor(buffer.dc(), live ? style().palette().text : style().palette().greyText);
         DrawTextW(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
                   rowFormat | DT_VCENTER | DT_END_ELLIPSIS);
     }
     if ((item.itemState & ODS_FOCUS) == 0) return;
-    SetTextColor(buffer.dc(), style.palette().text);
+    SetTextColor(buffer.dc(), style().palette().text);
     DrawFocusRect(buffer.dc(), &item.rcItem);
 }
 

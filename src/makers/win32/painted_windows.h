@@ -16,17 +16,13 @@ public:
 protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     virtual void paint(HDC dc, const RECT& area) = 0;
-    bool focused() const { return GetFocus() == handle(); }
     // Draws a caption whose access key is underlined while the user asks for such.
-    void drawCaption(HDC dc, const std::string& text, const RECT& area, UINT format, char accessKey) const;
-    // Asks for WM_MOUSELEAVE: the pointer may leave to another window, which tells the page nothing.
-    void reportLeaving() const;
+    void drawCaption(HDC dc, const std::wstring& text, RECT area, UINT format, char accessKey) const;
 };
 
 class LabelWindow final : public PaintedWindow {
 public:
     LabelWindow(FormWindow& owner, Label& label);
-    void layout() override;
     void update() override;
 
 private:
@@ -35,9 +31,9 @@ private:
     void paintSection(HDC dc, const RECT& area);
     Colour colour() const;
     bool oneLine() const;
-    class TaskPictureWindow* picture() const;
+    HFONT font() const override { return style().font(label_.look()); }
     Label& label_;
-    std::string shown_;  // the caption, cut if it is too long for its line
+    std::wstring shown_;  // the caption, cut if it is too long for its line
 };
 
 // A painted control that the mouse presses. The press captures the mouse until its release, wherever that is. By
@@ -53,8 +49,6 @@ protected:
     virtual void pressed(POINT at) = 0;
     virtual void released(POINT at) = 0;
     virtual void moved(POINT /*at*/, bool /*buttonHeld*/) {}
-    // The pointer left, or the press ended without a release: the control looks as it does at rest.
-    virtual void rest() {}
     bool captured() const { return captured_; }
 
 private:
@@ -78,18 +72,12 @@ private:
 class TaskPictureWindow final : public PressableWindow {
 public:
     TaskPictureWindow(FormWindow& owner, TaskPicture& picture);
-    void pointerGone() override { setHover(false); }
-    // The pointer came to the picture or its caption, or left one of them.
-    void followPointer();
+    void hovered(bool on) override;
 
 private:
-    void setHover(bool hover);
-    bool pointerOn() const;
     void paint(HDC dc, const RECT& area) override;
     void pressed(POINT at) override;
     void released(POINT at) override;
-    void moved(POINT at, bool buttonHeld) override;
-    void rest() override;
     TaskPicture& picture_;
     bool hover_ = false;
 };
@@ -99,7 +87,7 @@ public:
     ImageButtonWindow(FormWindow& owner, ImageButton& button);
     void layout() override;
     void update() override;
-    bool press() override;
+    void hovered(bool on) override;
     const Control* standIn() const override { return button_.counterpart; }
 
 private:
@@ -107,11 +95,11 @@ private:
     void pressed(POINT at) override;
     void released(POINT at) override;
     void moved(POINT at, bool buttonHeld) override;
-    void rest() override;
     bool enabled() const override;
     void measureCaption();
 
     ImageButton& button_;
+    std::wstring text_;     // the caption
     RECT caption_{};        // the button's label; the rest is its picture
     bool onLabel_ = false;  // the press that holds the mouse was on the label
 };

@@ -8,28 +8,11 @@ namespace vrix {
 
 namespace {
 
-constexpr double artSize = 48;  // the units of a picture across and down
-
 constexpr int sheets = 6;  // of the set that is the program's mark
 
 Colour sheetColour(const Palette& palette, int sheet) {
     if (palette.systemColoursOnly) return palette.text;
     return sheet == 0 ? RGB(226, 148, 40) : mixed(RGB(12, 62, 92), RGB(64, 158, 178), (sheet - 1) / 4.0);
-}
-
-// The sheets of a set, laid round in a ring.
-void drawRing(Canvas& canvas, const Palette& palette) {
-    const Point middle{24, 24};
-    for (int i = 0; i < sheets; ++i) {
-        const double angle = 2 * std::numbers::pi * i / sheets;
-        const auto place = [&](std::vector<Point> points) {
-            return turned(turned(std::move(points), -0.42, {24, 10}), angle, middle);
-        };
-        const Colour colour = sheetColour(palette, i);
-        canvas.polygon(place({{18.5, 2}, {26, 2}, {26, 6}, {30, 6}, {30, 18}, {18.5, 18}}), colour);
-        canvas.stroke(place({{21, 9.5}, {27.5, 9.5}}), 1.4, palette.window);
-        canvas.stroke(place({{21, 13.5}, {27.5, 13.5}}), 1.4, palette.window);
-    }
 }
 
 // Some sheets of the set, fanned out, as a small mark.
@@ -97,6 +80,20 @@ void drawTile(Canvas& canvas, Tile tile, bool focused, const Palette& palette) {
 }
 
 }  // namespace
+
+// A sheet of few pixels has no room for lines of text.
+void drawRing(Canvas& canvas, const Palette& palette) {
+    const Point middle{24, 24};
+    for (int i = 0; i < sheets; ++i) {
+        const double angle = 2 * std::numbers::pi * i / sheets;
+        const auto place = [&](std::vector<Point> points) {
+            return turned(turned(std::move(points), -0.42, {24, 10}), angle, middle);
+        };
+        canvas.polygon(place({{18.5, 2}, {26, 2}, {26, 6}, {30, 6}, {30, 18}, {18.5, 18}}), sheetColour(palette, i));
+        if (canvas.width() < 32) continue;
+        for (const double line : {9.5, 13.5}) canvas.stroke(place({{21, line}, {27.5, line}}), 1.4, palette.window);
+    }
+}
 
 void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const Palette& palette, Colour background) {
     const int width = area.right - area.left;

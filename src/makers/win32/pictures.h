@@ -13,6 +13,10 @@ namespace vrix {
 enum class Tile { none, rest, hover, pressed };
 void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const Palette& palette, Colour background);
 
+// The program's mark, a ring of six sheets, which is its icon too; on a canvas of `artSize` units across and down.
+constexpr double artSize = 48;
+void drawRing(Canvas& canvas, const Palette& palette);
+
 // The face of an image button without its caption.
 struct FaceLook {
     ImageButton::Face face;

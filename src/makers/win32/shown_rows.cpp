@@ -16,11 +16,11 @@ void ShownRows::replace(HWND list, std::vector<std::string> wanted) {
     auto oldEnd = static_cast<std::size_t>(ends.first.base() - rows_.begin());
     auto end = static_cast<std::size_t>(ends.second.base() - wanted.begin());
     if (oldEnd - first + end - first > wanted.size()) {  // to fill the list anew is less work
-        SendMessageA(list, messages_.clear, 0, 0);
+        SendMessageW(list, messages_.clear, 0, 0);
         first = oldEnd = 0;
         end = wanted.size();
     }
-    while (oldEnd > first) SendMessageA(list, messages_.remove, --oldEnd, 0);
+    while (oldEnd > first) SendMessageW(list, messages_.remove, --oldEnd, 0);
     for (; first < end; ++first) {
         const std::wstring row = wide(wanted[first]);
         SendMessageW(list, messages_.insert, first, reinterpret_cast<LPARAM>(row.c_str()));

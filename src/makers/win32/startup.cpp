@@ -9,6 +9,7 @@
 #include "makers/win32/library_function.h"
 #include "makers/win32/wide_text.h"
 #include "makers/win32/win32_encoding.h"
+#include "platform/disk.h"
 
 namespace vrix {
 
@@ -54,7 +55,7 @@ void hardenProcess() {
     constexpr DWORD systemFolderOnly = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
     using Restrict = BOOL(WINAPI*)(DWORD);
     // Systems without updates lack it.
-    const auto restrictTo = libraryFunction<Restrict>("kernel32.dll", "SetDefaultDllDirectories");
+    const auto restrictTo = libraryFunction<Restrict>(L"kernel32.dll", "SetDefaultDllDirectories");
     if (restrictTo != nullptr) restrictTo(systemFolderOnly);
 }
 
@@ -64,11 +65,11 @@ void useSystemTexts() {
     useLetterFolder(&smallLetter);
 }
 
-std::string localDataFile(const std::string& folder, const std::string& file) {
+std::string localDataFolder(const std::string& name) {
     const auto local = variable(L"LOCALAPPDATA");
-    const std::wstring path = (local && !local->empty() ? *local : temporaryFolder()) + L"\\" + wide(folder);
-    CreateDirectoryW(path.c_str(), nullptr);
-    return narrow(path + L"\\", CP_UTF8) + file;
+    const std::string path = wideToUtf8(local && !local->empty() ? *local : temporaryFolder()) + '\\' + name;
+    systemDisk().makeFolder(path);
+    return path + '\\';
 }
 
 std::optional<std::string> environmentText(const std::string& name) {

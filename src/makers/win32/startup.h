@@ -14,9 +14,9 @@ void hardenProcess();
 // by the system's letters.
 void useSystemTexts();
 
-// The full path, in UTF-8, of a file in a folder below the user's local data, which is made where it is missing.
-// Without local data, as in a stripped environment, it lies in the folder for temporary files.
-std::string localDataFile(const std::string& folder, const std::string& file);
+// The full path, in UTF-8 and with a separator at its end, of a folder below the user's local data, which is made where
+// it is missing. Without local data, as in a stripped environment, it lies in the folder for temporary files.
+std::string localDataFolder(const std::string& name);
 
 // A variable of the environment, name and text in UTF-8. None where there is no such.
 std::optional<std::string> environmentText(const std::string& name);

@@ -6,16 +6,15 @@
 #include <utility>
 
 #include "makers/win32/library_function.h"
-#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
 namespace {
 
 bool highContrastOn() {
-    HIGHCONTRASTA contrast{};
+    HIGHCONTRASTW contrast{};
     contrast.cbSize = sizeof(contrast);
-    SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0);
+    SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0);
     return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
@@ -32,8 +31,8 @@ LOGFONTW messageFont() {
 int chosenTextScale() {
     DWORD scale = 100;
     DWORD size = sizeof(scale);
-    RegGetValueA(HKEY_CURRENT_USER, "Software\\Microsoft\\Accessibility", "TextScaleFactor", RRF_RT_REG_DWORD, nullptr,
-                 &scale, &size);
+    RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Accessibility", L"TextScaleFactor", RRF_RT_REG_DWORD,
+                 nullptr, &scale, &size);
     return static_cast<int>(std::clamp<DWORD>(scale, 100, 225));
 }
 
@@ -45,36 +44,28 @@ Owned<HFONT> fontAt(int dpi, LOGFONTW font, double share, int weight) {
 }
 
 int heightOfLine(HFONT font) {
-    const HDC screen = GetDC(nullptr);
-    TEXTMETRICA metrics{};
-    {
-        const Selected selected(screen, font);
-        GetTextMetricsA(screen, &metrics);
-    }
-    ReleaseDC(nullptr, screen);
+    const WindowDc screen(nullptr);
+    const Selected selected(screen, font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen, &metrics);
     return metrics.tmHeight;
 }
 
-int screenDpi() {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    return dpi;
-}
-
 Palette currentPalette() {
-    Palette colours{highContrastOn() || isDark(GetSysColor(COLOR_WINDOW)),
-                    GetSysColor(COLOR_WINDOW),
-                    GetSysColor(COLOR_WINDOWTEXT),
-                    GetSysColor(COLOR_BTNFACE),
-                    GetSysColor(COLOR_BTNTEXT),
-                    GetSysColor(COLOR_GRAYTEXT),
-                    GetSysColor(COLOR_WINDOWTEXT),
-                    GetSysColor(COLOR_WINDOWTEXT),
-                    GetSysColor(COLOR_WINDOWTEXT),
-                    GetSysColor(COLOR_WINDOWTEXT),
-                    GetSysColor(COLOR_HIGHLIGHT),
-                    GetSysColor(COLOR_WINDOWTEXT)};
+    const auto system = [](int index) { return GetSysColor(index); };
+    const Colour text = system(COLOR_WINDOWTEXT);
+    Palette colours{.systemColoursOnly = highContrastOn() || isDark(system(COLOR_WINDOW)),
+                    .window = system(COLOR_WINDOW),
+                    .text = text,
+                    .face = system(COLOR_BTNFACE),
+                    .faceText = system(COLOR_BTNTEXT),
+                    .greyText = system(COLOR_GRAYTEXT),
+                    .edge = text,
+                    .rule = text,
+                    .heading = text,
+                    .secondary = text,
+                    .accent = system(COLOR_HIGHLIGHT),
+                    .warning = text};
     if (!colours.systemColoursOnly) {
         colours.edge = mixed(colours.window, colours.text, 0.5);
         colours.rule = mixed(colours.window, colours.text, 0.16);
@@ -107,12 +98,12 @@ Preferences currentPreferences() {
 }
 
 int systemDpi() {
-    static const auto ask = libraryFunction<UINT(WINAPI*)()>("user32.dll", "GetDpiForSystem");
-    return ask != nullptr ? static_cast<int>(ask()) : screenDpi();
+    static const auto ask = libraryFunction<UINT(WINAPI*)()>(L"user32.dll", "GetDpiForSystem");
+    return ask != nullptr ? static_cast<int>(ask()) : GetDeviceCaps(WindowDc(nullptr), LOGPIXELSX);
 }
 
 int dpiOf(HWND window) {
-    static const auto ask = libraryFunction<UINT(WINAPI*)(HWND)>("user32.dll", "GetDpiForWindow");
+    static const auto ask = libraryFunction<UINT(WINAPI*)(HWND)>(L"user32.dll", "GetDpiForWindow");
     return ask != nullptr ? static_cast<int>(ask(window)) : systemDpi();
 }
 
@@ -150,37 +141,30 @@ void Styles::refresh() {
 }
 
 void draw(HDC dc, int left, int top, const Canvas& canvas) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = canvas.width();
-    info.bmiHeader.biHeight = -canvas.height();  // rows from the top
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    BITMAPINFO info{};  // its rows from the top
+    info.bmiHeader = {sizeof(info.bmiHeader), canvas.width(), -canvas.height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     const auto rows = static_cast<UINT>(canvas.height());
     SetDIBitsToDevice(dc, left, top, static_cast<DWORD>(canvas.width()), rows, 0, 0, 0, rows, canvas.pixels().data(),
                       &info, DIB_RGB_COLORS);
 }
 
-std::string shortened(HFONT font, const std::string& text, int width) {
-    const HDC screen = GetDC(nullptr);
-    const std::wstring whole = wide(text);
-    std::wstring fitting = whole;
-    fitting.resize(whole.size() + 4);  // the platform may write that much behind it
-    {
-        const Selected selected(screen, font);
-        RECT area{0, 0, width, 0};
-        DrawTextW(screen, fitting.data(), static_cast<int>(whole.size()), &area,
-                  DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT | DT_END_ELLIPSIS | DT_MODIFYSTRING);
-    }
-    ReleaseDC(nullptr, screen);
+std::wstring shortened(HFONT font, const std::wstring& text, int width) {
+    std::wstring fitting = text;
+    fitting.resize(text.size() + 4);  // the platform may write that much behind it
+    const WindowDc screen(nullptr);
+    const Selected selected(screen, font);
+    RECT area{0, 0, width, 0};
+    DrawTextW(screen, fitting.data(), static_cast<int>(text.size()), &area,
+              DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT | DT_END_ELLIPSIS | DT_MODIFYSTRING);
     fitting.resize(fitting.find(L'\0'));
-    return fitting == whole ? text : narrow(fitting);
+    return fitting;
 }
 
-SIZE measured(HDC dc, const std::string& text, int width, UINT format) {
+SIZE measured(HFONT font, const std::wstring& text, int width, UINT format) {
+    const WindowDc screen(nullptr);
+    const Selected selected(screen, font);
     RECT area{0, 0, width, 0};
-    const std::wstring line = wide(text);
-    DrawTextW(dc, line.c_str(), static_cast<int>(line.size()), &area, format | DT_CALCRECT);
+    DrawTextW(screen, text.c_str(), static_cast<int>(text.size()), &area, format | DT_CALCRECT);
     return {area.right, area.bottom};
 }
 

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "forms/label.h"
@@ -95,9 +96,9 @@ private:
 void draw(HDC dc, int left, int top, const Canvas& canvas);
 
 // The size that a text takes in a width.
-SIZE measured(HDC dc, const std::string& text, int width, UINT format);
+SIZE measured(HFONT font, const std::wstring& text, int width, UINT format);
 
 // A line of text as it fits into a width: a longer one ends in "...".
-std::string shortened(HFONT font, const std::string& text, int width);
+std::wstring shortened(HFONT font, const std::wstring& text, int width);
 
 }  // namespace vrix

@@ -4,7 +4,6 @@
 
 #include "makers/win32/library_function.h"
 #include "makers/win32/themed_controls.h"
-#include "makers/win32/wide_text.h"
 
 namespace vrix {
 
@@ -15,25 +14,24 @@ HWND makeTipWindow(HWND owner) {
     // Few windows need a tip, so the library is loaded at the first.
     constexpr INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_BAR_CLASSES};
     using Init = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
-    const auto init = libraryFunction<Init>("comctl32.dll", "InitCommonControlsEx");
+    const auto init = libraryFunction<Init>(L"comctl32.dll", "InitCommonControlsEx");
     if (init == nullptr || init(&classes) == FALSE) return nullptr;
     return CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
-                           owner, nullptr, GetModuleHandleA(nullptr), nullptr);
+                           owner, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
 
 }  // namespace
 
-void Tips::set(HWND owner, HWND child, const std::string& text) {
+void Tips::set(HWND owner, HWND child, const std::wstring& text) {
     const bool known = tools_.contains(child);
     if (text.empty() && !known) return;
     if (window_ == nullptr) window_ = makeTipWindow(owner);
-    std::wstring shown = wide(text);
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof(tool);
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = owner;
     tool.uId = reinterpret_cast<UINT_PTR>(child);
-    tool.lpszText = shown.data();
+    tool.lpszText = const_cast<wchar_t*>(text.c_str());
     const auto send = [&](UINT message) { SendMessageW(window_, message, 0, reinterpret_cast<LPARAM>(&tool)); };
     if (text.empty()) {
         send(TTM_DELTOOLW);
@@ -42,7 +40,7 @@ void Tips::set(HWND owner, HWND child, const std::string& text) {
     }
     send(known ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW);
     tools_.insert(child);
-    SendMessageA(window_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
+    SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
 }
 
 void Tips::pointerMoved(HWND child, LPARAM place) const {

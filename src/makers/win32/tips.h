@@ -12,7 +12,7 @@ namespace vrix {
 class Tips {
 public:
     // Sets the tip of a child of `owner`. An empty text takes it away.
-    void set(HWND owner, HWND child, const std::string& text);
+    void set(HWND owner, HWND child, const std::wstring& text);
     // Tells the tip of a child of a move of the pointer that came before the tip was set.
     void pointerMoved(HWND child, LPARAM place) const;
 

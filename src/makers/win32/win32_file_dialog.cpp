@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "makers/win32/library_function.h"
+#include "makers/win32/modal.h"
 #include "makers/win32/wide_text.h"
-#include "makers/win32/win32_screen.h"
 
 namespace vrix {
 
@@ -28,7 +28,7 @@ std::wstring filterPairs(const std::string& filter) {
 using Show = BOOL(WINAPI*)(OPENFILENAMEW*);
 
 // The library of dialogs loads much of the shell, so it is loaded at the first dialog and not at the start.
-constexpr const char* dialogLibrary = "comdlg32.dll";
+constexpr const wchar_t* dialogLibrary = L"comdlg32.dll";
 
 const wchar_t* orNothing(const std::wstring& text) { return text.empty() ? nullptr : text.c_str(); }
 
@@ -64,14 +64,13 @@ std::optional<std::wstring> chosenPath(Win32Screen& screen, const FileQuestion& 
     dialog.lpstrDefExt = orNothing(extension);
     dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
 
-    bool chosen = false;
-    screen.modal([&](HWND owner) {
-        dialog.hwndOwner = owner;
-        chosen = show(&dialog) != FALSE;
-        if (chosen || failure() != FNERR_INVALIDFILENAME) return;
+    const Modal modal(screen);
+    dialog.hwndOwner = modal.owner();
+    bool chosen = show(&dialog) != FALSE;
+    if (!chosen && failure() == FNERR_INVALIDFILENAME) {
         path[0] = L'\0';  // a name that no file can have: the dialog opens without one
         chosen = show(&dialog) != FALSE;
-    });
+    }
     return chosen ? std::optional<std::wstring>(path.data()) : std::nullopt;
 }
 

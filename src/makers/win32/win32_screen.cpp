@@ -5,67 +5,51 @@
 #include <algorithm>
 #include <utility>
 
-#include "forms/event.h"
 #include "forms/form.h"
 #include "forms/timer.h"
-#include "makers/win32/caption_room.h"
 #include "makers/win32/control_window.h"
 #include "makers/win32/form_window.h"
 #include "makers/win32/frame_window.h"
-#include "makers/win32/themed_controls.h"
+#include "makers/win32/modal.h"
 #include "makers/win32/wide_text.h"
 
 namespace vrix {
 
-namespace {
-
-LRESULT CALLBACK timerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* screen = reinterpret_cast<Win32Screen*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (message != WM_TIMER || screen == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    const Timer& timer = *reinterpret_cast<const Timer*>(wParam);
-    if (timer.enabled() && timer.onTimer) screen->event(timer.onTimer);
-    return 0;
-}
-
-HWND makeTimerWindow(Win32Screen& screen) {
-    WNDCLASSA kind{};
-    kind.lpfnWndProc = &timerProcedure;
-    kind.hInstance = GetModuleHandleA(nullptr);
-    kind.lpszClassName = "VrixTimers";
-    RegisterClassA(&kind);
-    const HWND window =
-        CreateWindowA(kind.lpszClassName, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, kind.hInstance, nullptr);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&screen));
-    return window;
-}
-
-// Keeps the current folder. A file dialog takes the program to the folder of the file, even if it is told not to.
-class CurrentFolder {
+// Receives the timers' messages and is never shown. The number of a timer is its address.
+class TimerWindow final : public NativeWindow {
 public:
-    CurrentFolder() : folder_(GetCurrentDirectoryW(0, nullptr), L'\0') {
-        GetCurrentDirectoryW(static_cast<DWORD>(folder_.size()), folder_.data());
+    explicit TimerWindow(Win32Screen& screen) : NativeWindow(screen, {formClass, 0}, HWND_MESSAGE) {}
+
+    void set(Timer& timer) {
+        const auto id = reinterpret_cast<UINT_PTR>(&timer);
+        if (timer.enabled()) {
+            enabled_.insert(&timer);
+            SetTimer(handle(), id, static_cast<UINT>(timer.interval()), nullptr);
+        } else {
+            enabled_.erase(&timer);
+            KillTimer(handle(), id);
+        }
     }
-    ~CurrentFolder() { SetCurrentDirectoryW(folder_.c_str()); }
-    CurrentFolder(const CurrentFolder&) = delete;
-    CurrentFolder& operator=(const CurrentFolder&) = delete;
 
 private:
-    std::wstring folder_;
-};
+    LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message != WM_TIMER) return NativeWindow::message(message, wParam, lParam);
+        const auto timer = enabled_.find(reinterpret_cast<Timer*>(wParam));
+        if (timer != enabled_.end() && (*timer)->onTimer) screen().event((*timer)->onTimer);
+        return 0;
+    }
 
-}  // namespace
+    std::set<Timer*> enabled_;
+};
 
 void tell(const std::string& sentence, const std::string& title) {
     const ThemedControls themed;
     MessageBoxW(nullptr, wide(sentence, CP_UTF8).c_str(), wide(title).c_str(), MB_OK | MB_SETFOREGROUND);
 }
 
-Win32Screen::Win32Screen() : styles_(std::make_unique<Styles>()), timers_(makeTimerWindow(*this)) {}
+Win32Screen::Win32Screen() : styles_(std::make_unique<Styles>()), timers_(std::make_unique<TimerWindow>(*this)) {}
 
-Win32Screen::~Win32Screen() {
-    ended_ = true;
-    DestroyWindow(timers_);
-}
+Win32Screen::~Win32Screen() { ended_ = true; }
 
 void Win32Screen::formChanged(Form& form) {
     if (std::find(changedForms_.begin(), changedForms_.end(), &form) == changedForms_.end()) {
@@ -84,23 +68,13 @@ void Win32Screen::rowsChanged(Control& list, RowChange change) {
     changedControls_.insert(&list);
 }
 
-void Win32Screen::timerChanged(Timer& timer) {
-    const auto id = reinterpret_cast<UINT_PTR>(&timer);
-    if (timer.enabled()) {
-        SetTimer(timers_, id, static_cast<UINT>(timer.interval()), nullptr);
-    } else {
-        KillTimer(timers_, id);
-    }
-}
+void Win32Screen::timerChanged(Timer& timer) { timers_->set(timer); }
 
 Answer Win32Screen::ask(const std::string& text, const std::string& title, Buttons buttons) {
-    int answer = 0;
-    modal([&](HWND owner) {
-        const UINT kind = buttons == Buttons::ok ? MB_OK : MB_OKCANCEL;
-        const CaptionRoom room;
-        answer = MessageBoxW(owner, wide(text).c_str(), wide(title).c_str(),
-                             kind | (owner == nullptr ? MB_SETFOREGROUND : 0));
-    });
+    const Modal modal(*this);
+    const UINT kind = buttons == Buttons::ok ? MB_OK : MB_OKCANCEL;
+    const int answer = MessageBoxW(modal.owner(), wide(text).c_str(), wide(title).c_str(),
+                                   kind | (modal.owner() == nullptr ? MB_SETFOREGROUND : 0));
     return answer == IDOK || buttons == Buttons::ok ? Answer::ok : Answer::cancel;
 }
 
@@ -139,56 +113,26 @@ bool Win32Screen::takesKey(MSG& message) const {
     });
 }
 
-void Win32Screen::event(const std::function<void()>& event) {
-    if (quiet_ || ended_) return;
-    runEvent(*this, [&] {
-        event();
-        onPause();
-        if (!ended_) catchUp();
-    });
-}
-
-void Win32Screen::quietly(const std::function<void()>& change) {
-    const bool before = std::exchange(quiet_, true);
-    change();
-    quiet_ = before;
-}
-
-void Win32Screen::modal(const std::function<void(HWND)>& dialog) {
+void Win32Screen::pause() {
     onPause();
-    catchUp();
-    const FrameWindow* owner = active();
-    std::vector<HWND> others;
-    for (const auto& frame : frames_) {
-        if (frame.get() != owner && IsWindowEnabled(frame->handle())) others.push_back(frame->handle());
-    }
-    for (const HWND other : others) EnableWindow(other, FALSE);
-    const bool quietBefore = std::exchange(quiet_, false);
-    {
-        const CurrentFolder kept;
-        const ThemedControls themed;
-        dialog(owner == nullptr ? nullptr : owner->handle());
-    }
-    quiet_ = quietBefore;
-    for (const HWND other : others) EnableWindow(other, TRUE);
+    if (!ended_) catchUp();
 }
 
 void Win32Screen::catchUp() {
     const auto controls = std::exchange(changedControls_, {});
     const auto forms = std::exchange(changedForms_, {});
-    quietly([&] {
-        for (const Control* control : controls) windowOf(control->form())->update(*control);
-        for (Form* form : forms) {
-            if (form->visible()) show(*form);
-        }
-        for (Form* form : forms) {
-            if (!form->visible()) hide(*form);
-        }
-        const Control* wanted = std::exchange(wanted_, nullptr);
-        for (const auto& frame : frames_) {
-            if (frame->page() != nullptr) frame->page()->settle(wanted);
-        }
-    });
+    const FlagGuard quiet = quietly();
+    for (const Control* control : controls) windowOf(control->form())->update(*control);
+    for (Form* form : forms) {
+        if (form->visible()) show(*form);
+    }
+    for (Form* form : forms) {
+        if (!form->visible()) hide(*form);
+    }
+    const Control* wanted = std::exchange(wanted_, nullptr);
+    for (const auto& frame : frames_) {
+        if (frame->page() != nullptr) frame->page()->settle(wanted);
+    }
 }
 
 void Win32Screen::show(Form& form) {
@@ -237,14 +181,20 @@ FormWindow* Win32Screen::windowOf(Form& form) const {
     return found == forms_.end() ? nullptr : found->second.get();
 }
 
-FrameWindow* Win32Screen::active() const {
-    FrameWindow* any = nullptr;
+HWND Win32Screen::active() const {
+    HWND any = nullptr;
     for (const auto& frame : frames_) {
         if (frame->page() == nullptr) continue;
-        if (frame->active()) return frame.get();
-        any = frame.get();
+        if (frame->active()) return frame->handle();
+        any = frame->handle();
     }
     return any;
+}
+
+std::vector<HWND> Win32Screen::windows() const {
+    std::vector<HWND> all;
+    for (const auto& frame : frames_) all.push_back(frame->handle());
+    return all;
 }
 
 }  // namespace vrix

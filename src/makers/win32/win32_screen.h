@@ -4,8 +4,10 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <utility>
 #include <vector>
 
+#include "forms/event.h"
 #include "platform/screen.h"
 
 struct HWND__;
@@ -22,6 +24,20 @@ struct Identity {
 class FormWindow;
 class FrameWindow;
 class Styles;
+class TimerWindow;
+
+// Sets a flag while it lasts.
+class FlagGuard {
+public:
+    FlagGuard(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
+    ~FlagGuard() { flag_ = before_; }
+    FlagGuard(const FlagGuard&) = delete;
+    FlagGuard& operator=(const FlagGuard&) = delete;
+
+private:
+    bool& flag_;
+    bool before_;
+};
 
 // The real screen. Each form gets a native window when it is first shown, and each control a window on it. A form that
 // comes takes the frame of one that goes in the same event: to the user, all pages are one window.
@@ -50,13 +66,23 @@ public:
 
     // Runs one event of the program, then brings the screen up to date. An event is ignored if it comes from a change
     // that the program itself makes to the screen, or after quit().
-    void event(const std::function<void()>& event);
-    // Changes the screen for the program. Events that this causes are ignored.
-    void quietly(const std::function<void()>& change);
+    template <class Event>
+    void event(const Event& event) {
+        if (quiet_ || ended_) return;
+        runEvent(*this, [&] {
+            event();
+            pause();
+        });
+    }
+    // While it lasts, the program changes the screen, and events that this causes are ignored.
+    FlagGuard quietly() { return {quiet_, true}; }
     bool quiet() const { return quiet_; }
-    // Brings the screen up to date and runs a dialog of the platform. Meanwhile all windows of the program are
-    // disabled: the owner by the dialog, the others here.
-    void modal(const std::function<void(HWND__* owner)>& dialog);
+
+    // For dialogs of the platform, which pass on what the user does meanwhile: brings the screen up to date.
+    void pause();
+    FlagGuard loudly() { return {quiet_, false}; }
+    HWND__* active() const;  // the window in front; null where none is shown
+    std::vector<HWND__*> windows() const;
 
     Styles& styles() { return *styles_; }
 
@@ -67,7 +93,6 @@ private:
     FrameWindow& frameFor(const Form& form);
     bool comesBack(const Form& form);
     FormWindow* windowOf(Form& form) const;
-    FrameWindow* active() const;
     bool takesKey(tagMSG& message) const;
 
     std::unique_ptr<Styles> styles_;
@@ -77,7 +102,7 @@ private:
     std::vector<Form*> changedForms_;                   // in the order of their first change
     std::set<Control*> changedControls_;
     const Control* wanted_ = nullptr;  // what is to have the focus at the end of the event
-    HWND__* timers_;                   // receives the timers' messages and is never shown
+    std::unique_ptr<TimerWindow> timers_;
     bool quiet_ = false;
     bool ended_ = false;
     int exitCode_ = 0;

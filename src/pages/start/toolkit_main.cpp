@@ -17,6 +17,7 @@ ToolkitMain::ToolkitMain(Toolkit& toolkit)
     EditImg.onRelease = [this](bool inside) { startEdit(inside); };
     DeleteImg.onRelease = [this](bool inside) { startDelete(inside); };
     Image2.onClick = [this] { DeleteImg.setPressed(true); };
+    content = &Frame2;
     Label3.presses = &CreateImg;
     Label4.presses = &EditImg;
     Label5.presses = &DeleteImg;

@@ -1,9 +1,10 @@
-#include "makers/backup/backup_folder.h"
+#include "backup/backup_folder.h"
 
 #include <algorithm>
 #include <array>
 #include <functional>
 
+#include "common/refusal.h"
 #include "makers/embedded/journal_file.h"
 #include "makers/embedded/journal_registry.h"
 #include "product/product_store.h"
@@ -24,10 +25,10 @@ std::string timeText(std::time_t time) {
 
 // Hands the family key, if it is there, and all below it to the journal.
 void copyFamily(Registry& registry, const journal::Writer& write) {
-    ProductStore(registry).walk({}, [&](const KeyPath& path, std::vector<StoredValue> values) {
-        const std::string place = joined(joinedPaths({"Software", "Vrix"}, path));
+    ProductStore(registry).walk({}, [&](StoredKey key) {
+        const std::string place = joined(joinedPaths({"Software", "Vrix"}, key.path));
         write(journalRecord(Change(Change::Kind::makeKey, place)));
-        for (StoredValue& value : values) {
+        for (StoredValue& value : key.values) {
             write(journalRecord(
                 Change(Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data))));
         }
@@ -60,13 +61,9 @@ std::optional<std::string> BackupFolder::find(const std::string& text) const {
 
 std::string BackupFolder::keep(Registry& registry, std::time_t time) {
     const std::string name = unusedName(time);
-    try {
-        const auto copy = [&](const journal::Writer& write) { copyFamily(registry, write); };
-        if (!journal::write(pathOf(name), disk_, copy)) {
-            throw BackupFailed("The backup \"" + pathOf(name) + "\" could not be written.");
-        }
-    } catch (const Refusal& refused) {
-        throw BackupFailed("The backup could not be made: " + std::string(refused.what()) + ".");
+    const auto copy = [&](const journal::Writer& write) { copyFamily(registry, write); };
+    if (!journal::write(pathOf(name), disk_, copy)) {
+        throw Refusal(Refusal::Kind::refused, "The backup \"" + pathOf(name) + "\" could not be written");
     }
     removeOldest();
     return name;
@@ -74,7 +71,7 @@ std::string BackupFolder::keep(Registry& registry, std::time_t time) {
 
 std::string BackupFolder::unusedName(std::time_t time) const {
     std::string name = timeText(time);
-    for (int number = 2; disk_.isFile(pathOf(name)); ++number) {
+    for (int number = 2; disk_.kindOf(pathOf(name)) != PathKind::nothing; ++number) {
         name = timeText(time) + " " + std::to_string(number);
     }
     return name;

@@ -3,21 +3,14 @@
 #include <cstddef>
 #include <ctime>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "makers/embedded/journal_disk.h"
+#include "platform/disk.h"
 #include "platform/registry.h"
 
 namespace vrix {
-
-// Why a backup could not be made, as a sentence.
-class BackupFailed final : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 // The folders below the user's local data: one for the registry as programs of each width, 64 or 32 bits, see it, and
 // one for the Trial's store. The Trial itself keeps no backups of it, the command line does.
@@ -31,7 +24,7 @@ public:
     static constexpr std::size_t most = 20;
 
     // The folder is there already. Its path is one for the disk, with a separator at its end.
-    BackupFolder(std::string path, JournalDisk& disk) : path_(std::move(path)), disk_(disk) {}
+    BackupFolder(std::string path, Disk& disk) : path_(std::move(path)), disk_(disk) {}
 
     // Whether a text may name a backup: date and time, or "latest".
     static bool isName(const std::string& text);
@@ -44,7 +37,7 @@ public:
     std::string pathOf(const std::string& name) const { return path_ + name + ".journal"; }
 
     // Keeps the family key of the registry, Software\Vrix with all below it, as a backup of that time, and removes the
-    // oldest of more than 20. Gives its name. Throws BackupFailed.
+    // oldest of more than 20. Gives its name. Throws Refusal.
     std::string keep(Registry& registry, std::time_t time);
 
 private:
@@ -52,7 +45,7 @@ private:
     void removeOldest() const;
 
     std::string path_;
-    JournalDisk& disk_;
+    Disk& disk_;
 };
 
 }  // namespace vrix
