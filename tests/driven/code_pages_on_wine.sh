@@ -4,7 +4,6 @@
 # of another, and half-width letters.
 set -uo pipefail
 . scripts/wine.sh
-trap - EXIT
 out=build/driven/names docs=$WINEPREFIX/drive_c/Docs
 rm -rf "$out" "$docs"
 use_locale C.UTF-8
