@@ -5,7 +5,6 @@
 set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
-trap - EXIT
 out=build/driven/texts
 rm -rf "$out" "$WINEPREFIX"/drive_c/users/*/AppData/Local/'Vrix Toolkit'*
 mkdir -p "$out"
