@@ -193,6 +193,7 @@ void finish(Input& input) {
         const std::string entry = "\r\n\"" + name + "\"=\"" + (isPath ? escapedPath(data) : data) + "\"\r\n";
         promise(walk.windows.ended || path.empty() || file.find(entry) != std::string::npos);
         promise(refused || key.size() > 200 || (key + data).find_first_of({"\0%", 2}) != std::string::npos ||
+                !systemEncoding().toUtf8(key) || !systemEncoding().toUtf8(data) ||
                 pages.settings.GetSetting(application, "Toolkit\\" + key + "\\Options", name, "") == data);
         auto network = findCharacter(data, '\\');
         while (network < data.size() && !data.substr(network).starts_with("\\\\"))
@@ -248,8 +249,14 @@ const std::map<std::string, std::function<void(Input&)>> targets{
 
 // The variable VRIX_TARGET says what is fuzzed. The size of an input says on which code page.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr unsigned pages[] = {1252, 932, 65001};
-    vrix::useCodePage(pages[size % 3]);
+    struct Page {
+        explicit Page(unsigned number_) : number(number_), encoding(vrix::iconvEncoding(number_)) {}
+        unsigned number;
+        std::unique_ptr<vrix::Encoding> encoding;
+    };
+    static const Page pages[] = {Page(1252), Page(932), Page(65001)};
+    const Page& page = pages[size % 3];
+    vrix::useCodePage(page.number, *page.encoding);
     vrix::Input input(data, size);
     vrix::targets.at(std::getenv("VRIX_TARGET"))(input);
     return 0;

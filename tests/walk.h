@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "common/code_page.h"
 #include "failing_machine.h"
 #include "files.h"
 #include "makers/embedded/code_page_registry.h"
@@ -60,7 +61,7 @@ public:
     std::string message();
     std::string text(const std::string& form, const std::string& name);  // a control's content or caption
     std::string path(const std::string& name) const { return folder_.path(name); }
-    std::string file(const std::string& name) const { return bytesOf(path(name)); }
+    std::string file(const std::string& name) const { return bytesOf(systemEncoding().decode(path(name))); }
 
     void put(const std::string& section, const std::string& name, const std::string& data);
     // All keys and values below a section of the family key, or of another key of the machine, in the registry's order:
