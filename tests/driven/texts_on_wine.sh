@@ -63,6 +63,8 @@ for locale in C ja_JP; do
     for file in "$out"/list.json "$out"/all/*.json; do python3 -m json.tool "$file" >/dev/null; done
     [ "$(vrix apply "$out/all/*.json" | grep -c ': nothing to change$')" = 2 ]
 
+    vrix dsc test --input '{"key":"Ключ"}' | grep '"_inDesiredState":true' >/dev/null
+
     # Back from JSON, and from the backup that was made before the removal. Names are found in any case.
     vrix remove --yes КЛЮЧ >/dev/null
     [ "$(vrix list | grep -c Ключ)" = 0 ]
@@ -76,7 +78,17 @@ for locale in C ja_JP; do
     store restored.reg
     cmp "$out/whole.reg" "$out/restored.reg"
 
-    # A settings file holds what its code page has.
+    # A settings file holds what its code page has, and is read by the one that is named.
+    vrix export 予定表 "$out/utf8.kls" --code-page 65001 >/dev/null 2>&1 && exit 1  # for its half characters
+    vrix show 予定表 --json | python3 -c '
+import json, sys
+product = json.load(sys.stdin)
+product["options"]["UserDefined1"] = "한글"
+product["topics"] = [topic for topic in product["topics"] if topic["name"] != "安全"]
+json.dump(product, sys.stdout)' >"$out/whole.json"
+    vrix apply "$out/whole.json" >/dev/null
+    vrix export 予定表 "$out/utf8.kls" --code-page 65001 >/dev/null
+    [ "$(vrix apply "$out/utf8.kls" --code-page 65001 --merge | grep -c ': nothing to change$')" = 1 ]
     code=0
     vrix export 予定表 "$out/no.kls" >"$out/said" 2>&1 || code=$?
     [ "$code" = 5 ] && grep 'U+' "$out/said" >/dev/null && [ ! -e "$out/no.kls" ]
