@@ -9,7 +9,7 @@
 #include "common/runtime_failure.h"
 #include "common/utf8.h"
 #include "product/compare.h"
-#include "product/view.h"
+#include "product/dependency_names.h"
 #include "store/option_table.h"
 #include "store/settings_file.h"
 #include "store/variant.h"
@@ -141,7 +141,9 @@ private:
         const bool isKnown = groupOf(key.path) != Group::other || key.path.empty() || isParent;
         if (!isKnown) add(findings_, "unknown-value", placeOf(product_.id, key.path));
         if (key.values.size() > mostRows) add(findings_, "too-many-rows", placeOf(product_.id, key.path));
-        if (key.unreachable > 0) add(findings_, "unreachable-value", placeOf(product_.id, key.path));
+        if (key.unreachable > 0) {
+            add(findings_, "unreachable-value", placeOf(product_.id, key.path), std::to_string(key.unreachable));
+        }
         if (!isWhole(joined(key.path))) add(findings_, "half-character", placeOf(product_.id, key.path));
         for (const StoredValue& value : key.values) {
             const bool isListed = groupOf(key.path) != Group::other;

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <unordered_map>
 
-#include "product/view.h"
+#include "product/dependency_names.h"
 
 namespace vrix {
 

@@ -4,7 +4,7 @@
 #include <set>
 #include <unordered_map>
 
-#include "product/view.h"
+#include "product/dependency_names.h"
 #include "store/option_table.h"
 
 namespace vrix {
@@ -219,9 +219,10 @@ private:
         return row;
     }
     static std::string numberOf(const Json& number, const std::string& place) {
-        const std::size_t index = countOf(number, place);
-        if (index > INT32_MAX) throw malformed(place, "this number is too large");
-        return std::to_string(index);
+        if (!number.is_number_integer() || number < 0)
+            throw malformed(place, "a whole number from 0 should stand here");
+        if (number > INT32_MAX) throw malformed(place, "this number is too large");
+        return number.dump();
     }
     std::string indexOf(const Json& topic, const std::string& place) const {
         const std::string name = readName(topic, place);
