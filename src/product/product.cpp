@@ -175,10 +175,10 @@ KeyPath rootPath(const ProductId& id) {
     return joinedPaths(id.tree == Tree::toolkit ? KeyPath{"Toolkit"} : KeyPath{}, partsOf(id.key));
 }
 
-std::string joined(const KeyPath& path) {
-    std::string text;
-    for (const std::string& name : path) text += (text.empty() ? "" : "\\") + name;
-    return text;
+std::string joined(const std::vector<std::string>& texts, std::string_view between) {
+    std::string all;
+    for (const std::string& text : texts) all.append(all.empty() ? "" : between).append(text);
+    return all;
 }
 
 KeyPath partsOf(std::string_view text) {

@@ -128,8 +128,8 @@ std::string createdOf(const Product& product);
 // The section of the list of a tree, and the path of a Product's root, each as names from the family key downwards.
 KeyPath listPath(Tree tree);
 KeyPath rootPath(const ProductId& id);
-// A path for people, its names joined by backslashes.
-std::string joined(const KeyPath& path);
+// Texts as one; a path for people, its names joined by backslashes.
+std::string joined(const std::vector<std::string>& texts, std::string_view between = "\\");
 // A text of the store taken apart at its backslashes. Doubled ones and those at the ends count for nothing.
 KeyPath partsOf(std::string_view text);
 // Whether a key can have that name: 1 to 255 units of UTF-16, none of them zero, and no backslash.

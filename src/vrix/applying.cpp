@@ -55,7 +55,7 @@ ExitCode remove(Run& run) {
             steps.push_back({labels.back(), [id](const ProductStore& products) { return planRemoval(products, id); }});
         }
     }
-    if (!run.request.dryRun && !isAgreed(run, "Remove " + listed(labels) + "?")) {
+    if (!run.request.dryRun && !isAgreed(run, "Remove " + joined(labels, ", ") + "?")) {
         run.print("Nothing was removed.");
         return ExitCode::done;
     }

@@ -18,7 +18,7 @@ void append(Findings& all, Findings more) { std::move(more.begin(), more.end(), 
 Findings findIn(const Run& run, const Product& product) {
     Findings all = checkProduct(product);
     if (run.request.files) {
-        StandardFiles files;
+        StandardFiles files(run.machine.disk());
         append(all, checkFiles(product, files));
     }
     return all;
@@ -26,8 +26,8 @@ Findings findIn(const Run& run, const Product& product) {
 
 // What stands in the other registry of the same machine, if it has two.
 Findings findInOtherView(Run& run, Store& store) {
-    if (!store.isRegistry()) return {};
-    RegistryView view = run.request.store.view;
+    if (!run.request.isOnRegistry()) return {};
+    RegistryView view = run.request.view;
     if (view == RegistryView::own) view = run.machine.ownView();
     const auto other = run.machine.registry(view == RegistryView::bits64 ? RegistryView::bits32 : RegistryView::bits64);
     return other ? checkViews(store.products(), ProductStore(*other)) : Findings();
@@ -67,7 +67,7 @@ std::string summaryOf(const Findings& findings) {
     for (const Severity severity : {Severity::error, Severity::warning, Severity::note}) {
         counts.push_back(counted(countOf(findings, severity), severityName(severity)));
     }
-    return listed(counts) + '.';
+    return joined(counts, ", ") + '.';
 }
 
 ExitCode explain(Run& run) {
@@ -76,7 +76,7 @@ ExitCode explain(Run& run) {
         Lines names;
         for (const FindingKind& known : findingKinds()) names.push_back(known.name);
         throw Refusal(Refusal::Kind::notFound,
-                      "there is no finding " + quoted(run.request.finding) + ", but: " + listed(names));
+                      "there is no finding " + quoted(run.request.finding) + ", but: " + joined(names, ", "));
     }
     Json json = asJson(*kind);
     json["explain"] = kind->explain;

@@ -25,7 +25,7 @@ std::string settingsOf(const Product& product) {
 std::string bytesOf(Run& run, const Product& product, const std::string& format) {
     if (format == "json") return toJson(product);
     if (format == "xml") {
-        return policyCollection(product, run.request.store.view == RegistryView::bits32);
+        return policyCollection(product, run.request.view == RegistryView::bits32);
     }
     return encodedSettings(settingsOf(product), *settingsEncoding(run));
 }

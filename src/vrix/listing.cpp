@@ -49,7 +49,7 @@ std::vector<Lines> topicRows(const Product& product, const KeyPath& path) {
     const DependencyNames dependencies(product);
     std::vector<Lines> rows;
     for (const StoredValue& topic : product.values(path)) {
-        const std::string others = listed(dependencies.of(topic.name));
+        const std::string others = joined(dependencies.of(topic.name), ", ");
         rows.push_back({"  " + topic.name, textOf(topic), others.empty() ? "" : "needs " + others});
     }
     return rows;

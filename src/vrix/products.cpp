@@ -67,7 +67,7 @@ std::optional<ProductId> lookFor(const ProductStore& store, const std::string& t
     if (found.size() == 1) return found[0];
     Lines labels;
     for (const ProductId& id : found) labels.push_back(labelOf(id));
-    throw Refusal(Refusal::Kind::wrongUse, quoted(text) + " may be any of " + listed(labels));
+    throw Refusal(Refusal::Kind::wrongUse, quoted(text) + " may be any of " + joined(labels, ", "));
 }
 
 ProductId findProduct(const ProductStore& store, const std::string& text) {
@@ -99,7 +99,8 @@ Store& ProductSource::store() {
 
 // Where the system has no registry and nobody names a store, files do without.
 bool ProductSource::hasStore() const {
-    return store_ || run_.request.store.kind || run_.machine.registry(run_.request.store.view) != nullptr;
+    const bool isNamed = run_.request.isTrial || !run_.request.store.empty();
+    return store_ || isNamed || run_.machine.registry(run_.request.view) != nullptr;
 }
 
 std::optional<ProductId> ProductSource::find(const std::string& text) {

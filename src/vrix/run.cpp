@@ -58,12 +58,6 @@ Refusal diskRefusal(Disk& disk, const std::string& what) {
     return {Refusal::Kind::refused, what + " (" + disk.reason() + ")"};
 }
 
-std::string listed(const Lines& texts) {
-    std::string all;
-    for (const std::string& text : texts) all += (all.empty() ? "" : ", ") + text;
-    return all;
-}
-
 Lines tableLines(const std::vector<Lines>& rows) {
     std::vector<std::size_t> widths;
     for (const Lines& row : rows) {

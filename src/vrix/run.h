@@ -39,8 +39,6 @@ struct Run {
 std::string counted(std::size_t count, const std::string& what);
 // In quotation marks.
 std::string quoted(const std::string& text);
-// The texts with a comma between them.
-std::string listed(const Lines& texts);
 // What the disk has just refused, with the system's words for it.
 Refusal diskRefusal(Disk& disk, const std::string& what);
 // Rows of cells as lines, the columns flush.

@@ -19,20 +19,17 @@ std::unique_ptr<EmbeddedRegistry> copyOf(const ProductStore& store) {
     return copy;
 }
 
-Store::Store(Run& run, Use use)
-    : machine_(run.machine),
-      isRegistry_(run.request.store.kind.value_or(StoreChoice::Kind::registry) == StoreChoice::Kind::registry) {
-    const StoreChoice& choice = run.request.store;
+Store::Store(Run& run, Use use) : machine_(run.machine) {
     const bool isRehearsal = use == Use::writing && run.request.dryRun;
     const bool writes = use == Use::writing && !isRehearsal;
-    if (isRegistry_) {
-        openRegistry(choice.view);
-    } else if (choice.kind == StoreChoice::Kind::trial) {
+    if (run.request.isOnRegistry()) {
+        openRegistry(run.request.view);
+    } else if (run.request.isTrial) {
         // Where the Trial has never run, its store is empty.
         openJournal(machine_.localDataFolder("Vrix Toolkit Trial") + "store.journal", writes, true);
         keepBackupsIn(machine_.localDataFolder(trialBackups));
     } else {
-        openJournal(backupNamed(choice.path), writes, isRehearsal);
+        openJournal(backupNamed(run.request.store), writes, isRehearsal);
     }
     if (isRehearsal) store_ = copyOf(ProductStore(*store_));
     if (writes && backups_ && !run.request.noBackup) {

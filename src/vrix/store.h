@@ -45,7 +45,6 @@ public:
     BackupFolder* backups() const { return backups_.get(); }
     // The backup that was made; empty if none was.
     const std::string& backup() const { return backup_; }
-    bool isRegistry() const { return isRegistry_; }
 
 private:
     void openRegistry(RegistryView view);
@@ -55,7 +54,6 @@ private:
     void backUp();
 
     Machine& machine_;
-    bool isRegistry_;
     std::unique_ptr<Registry> store_;
     JournalRegistry* journal_ = nullptr;  // the store, where it is one that is written to
     std::unique_ptr<BackupFolder> backups_;
