@@ -258,18 +258,13 @@ private:
 
 }  // namespace
 
-void perform(Registry& registry, const Plan& plan, std::size_t& made) {
+void perform(Registry& registry, const Plan& plan, std::size_t* made) {
     Writer writer(registry);
-    for (made = 0; made < plan.size(); ++made) {
-        const StoreChange& change = plan[made];
+    for (const StoreChange& change : plan) {
         const RegistryStatus status = writer.make(change);
         if (status != RegistryStatus::success) refuse(refusalText(change.path, status));
+        if (made != nullptr) ++*made;
     }
-}
-
-void perform(Registry& registry, const Plan& plan) {
-    std::size_t made = 0;
-    perform(registry, plan, made);
 }
 
 }  // namespace vrix

@@ -46,9 +46,8 @@ Plan planSettings(const ProductStore& store, Product product, Unnamed unnamed);
 // where there is neither.
 Plan planRemoval(const ProductStore& store, const ProductId& id);
 
-// Makes the changes one after the other and counts in `made` those that are made. Throws Refusal (refused) at the first
+// Makes the changes one after the other and adds to `made` those that are made. Throws Refusal (refused) at the first
 // that the registry refuses; those before it stay made.
-void perform(Registry& registry, const Plan& plan, std::size_t& made);
-void perform(Registry& registry, const Plan& plan);
+void perform(Registry& registry, const Plan& plan, std::size_t* made = nullptr);
 
 }  // namespace vrix

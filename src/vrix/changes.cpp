@@ -82,7 +82,7 @@ void perform(Run& run, Store& store, const std::vector<Step>& steps, std::size_t
         std::size_t made = 0;
         const auto tellMade = [&] { std::for_each_n(plans[i].begin(), made, tell); };
         try {
-            store.change(plans[i], made);
+            store.change(plans[i], &made);
         } catch (...) {
             tellMade();
             throw;

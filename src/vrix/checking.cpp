@@ -56,16 +56,13 @@ Json asJson(const FindingKind& kind) {
             {"advice", kind.advice}};
 }
 
-std::size_t countOf(const Findings& findings, Severity severity) {
-    return static_cast<std::size_t>(std::count_if(
-        findings.begin(), findings.end(), [&](const Finding& finding) { return finding.kind->severity == severity; }));
-}
-
 std::string summaryOf(const Findings& findings) {
     if (findings.empty()) return "Nothing was found.";
     Lines counts;
     for (const Severity severity : {Severity::error, Severity::warning, Severity::note}) {
-        counts.push_back(counted(countOf(findings, severity), severityName(severity)));
+        const auto count = std::count_if(findings.begin(), findings.end(),
+                                         [&](const Finding& one) { return one.kind->severity == severity; });
+        counts.push_back(counted(static_cast<std::size_t>(count), severityName(severity)));
     }
     return joined(counts, ", ") + '.';
 }

@@ -62,15 +62,12 @@ Wanted readWanted(Run& run) {
 }
 
 // The Product as the store has it; nothing where there is neither a row of the list nor a root.
-std::optional<Product> readActual(const ProductStore& store, ProductId id) {
-    bool isListed = false;
-    for (const ProductId& listed : store.list()) {
-        if (!isSameProduct(listed, id)) continue;
-        isListed = true;
-        id = listed;
-        break;
-    }
-    return isListed || store.hasRoot(id) ? std::optional(store.read(id)) : std::nullopt;
+std::optional<Product> readActual(const ProductStore& store, const ProductId& id) {
+    const std::vector<ProductId> all = store.list();
+    const auto listed =
+        std::find_if(all.begin(), all.end(), [&](const ProductId& one) { return isSameProduct(one, id); });
+    if (listed != all.end()) return store.read(*listed);
+    return store.hasRoot(id) ? std::optional(store.read(id)) : std::nullopt;
 }
 
 Json stateOf(const ProductId& id, const std::optional<Product>& actual) {

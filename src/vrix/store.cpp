@@ -37,7 +37,7 @@ Store::Store(Run& run, Use use) : machine_(run.machine) {
     }
 }
 
-void Store::change(const Plan& plan, std::size_t& made) {
+void Store::change(const Plan& plan, std::size_t* made) {
     perform(registry(), plan, made);
     if (journal_ != nullptr && !journal_->sync()) {
         throw Refusal(Refusal::Kind::refused, "the disk has not confirmed the changes: a loss of power may undo them");

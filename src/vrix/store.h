@@ -34,13 +34,9 @@ public:
     // user names have none: they can be copied as files.
     Registry& registry() { return backedUp_ ? *backedUp_ : *store_; }
     ProductStore products() { return ProductStore(registry()); }
-    // Makes the changes and counts in `made` those that are made. Once it returns, those of a journal are on the disk
+    // Makes the changes and adds to `made` those that are made. Once it returns, those of a journal are on the disk
     // itself. Throws Refusal.
-    void change(const Plan& plan, std::size_t& made);
-    void change(const Plan& plan) {
-        std::size_t made = 0;
-        change(plan, made);
-    }
+    void change(const Plan& plan, std::size_t* made = nullptr);
     // The backups of this store, or null.
     BackupFolder* backups() const { return backups_.get(); }
     // The backup that was made; empty if none was.

@@ -41,55 +41,51 @@ Json othersOf(const Product& product, const Product& told) {
     return others;
 }
 
-class OtherReader {
-public:
-    explicit OtherReader(Product& product) : keys_(product) {}
+KeyPath pathOf(const Json& names, const std::string& place) {
+    KeyPath path;
+    for (const Json& name : arrayOf(names, place)) {
+        path.push_back(readName(name, place));
+        if (!isKeyName(path.back())) throw malformed(place, "this is no name of a key");
+    }
+    return path;
+}
 
-    void read(const Json& other, const std::string& place) {
+// The values of a key in their order: those that are not listed stay in front.
+Values reordered(const Values& there, const Json& values, const std::string& place) {
+    ValuesByName unlisted = byName(there);
+    Values listed;
+    for (const Json& value : arrayOf(values, place)) {
+        const std::string here = place + '/' + std::to_string(listed.size());
+        if (value.contains("name")) {
+            expectMembers(value, {"name", "value"}, here);
+            std::string name = readName(value["name"], here + "/name");
+            listed.push_back(readContent(std::move(name), memberOf(value, "value", here), here + "/value"));
+        } else {
+            const auto known = unlisted.extract(readName(value, here));
+            if (known.empty()) throw malformed(here, "no other member tells this value, or it stands twice");
+            listed.push_back(*known.mapped());
+        }
+    }
+    Values all;
+    std::copy_if(there.begin(), there.end(), std::back_inserter(all),
+                 [&](const StoredValue& value) { return unlisted.contains(value.name); });
+    std::move(listed.begin(), listed.end(), std::back_inserter(all));
+    return all;
+}
+
+void readOthers(const Json& others, Product& product) {
+    KeyMaker keys(product);
+    std::set<std::string> seen;
+    for (const Json& other : arrayOf(others, "/other")) {
+        const std::string place = "/other/" + std::to_string(seen.size());
         expectMembers(other, {"key", "values"}, place);
         const KeyPath path = pathOf(memberOf(other, "key", place), place + "/key");
-        if (!seen_.insert(foldedPath(path)).second) throw malformed(place + "/key", "this key stands twice");
-        StoredKey& key = keys_.at(path);
+        if (!seen.insert(foldedPath(path)).second) throw malformed(place + "/key", "this key stands twice");
+        StoredKey& key = keys.at(path);
         key.path = path;
-        if (other.contains("values")) putBehind(key, other["values"], place + "/values");
+        if (other.contains("values")) key.values = reordered(key.values, other["values"], place + "/values");
     }
-
-private:
-    static KeyPath pathOf(const Json& names, const std::string& place) {
-        KeyPath path;
-        for (const Json& name : arrayOf(names, place)) {
-            path.push_back(readName(name, place));
-            if (!isKeyName(path.back())) throw malformed(place, "this is no name of a key");
-        }
-        return path;
-    }
-
-    // Those that are not listed stay in front.
-    static void putBehind(StoredKey& key, const Json& values, const std::string& place) {
-        ValuesByName told = byName(key.values);
-        Values listed;
-        for (const Json& value : arrayOf(values, place)) {
-            const std::string here = place + '/' + std::to_string(listed.size());
-            if (value.contains("name")) {
-                expectMembers(value, {"name", "value"}, here);
-                std::string name = readName(value["name"], here + "/name");
-                listed.push_back(readContent(std::move(name), memberOf(value, "value", here), here + "/value"));
-            } else {
-                const auto known = told.extract(readName(value, here));
-                if (known.empty()) throw malformed(here, "no other member tells this value, or it stands twice");
-                listed.push_back(*known.mapped());
-            }
-        }
-        Values all;
-        std::copy_if(key.values.begin(), key.values.end(), std::back_inserter(all),
-                     [&](const StoredValue& value) { return told.contains(value.name); });
-        std::move(listed.begin(), listed.end(), std::back_inserter(all));
-        key.values = std::move(all);
-    }
-
-    KeyMaker keys_;
-    std::set<std::string> seen_;
-};
+}
 
 // ---- The whole ----
 
@@ -136,13 +132,7 @@ Product productOf(const Json& json) {
         json, {"$schema", "name", "key", "tree", "created", "options", "topics", "addedTopics", "smartFields", "other"},
         "");
     Product product = toldBy(json);
-    if (json.contains("other")) {
-        OtherReader reader(product);
-        std::size_t number = 0;
-        for (const Json& other : arrayOf(json["other"], "/other")) {
-            reader.read(other, "/other/" + std::to_string(number++));
-        }
-    }
+    if (json.contains("other")) readOthers(json["other"], product);
     refuseTwins(product);
     product.sortKeys();
     return product;
