@@ -6,7 +6,7 @@ set(files $<TARGET_FILE:VrixToolkit> $<TARGET_FILE:VrixToolkitTrial> $<TARGET_FI
 
 # A step of the MSI, in a library of its own, whose name Windows Installer finds without decoration.
 add_library(vrix_guard MODULE EXCLUDE_FROM_ALL packaging/guard.cpp)
-target_link_libraries(vrix_guard PRIVATE vrix_options msi)
+target_link_libraries(vrix_guard PRIVATE vrix_options vrix_checks msi)
 target_compile_options(vrix_guard PRIVATE -fno-exceptions)
 target_link_options(vrix_guard PRIVATE -s -Wl,--gc-sections -Wl,--kill-at -Wl,-Map=libvrix_guard.map)
 

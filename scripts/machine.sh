@@ -35,7 +35,22 @@ need() {
         fail "The packages could not be installed; build/logs/install.log says why. They are: ${missing[*]}"
 }
 
-# build PRESET LOG [CMAKE-OPTION ...] -- TARGET ...: configures and builds; false when either fails.
+# timed NAME COMMAND ...: runs it, and keeps how long that took for the summary.
+timed() {
+    local begin=$EPOCHREALTIME status=0
+    "${@:2}" || status=$?
+    LC_ALL=C awk -v begin="${begin/,/.}" -v end="${EPOCHREALTIME/,/.}" -v name="$1" \
+        'BEGIN { printf "%7.1f  %s\n", end - begin, name }' >>"$times"
+    return "$status"
+}
+
+# What took how long. Some of it ran beside other things.
+times=build/logs/times
+forget_times() { mkdir -p build/logs && : >"$times"; }
+say_times() { say "Seconds that it took, $SECONDS in all:" && cat "$times"; }
+
+# build PRESET LOG [CMAKE-OPTION ...] -- TARGET ...: configures and builds; false when either fails. It gives way to
+# whatever runs beside it.
 build() {
     local preset=$1 log=build/logs/$2 options=()
     shift 2
@@ -45,5 +60,5 @@ build() {
     done
     shift
     mkdir -p build/logs
-    { cmake --preset "$preset" "${options[@]}" && cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1
+    { cmake --preset "$preset" "${options[@]}" && nice cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1
 }

@@ -22,11 +22,12 @@ use_locale() {
     export LC_ALL=$1
 }
 
-# use_wine FOLDER: makes Wine's settings in the folder, anew if they are broken.
+# use_wine FOLDER [LIKE]: makes Wine's settings in the folder, anew if they are broken, as a copy if there are some.
 use_wine() {
     WINEPREFIX=$(realpath -m "$1")
     export WINEPREFIX
     local try
+    [ ! -f "${2:-}/ready" ] || [ -f "$WINEPREFIX/ready" ] || cp -a "$2" "$WINEPREFIX"
     for try in 1 2; do
         if [ -f "$WINEPREFIX/ready" ] && timeout 60 wine cmd /c exit >/dev/null 2>&1; then return 0; fi
         timeout 10 wineserver -k >/dev/null 2>&1 || true
@@ -48,9 +49,10 @@ use_wine_desktop() {
     wineserver -w
 }
 
-# Starts a display that nobody sees, and ends it and Wine with the script.
+# Starts a display that nobody sees, and ends it and Wine with the shell.
 start_display() {
     local pipe
+    trap end_wine EXIT
     pipe=$(mktemp -u)
     mkfifo "$pipe"
     Xvfb -displayfd 3 -screen 0 2560x1700x24 -nolisten tcp 3>"$pipe" >/dev/null 2>&1 </dev/null &
@@ -66,7 +68,6 @@ end_wine() {
     [ -z "${WINEPREFIX:-}" ] || timeout 20 wineserver -k >/dev/null 2>&1 || true
     [ -z "${display_process:-}" ] || kill "$display_process" 2>/dev/null || true
 }
-trap end_wine EXIT
 
 # forget_trial: removes the Trial program's store.
 forget_trial() { rm -rf "$WINEPREFIX"/drive_c/users/*/AppData/Local/'Vrix Toolkit Trial'; }

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/disk.h"
 #include "common/encoding.h"
+#include "platform/disk.h"
 #include "platform/registry.h"
 
 namespace vrix {

@@ -4,8 +4,7 @@ set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
 . tests/driven/registry.sh
-trap - EXIT
-out=build/driven/edit${words:+/$code_page}
+out=build/driven/edit-$code_page
 rm -rf "$out"
 mkdir -p "$out"
 empty_store

@@ -3,7 +3,6 @@
 set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
-trap - EXIT
 out=build/driven/keyboard
 rm -rf "$out"
 mkdir -p "$out"

@@ -4,7 +4,6 @@
 set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
-trap - EXIT
 out=$PWD/build/driven/packages
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
 width=x64 name='Vrix Toolkit'

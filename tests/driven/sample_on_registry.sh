@@ -6,8 +6,7 @@ set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
 . tests/driven/registry.sh
-trap - EXIT
-out=build/driven/registry${words:+/$code_page}
+out=build/driven/registry-$code_page
 rm -rf "$out"
 mkdir -p "$out/program"
 cp "build/$preset/VrixToolkit.exe" "$out/program"

@@ -4,7 +4,6 @@
 set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
-trap - EXIT
 without_time() { sed 's/"CreationDate"=".*"/"CreationDate"=""/' "$1"; }
 for hands in mouse keyboard; do
     out=build/driven/trial-$hands

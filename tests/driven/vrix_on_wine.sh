@@ -6,7 +6,6 @@ set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
 . tests/driven/registry.sh
-trap - EXIT
 out=build/driven/vrix
 rm -rf "$out" "$WINEPREFIX"/drive_c/users/*/AppData/Local/'Vrix Toolkit'*
 mkdir -p "$out"

@@ -3,6 +3,7 @@
 #include <winternl.h>
 
 #include <cstdlib>
+#include <iostream>
 #include <set>
 
 #include "common/code_page.h"
@@ -60,6 +61,7 @@ TEST_F(MachineRegistry, ConformsByNarrowAndWideCalls) {
 // Whatever the code page, and whatever other programs put beside: what the pages see of a store of UTF-8 is what the
 // narrow calls show of the machine's registry.
 TEST_F(MachineRegistry, ShowsThroughTheFaceWhatTheNarrowCallsShow) {
+    std::cout << "code page " << GetACP() << std::endl;
     for (unsigned seed = 0; seed < 10 && !HasFailure(); ++seed) {
         forget();
         Caller narrow(*bytes, "Vrix.T", utf8.get()), wide(face, "Vrix.U", utf8.get());

@@ -94,16 +94,17 @@ public:
 
     RegistryStatus queryValue(RegistryKey key, const std::string& name, ValueData& value) override {
         const Text& known = Calls::in(name);
+        std::string bytes(1'024, '\0');
         DWORD type = 0;
-        DWORD size = 0;
-        DWORD scratch = 0;
-        const auto query = [&](DWORD& found, void* room) {
-            return Calls::query(native(key), known.c_str(), nullptr, &found, static_cast<BYTE*>(room), &size);
+        auto size = static_cast<DWORD>(bytes.size());
+        const auto query = [&](DWORD& found) {
+            return Calls::query(native(key), known.c_str(), nullptr, &found, reinterpret_cast<BYTE*>(bytes.data()),
+                                &size);
         };
-        const LSTATUS code = query(type, &scratch);
+        const LSTATUS code = query(type);
         if (code != ERROR_SUCCESS && code != ERROR_MORE_DATA) return status(code);
-        std::string bytes(size, '\0');
-        if (DWORD again = 0; size > 0) query(again, bytes.data());
+        bytes.resize(size);
+        if (DWORD again = 0; code == ERROR_MORE_DATA && query(again) != ERROR_SUCCESS) bytes.assign(bytes.size(), '\0');
         value = {type, dataOf(type, bytes)};
         return RegistryStatus::success;
     }
