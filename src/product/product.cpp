@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "common/utf8.h"
+#include "store/option_table.h"
 #include "store/variant.h"
 
 namespace vrix {
@@ -147,6 +148,15 @@ StoredValue textValue(std::string_view name, std::string_view text) {
 bool isPlainText(const StoredValue& value) {
     if (value.data.empty() || value.data.find('\0') != value.data.size() - 1) return false;
     return value.type == (isExpandable(value.data) ? valuetype::expandString : valuetype::string);
+}
+
+Values optionsOf(const Product& product) {
+    Values options;
+    for (const OptionRow& option : optionTable()) {
+        const StoredValue* value = findValue(product.values(part::options), option.name);
+        if (value != nullptr) options.push_back(*value);
+    }
+    return options;
 }
 
 // ---- Dates ----

@@ -118,6 +118,9 @@ StoredValue textValue(std::string_view name, std::string_view text);
 // Whether the Toolkit would write the value so, which then is nothing but its text.
 bool isPlainText(const StoredValue& value);
 
+// The options that the Product has, in the order in which a new one gets them.
+Values optionsOf(const Product& product);
+
 // The name of the value in the root that holds the date of creation in that tree. A merged settings file leaves the
 // other tree's name, so a Product may have either or both.
 std::string_view creationDateName(Tree tree);

@@ -1,5 +1,4 @@
 #include "product/dependency_names.h"
-#include "store/option_table.h"
 #include "vrix/commands.h"
 #include "vrix/products.h"
 
@@ -38,9 +37,8 @@ namespace {
 
 std::vector<Lines> optionRows(const Product& product) {
     std::vector<Lines> rows;
-    for (const OptionRow& option : optionTable()) {
-        const StoredValue* value = findValue(product.values(part::options), option.name);
-        if (value != nullptr && !textOf(*value).empty()) rows.push_back({"  " + option.name, textOf(*value)});
+    for (const StoredValue& option : optionsOf(product)) {
+        if (!textOf(option).empty()) rows.push_back({"  " + option.name, textOf(option)});
     }
     return rows;
 }
