@@ -101,4 +101,11 @@ inline std::string applied(const Product& product) {
     return listing(store.read(product.id));
 }
 
+// The file that the hub of the Toolkit writes; none if that ends the program.
+inline std::string exported(const std::shared_ptr<EmbeddedRegistry>& store) {
+    Walk walk(store);
+    walk.start().editProduct().user.press("ExportSettingsBtn").type("SettingsPath", walk.path("out")).press("NextBtn");
+    return walk.windows.ended ? "" : walk.file("out");
+}
+
 }  // namespace vrix

@@ -1,95 +1,13 @@
 #include "vrix/vrix.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
+#include <random>
 
-#include "backup/backed_up_registry.h"
-#include "common/code_page.h"
-#include "expected.h"
-#include "makers/embedded/embedded_registry.h"
-#include "registry_suite.h"
-#include "stubs.h"
-#include "test_encoding.h"
+#include "common/utf8.h"
+#include "test_system.h"
 
 namespace vrix {
-namespace {
-
-// A system with a registry in memory, and a folder of its own with files to work in and local data.
-class TestSystem final : public Console, public Machine {
-public:
-    TestSystem() {
-        for (const char* name : {"files", "data"}) std::filesystem::create_directory(temporary.folder / name);
-        std::filesystem::current_path(temporary.folder / "files");
-        writeBytes("sample.kls", bytesOf(VRIX_EXPECTED "/sample.kls"));
-    }
-    ~TestSystem() override { std::filesystem::current_path(temporary.folder.parent_path()); }
-    TestSystem(const TestSystem&) = delete;
-    TestSystem& operator=(const TestSystem&) = delete;
-
-    bool isAttended() override { return !answer.empty(); }
-    std::string readLine() override { return answer; }
-    std::string readAll() override { return input; }
-    void write(const std::string& text) override { out += text; }
-    void writeError(const std::string& text) override { err += text; }
-    bool flush() override { return takesOutput; }
-    std::unique_ptr<Registry> registry(RegistryView view) override {
-        if (!hasRegistry) return nullptr;
-        return std::make_unique<BackedUpRegistry>(view == RegistryView::bits32 ? narrow : wide, nullptr);
-    }
-    RegistryView ownView() override { return RegistryView::bits64; }
-    unsigned codePage() override { return 1252; }
-    std::unique_ptr<Encoding> encoding(unsigned number) override { return testEncoding(number); }
-    Disk& disk() override { return disk_; }
-    std::string localDataFolder(const std::string& name) override {
-        const std::string folder = temporary.path("data") + '/' + name;
-        if (hasLocalData) disk_.makeFolder(folder);
-        return folder + '/';
-    }
-    std::time_t now() override { return time++; }
-
-    // Runs a command and gives its exit code and all that it printed.
-    std::string run(const std::vector<std::string>& arguments) {
-        out = err = "";
-        const int code = runVrix(arguments, *this, *this);
-        return std::to_string(code) + '|' + out + err;
-    }
-    std::string tree() { return listing(wide, hive::localMachine); }
-
-    StubRegistry wide;
-    StubRegistry narrow;
-    std::string answer, input, out, err;
-    bool hasRegistry = true;
-    bool takesOutput = true;
-    bool hasLocalData = true;
-    std::time_t time = 1'800'000'000;
-    TemporaryFolder temporary;
-    StubDisk disk_;
-};
-
-class Vrix : public testing::Test {
-protected:
-    void SetUp() override {
-        static const auto utf8 = testEncoding(65001);
-        useCodePage(65001, *utf8);
-    }
-    void TearDown() override { useCodePage(1252, westernEncoding()); }
-    std::string run(const std::vector<std::string>& arguments) { return host.run(arguments); }
-    // The code alone.
-    char code(const std::vector<std::string>& arguments) { return run(arguments)[0]; }
-    void write(const std::string& name, const std::string& text,
-               const std::string& section = "Toolkit\\SampleKey\\Options") {
-        ASSERT_TRUE(host.wide.replay(
-            Change(Change::Kind::setValue, "Software\\Vrix\\" + section, name, valuetype::string, text + '\0')));
-    }
-    std::string latest() {
-        run({"backups", "--json"});
-        return nlohmann::json::parse(host.out).at(0).at("file");
-    }
-
-    TestSystem host;
-};
-
-}  // namespace
-
 TEST_F(Vrix, BringsAProductBackFromEachFormThatItWasKeptIn) {
     EXPECT_EQ(code({"apply", "sample.kls"}), '0');
     const std::string whole = host.tree();
@@ -149,7 +67,7 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
              {{"restore", "none"}, '3', "no backup \"none\""},
              {{"export", "X", "full/x.kls"}, '4', "full/x.kls"},
              {{"--code-page", "7", "apply", "sample.kls"}, '2', "no code page 7"},
-             {{"--store", "no\xE9UTF-8", "list"}, '3', "no\xE9UTF-8"},
+             {{"--store", "no\xE9UTF-8", "list"}, '3', "no\\xe9UTF-8"},
              {{"--store", "no\xE9UTF-8", "dsc", "export"}, '3', "no\xEF\xBF\xBDUTF-8"},
              {{"dsc", "get", "--input", "{\"key\":\"X\",\"file\":\"\xE6\x97\xA5\"}"},
               '3',
@@ -261,6 +179,73 @@ TEST_F(Vrix, KeepsTextsThatTheCodePageLacks) {
     EXPECT_EQ(code({"list"}), '4');
 }
 
+TEST_F(Vrix, PrintsLinesOfWholeCharactersWhateverTheStoreHolds) {
+    std::mt19937 random(18);
+    const auto text = [&] {
+        std::string bytes = random() % 2 == 0 ? "\xED\xB0\x80" : "";
+        for (int i = 0; i < 6; ++i) bytes += static_cast<char>(1 + random() % 255);
+        std::erase(bytes, '\\');
+        return bytes;
+    };
+    EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    std::vector<std::string> keys;
+    for (int i = 0; i < 30; ++i) {
+        keys.push_back(text() + std::to_string(i));
+        write("N" + keys.back(), keys.back(), "Toolkit\\Products");
+        for (const char* section : {"", "\\Options", "\\Topics", "\\Dependencies\\Matrix", "\\SmartFields"}) {
+            const std::string path = "Toolkit\\" + keys.back() + section;
+            ASSERT_TRUE(host.wide.replay(Change(Change::Kind::makeKey, "Software\\Vrix\\" + path)));
+            write(text(), text(), path);
+            write("SmartField1", text(), path);
+        }
+    }
+    EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    run({"list"});
+    EXPECT_EQ(std::count(host.out.begin(), host.out.end(), '\n'), 32);
+    for (const std::vector<std::string>& command : {std::vector<std::string>{"list"},
+                                                    {"show", keys[1]},
+                                                    {"check"},
+                                                    {"compare", keys[2], "sample.kls"},
+                                                    {"export", "--all", "out", "--format", "json"},
+                                                    {"show", text()},
+                                                    {"remove", keys[3], "--yes"},
+                                                    {"remove", keys[4]},
+                                                    {"backups"},
+                                                    {"restore", "latest", "--dry-run"},
+                                                    {"restore", "latest"}}) {
+        for (const bool isJson : {false, true}) {
+            std::vector<std::string> arguments = command;
+            if (isJson) arguments.emplace_back("--json");
+            run(arguments);
+            EXPECT_TRUE(isWhole(host.out + host.err)) << command[0] << host.out << host.err;
+            EXPECT_EQ((host.out + host.err).find_first_of(isJson ? "\r\x1b" : "\r\x1b\x7f"), std::string::npos)
+                << command[0];
+            EXPECT_TRUE(!isJson || host.out.empty() || nlohmann::json::accept(host.out)) << command[0] << host.out;
+        }
+    }
+    run({"dsc", "export"});
+    EXPECT_TRUE(isWhole(host.out) && host.err.empty()) << host.err;
+    write("a\xED\xA0\x80\x1b\n\xff\xC2\x9B", "");
+    EXPECT_NE(run({"check", "SampleKey"}).find(R"(a\ud800\x1b\n\xff\u009b)"), std::string::npos) << host.out;
+}
+
+TEST_F(Vrix, TellsHowManyValuesNoCallCanReach) {
+    EXPECT_EQ(code({"apply", "sample.kls", "--no-backup"}), '0');
+    EXPECT_EQ(run({"backups"}), "0|There are no backups.\n");
+    host.isOdd = true;
+    write("AllowNoTOC", "1");
+    EXPECT_EQ(code({"apply", "sample.kls"}), '0');
+    EXPECT_NE(run({"backups"}).find("No backup holds what no call can reach: 1 value of the store.\n"),
+              std::string::npos);
+    run({"backups", "--json"});
+    EXPECT_EQ(nlohmann::json::parse(host.out).at(0).at("unreachable"), 1);
+    EXPECT_NE(run({"check"}).find("unreachable-value: Toolkit\\SampleKey\\Options [1]"), std::string::npos) << host.out;
+    EXPECT_NE(run({"remove", "SampleKey", "--dry-run"}).find("what no call can reach: 1 value.\n"), std::string::npos);
+    run({"remove", "SampleKey", "--yes", "--json"});
+    EXPECT_EQ(nlohmann::json::parse(host.out).at("unreachable"), 1);
+    EXPECT_EQ(run({"restore", "latest", "--json"}).find("unreachable"), std::string::npos);
+}
+
 TEST_F(Vrix, IsAResourceOfDsc) {
     EXPECT_EQ(run({"dsc", "get", "--input", "{\"key\":\"X\"}"}),
               "0|{\"key\":\"X\",\"tree\":\"toolkit\",\"_exist\":false}\n");
@@ -280,7 +265,9 @@ TEST_F(Vrix, IsAResourceOfDsc) {
     EXPECT_EQ(run({"dsc", "export"}), "0|");
     host.input = "{\"key\":\"X\",\"file\":\"sample.kls\"}";
     EXPECT_EQ(run({"dsc", "get"}),
-              "5|{\"error\":\"the instance tells another Product than sample.kls, or more than its key.\"}\n");
+              "5|{\"error\":\"the instance: it tells another Product than sample.kls, or more than its key.\"}\n");
+    host.input = "{\"key\":\"X\",\"key\":\"Y\"}";
+    EXPECT_EQ(run({"dsc", "get"}), "5|{\"error\":\"the instance: the member \\\"key\\\" stands twice.\"}\n");
 }
 
 TEST_F(Vrix, HelpAndSchemasAreAsWritten) {

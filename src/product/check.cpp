@@ -9,7 +9,7 @@
 #include "common/runtime_failure.h"
 #include "common/utf8.h"
 #include "product/compare.h"
-#include "product/view.h"
+#include "product/dependency_names.h"
 #include "store/option_table.h"
 #include "store/settings_file.h"
 #include "store/variant.h"
@@ -68,7 +68,10 @@ public:
     }
 
 private:
-    void addAt(std::string_view name, const KeyPath& path, const std::string& value, std::string detail = {}) {
+    void addAt(std::string_view name, const KeyPath& path, std::string detail = {}) {
+        add(findings_, name, placeOf(product_.id, path), std::move(detail));
+    }
+    void addOf(std::string_view name, const KeyPath& path, const std::string& value, std::string detail = {}) {
         add(findings_, name, placeOf(product_.id, path) + '\\' + value, std::move(detail));
     }
 
@@ -83,9 +86,9 @@ private:
             const std::string text = value == nullptr ? "" : textOf(*value);
             constexpr std::size_t lastPosition = 4;
             if (text.empty()) {
-                addAt("missing-option", part::options, option.name);
+                addOf("missing-option", part::options, option.name);
             } else if (!isNumberFrom0(text, option.kind == OptionKind::flag ? 1 : lastPosition)) {
-                addAt("odd-option", part::options, option.name, shown(*value));
+                addOf("odd-option", part::options, option.name, shown(*value));
             }
         }
     }
@@ -94,22 +97,22 @@ private:
         for (const KeyPath& path : {part::topics, part::addedTopics}) {
             for (const StoredValue& topic : product_.values(path)) nameTopic(path, topic.name);
         }
-        if (product_.values(part::topics).empty()) add(findings_, "no-topics", placeOf(product_.id, part::topics));
+        if (product_.values(part::topics).empty()) addAt("no-topics", part::topics);
         for (const StoredValue& index : product_.values(part::indexTable)) checkIndex(index);
         for (const StoredValue& row : product_.values(part::matrix)) checkRow(row);
         for (const auto& [name, topic] : topics_) {
-            if (topic.index.empty()) addAt("topic-without-index", topic.path, topic.name);
+            if (topic.index.empty()) addOf("topic-without-index", topic.path, topic.name);
             if (topic.index.empty() || rows_.contains(topic.index)) continue;
-            addAt("topic-without-row", topic.path, topic.name);
+            addOf("topic-without-row", topic.path, topic.name);
         }
         if (topics_.size() == 1 && product_.values(part::matrix).size() > 1) {
-            add(findings_, "one-topic-left", placeOf(product_.id, part::matrix));
+            addAt("one-topic-left", part::matrix);
         }
     }
 
     void nameTopic(const KeyPath& path, const std::string& name) {
         const auto [topic, isNew] = topics_.emplace(foldedName(name), Topic{name, path, {}});
-        if (!isNew) addAt("added-elsewhere", path, name, topic->second.name);
+        if (!isNew) addOf("added-elsewhere", path, name, topic->second.name);
     }
 
     void checkIndex(const StoredValue& index) {
@@ -118,18 +121,18 @@ private:
         if (topic != topics_.end()) {
             topic->second.index = textOf(index);
         } else if (!index.name.empty()) {
-            addAt("index-without-topic", part::indexTable, index.name, textOf(index));
+            addOf("index-without-topic", part::indexTable, index.name, textOf(index));
         }
     }
 
     void checkRow(const StoredValue& row) {
         rows_.insert(row.name);
         if (!isDigits(row.name) || !isNumberFrom0(row.name, topics_.size())) {
-            if (!row.name.empty()) addAt("row-beyond-topics", part::matrix, row.name);
+            if (!row.name.empty()) addOf("row-beyond-topics", part::matrix, row.name);
         }
         for (const std::string& number : numbersOf(textOf(row))) {
             if (indexes_.contains(number) && number != row.name) continue;
-            addAt("unknown-dependency", part::matrix, row.name, textOf(row));
+            addOf("unknown-dependency", part::matrix, row.name, textOf(row));
             break;
         }
     }
@@ -139,17 +142,17 @@ private:
     void checkKey(const StoredKey& key) {
         const bool isParent = samePath(key.path, {"Dependencies"}) || samePath(key.path, {"Toolkit"});
         const bool isKnown = groupOf(key.path) != Group::other || key.path.empty() || isParent;
-        if (!isKnown) add(findings_, "unknown-value", placeOf(product_.id, key.path));
-        if (key.values.size() > mostRows) add(findings_, "too-many-rows", placeOf(product_.id, key.path));
-        if (key.unreachable > 0) add(findings_, "unreachable-value", placeOf(product_.id, key.path));
-        if (!isWhole(joined(key.path))) add(findings_, "half-character", placeOf(product_.id, key.path));
+        if (!isKnown) addAt("unknown-value", key.path);
+        if (key.values.size() > mostRows) addAt("too-many-rows", key.path);
+        if (key.unreachable > 0) addAt("unreachable-value", key.path, std::to_string(key.unreachable));
+        if (!isWhole(joined(key.path))) addAt("half-character", key.path);
         for (const StoredValue& value : key.values) {
             const bool isListed = groupOf(key.path) != Group::other;
             if (value.name.empty() && isListed) {
                 const bool isLast = key.values.size() > 1 && &value == &key.values.back();
-                addAt(isLast ? "unnamed-value-behind" : "unnamed-value", key.path, value.name);
+                addOf(isLast ? "unnamed-value-behind" : "unnamed-value", key.path, value.name);
             }
-            if (isKnown && !isKnownValue(key.path, value.name)) addAt("unknown-value", key.path, value.name);
+            if (isKnown && !isKnownValue(key.path, value.name)) addOf("unknown-value", key.path, value.name);
             checkValue(key.path, value);
         }
     }

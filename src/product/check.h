@@ -17,14 +17,14 @@ const char* severityName(Severity severity);
 
 // A kind of finding.
 struct FindingKind {
-    std::string_view name;  // short and stable, such as "missing-option"
+    const char* name;  // short and stable, such as "missing-option"
     Severity severity;
-    std::string_view what;     // one sentence: what is wrong
-    std::string_view advice;   // one sentence: what to do
-    std::string_view explain;  // a paragraph: why it matters
+    const char* what;     // one sentence: what is wrong
+    const char* advice;   // one sentence: what to do
+    const char* explain;  // a paragraph: why it matters
 };
 
-// All kinds, by name.
+// All kinds.
 std::span<const FindingKind> findingKinds();
 // The kind of that name, or null.
 const FindingKind* findFindingKind(std::string_view name);

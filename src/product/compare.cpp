@@ -5,7 +5,7 @@
 #include <iterator>
 #include <unordered_map>
 
-#include "product/view.h"
+#include "product/dependency_names.h"
 
 namespace vrix {
 
@@ -24,12 +24,6 @@ constexpr const char* typeNames[] = {"REG_NONE",
                                      "REG_RESOURCE_REQUIREMENTS_LIST",
                                      "REG_QWORD"};
 
-std::string commaSeparated(const std::vector<std::string>& texts) {
-    std::string list;
-    for (const std::string& text : texts) list += (list.empty() ? "" : ", ") + text;
-    return list;
-}
-
 // One side of the comparison.
 struct Side {
     explicit Side(const Product& whole) : product(whole), keys(keysByPath(whole)), dependencies(whole) {}
@@ -45,7 +39,7 @@ struct Side {
     }
     std::string told(const KeyPath& path, const StoredValue& value) const {
         if (!samePath(path, part::matrix) || textOf(value).empty()) return shown(value);
-        return shown(value) + " (" + commaSeparated(dependencies.named(textOf(value))) + ")";
+        return shown(value) + " (" + joined(dependencies.named(textOf(value)), ", ") + ")";
     }
 
     const Product& product;
@@ -103,7 +97,7 @@ private:
         }
         if (orderCounts(path) && common != commonOnTheRight) {
             found_.push_back({groupOf(path), samePath(path, part::indexTable) ? "order of the indexes" : "order",
-                              commaSeparated(common), commaSeparated(commonOnTheRight)});
+                              joined(common, ", "), joined(commonOnTheRight, ", ")});
         }
     }
 

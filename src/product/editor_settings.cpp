@@ -10,7 +10,7 @@ namespace {
 struct Section {
     std::size_t index;
     KeyPath path;
-    GrowingKey values{};
+    Values values{};
 };
 
 std::string_view trimmed(std::string_view text) {
@@ -29,6 +29,7 @@ public:
             throw malformed("", "the file does not end with an empty line: it may be cut off");
         }
         for (at_ = 1; at_ < lines_.size(); ++at_) readLine(lines_[at_]);
+        for (Section& section : sections_) section.values = merged(std::move(section.values));
         return productOf();
     }
 
@@ -46,7 +47,7 @@ private:
             section_ = known->second;
         } else if (line.starts_with('"') || line.starts_with('@')) {
             if (sections_.empty()) refuse("the value stands in no section");
-            sections_[section_].values.put(storable(readValue(line)));
+            sections_[section_].values.push_back(storable(readValue(line)));
         } else {
             refuse("this is neither a section nor a value");
         }
@@ -148,8 +149,8 @@ private:
         const KeyPath root = rootPath(product.id);
         for (Section& section : sections_) {
             if (isWithin(section.path, root)) {
-                keys.at(belowRoot(section.path, root)).values = section.values.take();
-            } else if (!isList(section) && !(isWithin(root, section.path) && section.values.values().empty())) {
+                keys.at(belowRoot(section.path, root)).values = std::move(section.values);
+            } else if (!treeOfList(section.path) && !(isWithin(root, section.path) && section.values.empty())) {
                 refuseLine(section.index, "the key is not that of the file's one Product");
             }
         }
@@ -158,16 +159,11 @@ private:
         return product;
     }
 
-    static bool isList(const Section& section) {
-        return samePath(section.path, listPath(Tree::installed)) || samePath(section.path, listPath(Tree::toolkit));
-    }
-
     // By the one row of a list, or by the first key that may be a Product's.
     ProductId identity() const {
         std::optional<ProductId> id;
-        for (const Tree tree : {Tree::installed, Tree::toolkit}) {
-            const auto list = places_.find(foldedPath(listPath(tree)));
-            if (list != places_.end()) readList(sections_[list->second], tree, id);
+        for (const Section& section : sections_) {
+            if (const auto tree = treeOfList(section.path)) readList(section, *tree, id);
         }
         for (std::size_t i = 0; i < sections_.size() && !id; ++i) id = rootOf(sections_[i]);
         if (!id) throw malformed("", "the file names no Product");
@@ -176,7 +172,7 @@ private:
     }
 
     static void readList(const Section& list, Tree tree, std::optional<ProductId>& id) {
-        for (const StoredValue& row : list.values.values()) {
+        for (const StoredValue& row : list.values) {
             if (id) refuseLine(list.index, "there is more than one Product in the lists");
             if (!valuetype::isText(row.type) || row.name.empty())
                 refuseLine(list.index, "the row of the list is no text");
@@ -186,7 +182,7 @@ private:
 
     static std::optional<ProductId> rootOf(const Section& section) {
         KeyPath path = section.path;
-        if (isList(section) || path.empty() || samePath(path, {"Toolkit"})) return std::nullopt;
+        if (treeOfList(path) || path.empty() || samePath(path, {"Toolkit"})) return std::nullopt;
         const Tree tree = sameName(path[0], "Toolkit") ? Tree::toolkit : Tree::installed;
         if (tree == Tree::toolkit) path.erase(path.begin());
         return ProductId{tree, "", joined(path)};

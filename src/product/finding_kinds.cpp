@@ -9,7 +9,6 @@ namespace {
 
 using enum Severity;
 
-// By name.
 constexpr std::array kinds{
     FindingKind{
         "added-elsewhere", note, "A Topic stands in both lists.", "Rename one of the two in the Toolkit.",
@@ -134,19 +133,13 @@ constexpr std::array kinds{
                 "Toolkit, files and backups pass over it. It goes with its key."},
 };
 
-constexpr bool isSorted() {
-    return std::is_sorted(kinds.begin(), kinds.end(),
-                          [](const FindingKind& a, const FindingKind& b) { return a.name < b.name; });
-}
-static_assert(isSorted());
-
 }  // namespace
 
 std::span<const FindingKind> findingKinds() { return kinds; }
 
 const FindingKind* findFindingKind(std::string_view name) {
     const auto found =
-        std::find_if(kinds.begin(), kinds.end(), [&](const FindingKind& kind) { return kind.name == name; });
+        std::find_if(kinds.begin(), kinds.end(), [&](const FindingKind& kind) { return name == kind.name; });
     return found == kinds.end() ? nullptr : &*found;
 }
 

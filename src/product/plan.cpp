@@ -1,9 +1,7 @@
 #include "product/plan.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
-#include <set>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -50,10 +48,10 @@ std::string nameOf(const ProductId& id, const Values& rows) {
 
 // Rows that must go do so before one is set: a row that differs in case alone would be found under both names.
 void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unnamed unnamed) {
-    const SharedPath path = listPath(id.tree);
+    const KeyPath path = listPath(id.tree);
     const Values rows = store.values(path);
     const std::string name = nameOf(id, rows);
-    std::shared_ptr<const StoredValue> before;
+    std::optional<StoredValue> before;
     for (const StoredValue& row : rows) {
         const bool same = sameName(row.name, name);
         const bool ours = leadsTo(row, id.key);
@@ -61,7 +59,7 @@ void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unname
             refuse("the name \"" + name + "\" belongs to the Product with the key " + textOf(row));
         }
         if (row.name == name) {
-            before = std::make_shared<StoredValue>(row);
+            before = row;
         } else if (same || (ours && unnamed == Unnamed::removed)) {
             plan.push_back({Kind::removeValue, path, row});
         }
@@ -73,61 +71,35 @@ void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unname
 
 // ---- Values ----
 
-// The changes of one key.
-class KeyPlan {
-public:
-    KeyPlan(Plan& plan, SharedPath path, Values& wanted, const Values& there)
-        : plan_(plan), path_(std::move(path)), wanted_(wanted), there_(there), isThere_(byName(there)) {}
-
-    void removeUnwanted(Unnamed unnamed) {
-        if (there_.empty()) return;
-        const ValuesByName isWanted = byName(wanted_);
-        std::set<std::string> wantedInAnyCase;
-        for (const StoredValue& value : wanted_) wantedInAnyCase.insert(foldedName(value.name));
-        for (const StoredValue& value : there_) {
-            const bool stays = unnamed == Unnamed::kept && !wantedInAnyCase.contains(foldedName(value.name));
-            if (isWanted.contains(value.name)) {
-                kept_.push_back(value.name);
-            } else if (!stays) {
-                remove(value);
-            }
+// The changes that make a key's values the wanted ones. With `inOrder` those of a list: a value takes its place by
+// being set behind the others, so from the first wrong place on all are set again.
+void planValues(Plan& plan, const KeyPath& path, Values wanted, const Values& there, Unnamed unnamed, bool inOrder) {
+    const ValuesByName isThere = byName(there);
+    const ValuesByName isWanted = byName(wanted);
+    std::unordered_set<std::string> wantedInAnyCase;
+    for (const StoredValue& value : wanted) wantedInAnyCase.insert(foldedName(value.name));
+    std::vector<std::string_view> kept;  // wanted and there, in the order of the store
+    for (const StoredValue& value : there) {
+        if (isWanted.contains(value.name)) {
+            kept.push_back(value.name);
+        } else if (unnamed == Unnamed::removed || wantedInAnyCase.contains(foldedName(value.name))) {
+            plan.push_back({Kind::removeValue, path, value});
         }
     }
-
-    void setMissing() {
-        for (StoredValue& value : wanted_) set(value);
-    }
-
-    // A value takes its place by being set behind the others, so from the first wrong place on all are set again.
-    void setInOrder() {
-        std::size_t place = 0;
-        for (; place < kept_.size() && kept_[place] == wanted_[place].name; ++place) set(wanted_[place]);
-        for (; place < wanted_.size(); ++place) {
-            StoredValue& value = wanted_[place];
-            const auto there = isThere_.find(value.name);
-            if (there != isThere_.end()) remove(*there->second);
-            plan_.push_back({Kind::setValue, path_, std::move(value)});
+    bool isInPlace = true;
+    for (std::size_t place = 0; place < wanted.size(); ++place) {
+        StoredValue& value = wanted[place];
+        isInPlace = isInPlace && (!inOrder || (place < kept.size() && kept[place] == value.name));
+        const auto found = isThere.find(value.name);
+        const StoredValue* before = found == isThere.end() ? nullptr : found->second;
+        if (before != nullptr && isInPlace) {
+            if (!(*before == value)) plan.push_back({Kind::setValue, path, std::move(value), *before});
+            continue;
         }
+        if (before != nullptr) plan.push_back({Kind::removeValue, path, *before});
+        plan.push_back({Kind::setValue, path, std::move(value)});
     }
-
-private:
-    void remove(const StoredValue& value) { plan_.push_back({Kind::removeValue, path_, value}); }
-    void set(StoredValue& value) {
-        const auto there = isThere_.find(value.name);
-        if (there == isThere_.end()) {
-            plan_.push_back({Kind::setValue, path_, std::move(value)});
-        } else if (!(*there->second == value)) {
-            plan_.push_back({Kind::setValue, path_, std::move(value), std::make_shared<StoredValue>(*there->second)});
-        }
-    }
-
-    Plan& plan_;
-    SharedPath path_;
-    Values& wanted_;  // each goes into the plan
-    const Values& there_;
-    ValuesByName isThere_;
-    std::vector<std::string> kept_;  // the names that are wanted and there, in the order of the store
-};
+}
 
 // The store's dates of creation stay. Without any, the given ones come.
 void settleDates(StoredKey& wanted, Values& there) {
@@ -139,15 +111,9 @@ void settleDates(StoredKey& wanted, Values& there) {
 void planKey(Plan& plan, const Product& stored, const StoredKey* found, StoredKey& wanted, Unnamed unnamed) {
     Values there = found == nullptr ? Values() : found->values;
     if (wanted.path == part::root) settleDates(wanted, there);
-    const SharedPath path = joinedPaths(rootPath(stored.id), wanted.path);
+    const KeyPath path = joinedPaths(rootPath(stored.id), wanted.path);
     if (stored.keys.empty() && wanted.values.empty()) plan.push_back({Kind::makeKey, path});
-    KeyPlan changes(plan, path, wanted.values, there);
-    changes.removeUnwanted(unnamed);
-    if (orderCounts(wanted.path)) {
-        changes.setInOrder();
-    } else {
-        changes.setMissing();
-    }
+    planValues(plan, path, std::move(wanted.values), there, unnamed, orderCounts(wanted.path));
 }
 
 // ---- Keys that go ----
@@ -191,9 +157,6 @@ void addSettings(Plan& plan, const ProductStore& store, Product wanted, Unnamed 
     wanted.at(part::root);
     wanted.sortKeys();
     if (unnamed == Unnamed::removed) planKeysToGo(plan, wanted.id, unwantedKeys(stored, wanted));
-    std::size_t most = plan.size();
-    for (const StoredKey& key : wanted.keys) most += key.values.size();
-    plan.reserve(most);
     const auto there = keysByPath(stored);
     for (StoredKey& key : wanted.keys) {
         const auto found = there.find(foldedPath(key.path));
@@ -215,11 +178,8 @@ Plan planApply(const ProductStore& store, Product product, Unnamed unnamed) {
 Plan planLists(const ProductStore& store, const ProductStore& wanted, Unnamed unnamed) {
     Plan plan;
     for (const Tree tree : {Tree::installed, Tree::toolkit}) {
-        Values rows = wanted.values(listPath(tree));
-        const Values there = store.values(listPath(tree));
-        KeyPlan changes(plan, listPath(tree), rows, there);
-        changes.removeUnwanted(unnamed);
-        changes.setInOrder();
+        const KeyPath path = listPath(tree);
+        planValues(plan, path, wanted.values(path), store.values(path), unnamed, true);
     }
     return plan;
 }
@@ -239,7 +199,7 @@ Plan planRemoval(const ProductStore& store, const ProductId& id) {
         for (const StoredKey& key : store.read(id).keys) paths.push_back(key.path);
         planKeysToGo(plan, id, paths);
     }
-    const SharedPath list = listPath(id.tree);
+    const KeyPath list = listPath(id.tree);
     for (const StoredValue& row : store.values(list)) {
         if (leadsTo(row, id.key) && (hasKey || sameName(row.name, id.name))) {
             plan.push_back({Kind::removeValue, list, row});
@@ -275,7 +235,7 @@ private:
         return registry_.setValue(open_->key, value.name, value.type, value.data);
     }
 
-    RegistryStatus goTo(const SharedPath& path, bool make) {
+    RegistryStatus goTo(const KeyPath& path, bool make) {
         if (open_ && path == path_) return RegistryStatus::success;
         open_.emplace(registry_);
         path_ = path;
@@ -292,24 +252,19 @@ private:
     }
 
     Registry& registry_;
-    SharedPath path_ = KeyPath();
+    KeyPath path_;
     std::optional<OpenKey> open_;
 };
 
 }  // namespace
 
-void perform(Registry& registry, const Plan& plan, std::size_t& made) {
+void perform(Registry& registry, const Plan& plan, std::size_t* made) {
     Writer writer(registry);
-    for (made = 0; made < plan.size(); ++made) {
-        const StoreChange& change = plan[made];
+    for (const StoreChange& change : plan) {
         const RegistryStatus status = writer.make(change);
         if (status != RegistryStatus::success) refuse(refusalText(change.path, status));
+        if (made != nullptr) ++*made;
     }
-}
-
-void perform(Registry& registry, const Plan& plan) {
-    std::size_t made = 0;
-    perform(registry, plan, made);
 }
 
 }  // namespace vrix

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
+#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "product/product.h"
@@ -11,26 +10,14 @@
 
 namespace vrix {
 
-// The path of a key, shared by all changes of it.
-class SharedPath {
-public:
-    SharedPath(KeyPath path) : path_(std::make_shared<const KeyPath>(std::move(path))) {}
-    operator const KeyPath&() const { return *path_; }
-    bool operator==(const SharedPath& other) const { return path_ == other.path_ || *path_ == *other.path_; }
-
-private:
-    std::shared_ptr<const KeyPath> path_;
-};
-
 // One change of the store. `path` counts from the family key.
 struct StoreChange {
     enum class Kind { makeKey, setValue, removeValue, removeKey };
 
     Kind kind;
-    SharedPath path;
-    StoredValue value{};  // to set or to remove
-    // Of a value to set: what stands there now. Null where nothing does.
-    std::shared_ptr<const StoredValue> before{};
+    KeyPath path;
+    StoredValue value{};                  // to set or to remove
+    std::optional<StoredValue> before{};  // of a value to set: what stands there now
 };
 
 // The changes in the order in which they are made: rows of the list, keys that go, values. Cut off anywhere, they leave
@@ -59,9 +46,8 @@ Plan planSettings(const ProductStore& store, Product product, Unnamed unnamed);
 // where there is neither.
 Plan planRemoval(const ProductStore& store, const ProductId& id);
 
-// Makes the changes one after the other and counts in `made` those that are made. Throws Refusal (refused) at the first
+// Makes the changes one after the other and adds to `made` those that are made. Throws Refusal (refused) at the first
 // that the registry refuses; those before it stay made.
-void perform(Registry& registry, const Plan& plan, std::size_t& made);
-void perform(Registry& registry, const Plan& plan);
+void perform(Registry& registry, const Plan& plan, std::size_t* made = nullptr);
 
 }  // namespace vrix

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "common/utf8.h"
+#include "store/option_table.h"
 #include "store/variant.h"
 
 namespace vrix {
@@ -149,6 +150,15 @@ bool isPlainText(const StoredValue& value) {
     return value.type == (isExpandable(value.data) ? valuetype::expandString : valuetype::string);
 }
 
+Values optionsOf(const Product& product) {
+    Values options;
+    for (const OptionRow& option : optionTable()) {
+        const StoredValue* value = findValue(product.values(part::options), option.name);
+        if (value != nullptr) options.push_back(*value);
+    }
+    return options;
+}
+
 // ---- Dates ----
 
 std::string_view creationDateName(Tree tree) { return tree == Tree::toolkit ? "Creation Date" : "CreationDate"; }
@@ -175,10 +185,10 @@ KeyPath rootPath(const ProductId& id) {
     return joinedPaths(id.tree == Tree::toolkit ? KeyPath{"Toolkit"} : KeyPath{}, partsOf(id.key));
 }
 
-std::string joined(const KeyPath& path) {
-    std::string text;
-    for (const std::string& name : path) text += (text.empty() ? "" : "\\") + name;
-    return text;
+std::string joined(const std::vector<std::string>& texts, std::string_view between) {
+    std::string all;
+    for (const std::string& text : texts) all.append(all.empty() ? "" : between).append(text);
+    return all;
 }
 
 KeyPath partsOf(std::string_view text) {

@@ -118,6 +118,9 @@ StoredValue textValue(std::string_view name, std::string_view text);
 // Whether the Toolkit would write the value so, which then is nothing but its text.
 bool isPlainText(const StoredValue& value);
 
+// The options that the Product has, in the order in which a new one gets them.
+Values optionsOf(const Product& product);
+
 // The name of the value in the root that holds the date of creation in that tree. A merged settings file leaves the
 // other tree's name, so a Product may have either or both.
 std::string_view creationDateName(Tree tree);
@@ -128,8 +131,8 @@ std::string createdOf(const Product& product);
 // The section of the list of a tree, and the path of a Product's root, each as names from the family key downwards.
 KeyPath listPath(Tree tree);
 KeyPath rootPath(const ProductId& id);
-// A path for people, its names joined by backslashes.
-std::string joined(const KeyPath& path);
+// Texts as one; a path for people, its names joined by backslashes.
+std::string joined(const std::vector<std::string>& texts, std::string_view between = "\\");
 // A text of the store taken apart at its backslashes. Doubled ones and those at the ends count for nothing.
 KeyPath partsOf(std::string_view text);
 // Whether a key can have that name: 1 to 255 units of UTF-16, none of them zero, and no backslash.

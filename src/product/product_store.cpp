@@ -101,6 +101,12 @@ void ProductStore::walk(const KeyPath& path, const Visit& visit) const {
     onKey(registry_, path, [&](RegistryKey key) { walkKey(registry_, key, path, visit); });
 }
 
+std::size_t ProductStore::unreachable(const KeyPath& path) const {
+    std::size_t count = 0;
+    walk(path, [&](const StoredKey& key) { count += key.unreachable; });
+    return count;
+}
+
 std::vector<ProductId> ProductStore::list() const {
     std::vector<ProductId> products;
     for (const Tree tree : {Tree::installed, Tree::toolkit}) {

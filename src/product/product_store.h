@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -31,6 +32,9 @@ public:
     // family key downwards.
     using Visit = std::function<void(StoredKey key)>;
     void walk(const KeyPath& path, const Visit& visit) const;
+
+    // How many values of those keys no call can read.
+    std::size_t unreachable(const KeyPath& path) const;
 
     Registry& registry() const { return registry_; }
 

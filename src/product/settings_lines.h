@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "common/encoding.h"
@@ -26,17 +26,11 @@ std::vector<std::string_view> linesOf(std::string_view text);
 // deletion, and what is outside of the family key.
 KeyPath headerPath(std::string_view line, std::size_t index);
 
-// The values of a key in the making. As in the registry, a name that comes again gives the first one its new data.
-class GrowingKey {
-public:
-    void put(StoredValue value);
-    std::vector<StoredValue> take() { return std::move(values_); }
-    const std::vector<StoredValue>& values() const { return values_; }
+// The tree whose list of Products has that path, if it is one.
+std::optional<Tree> treeOfList(const KeyPath& path);
 
-private:
-    std::vector<StoredValue> values_;
-    std::unordered_map<std::string, std::size_t> places_;
-};
+// The values of a key as the registry has them: a name that comes again gives the first one its new data.
+Values merged(Values values);
 
 // A value as a store keeps it: a text ends with a zero byte.
 StoredValue storable(StoredValue value);

@@ -1,6 +1,7 @@
 #include "product/settings_text.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "common/utf8.h"
@@ -37,18 +38,11 @@ private:
 
 bool hasNoZero(std::string_view text) { return text.find('\0') == std::string_view::npos; }
 
-bool isListHeader(std::string_view line, std::size_t index) {
-    if (!line.starts_with('[')) return false;
-    const KeyPath path = headerPath(line, index);
-    return samePath(path, listPath(Tree::installed)) || samePath(path, listPath(Tree::toolkit));
-}
-
 // Whether the first section is a list of Products, which only the Toolkit puts there.
 bool isToolkits(const std::vector<std::string_view>& lines) {
-    for (std::size_t i = 1; i < lines.size(); ++i) {
-        if (!lines[i].empty()) return isListHeader(lines[i], i);
-    }
-    return false;
+    std::size_t first = 1;
+    while (first < lines.size() && lines[first].empty()) ++first;
+    return first < lines.size() && lines[first].starts_with('[') && treeOfList(headerPath(lines[first], first));
 }
 
 }  // namespace
@@ -108,14 +102,20 @@ KeyPath headerPath(std::string_view line, std::size_t index) {
     return belowRoot(path, family);
 }
 
-void GrowingKey::put(StoredValue value) {
-    const auto [place, isNew] = places_.emplace(foldedName(value.name), values_.size());
-    if (isNew) {
-        values_.push_back(std::move(value));
-    } else {
-        values_[place->second].type = value.type;
-        values_[place->second].data = std::move(value.data);
+std::optional<Tree> treeOfList(const KeyPath& path) {
+    if (samePath(path, listPath(Tree::installed))) return Tree::installed;
+    return samePath(path, listPath(Tree::toolkit)) ? std::optional(Tree::toolkit) : std::nullopt;
+}
+
+Values merged(Values values) {
+    std::unordered_map<std::string, std::size_t> places;
+    Values all;
+    for (StoredValue& value : values) {
+        const auto [place, isNew] = places.emplace(foldedName(value.name), all.size());
+        if (!isNew) value.name = all[place->second].name;
+        (isNew ? all.emplace_back() : all[place->second]) = std::move(value);
     }
+    return all;
 }
 
 StoredValue storable(StoredValue value) {

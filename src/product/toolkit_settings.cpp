@@ -123,7 +123,7 @@ private:
         const Section& root = peek("the Product");
         if (list.entries.size() != 1) refuseLine(list.index, "the list does not name one Product");
         ProductId& id = product_.id;
-        id.tree = samePath(list.path, listPath(Tree::toolkit)) ? Tree::toolkit : Tree::installed;
+        id.tree = *treeOfList(list.path);
         const auto fits = [&](const Entry& entry) {
             return samePath(rootPath({id.tree, "", std::string(entry.data)}), root.path);
         };
@@ -155,16 +155,16 @@ private:
                                const std::function<bool(std::string_view)>& isPath) {
         const std::vector<Line>& lines = expect(path).entries;
         std::vector<Entry> all;
-        GrowingKey key;
+        Values values;
         all.reserve(lines.size());
         for (const Line& line : lines) {
             all.push_back(entryOf(line, fits));
             const Entry& entry = all.back();
             const auto plain = isPath(entry.name) ? unescaped(entry.data) : std::nullopt;
             if (isPath(entry.name) && !plain) refuseLine(line.index, "a backslash of the path is not doubled");
-            key.put(textValue(entry.name, plain ? *plain : entry.data));
+            values.push_back(textValue(entry.name, plain ? *plain : entry.data));
         }
-        if (!key.values().empty()) product_.at(path).values = key.take();
+        if (!values.empty()) product_.at(path).values = merged(std::move(values));
         return all;
     }
 

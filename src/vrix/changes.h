@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
@@ -17,11 +16,8 @@ struct Step {
     std::function<Plan(const ProductStore& store)> plan;
 };
 
-// Makes a registry hold what the store does.
-void copyStore(const ProductStore& from, Registry& to);
-
-// Plans all steps before the first change, then makes the changes, or with --dry-run none, and prints them. What later
-// steps find is what the earlier ones leave. Throws Refusal.
-void perform(Run& run, Store& store, const std::vector<Step>& steps);
+// Plans all steps before the first change, then makes the changes and prints them. What later steps find is what the
+// earlier ones leave. `unreachable` is the number of values that go and that no call can reach. Throws Refusal.
+void perform(Run& run, Store& store, const std::vector<Step>& steps, std::size_t unreachable = 0);
 
 }  // namespace vrix

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <iterator>
-#include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
 #include "makers/standard/standard_files.h"
@@ -12,7 +11,6 @@ namespace vrix::command {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Findings = std::vector<Finding>;
 
 void append(Findings& all, Findings more) { std::move(more.begin(), more.end(), std::back_inserter(all)); }
@@ -20,7 +18,7 @@ void append(Findings& all, Findings more) { std::move(more.begin(), more.end(), 
 Findings findIn(const Run& run, const Product& product) {
     Findings all = checkProduct(product);
     if (run.request.files) {
-        StandardFiles files;
+        StandardFiles files(run.machine.disk());
         append(all, checkFiles(product, files));
     }
     return all;
@@ -28,8 +26,8 @@ Findings findIn(const Run& run, const Product& product) {
 
 // What stands in the other registry of the same machine, if it has two.
 Findings findInOtherView(Run& run, Store& store) {
-    if (!store.isRegistry()) return {};
-    RegistryView view = run.request.store.view;
+    if (!run.request.isOnRegistry()) return {};
+    RegistryView view = run.request.view;
     if (view == RegistryView::own) view = run.machine.ownView();
     const auto other = run.machine.registry(view == RegistryView::bits64 ? RegistryView::bits32 : RegistryView::bits64);
     return other ? checkViews(store.products(), ProductStore(*other)) : Findings();
@@ -58,58 +56,29 @@ Json asJson(const FindingKind& kind) {
             {"advice", kind.advice}};
 }
 
-Json asJson(const Findings& findings) {
-    Json all = Json::array();
-    for (const Finding& finding : findings) {
-        all.push_back(asJson(*finding.kind));
-        all.back()["place"] = shown(finding.place);
-        all.back()["detail"] = shown(finding.detail);
+std::string summaryOf(const Findings& findings) {
+    if (findings.empty()) return "Nothing was found.";
+    Lines counts;
+    for (const Severity severity : {Severity::error, Severity::warning, Severity::note}) {
+        const auto count = std::count_if(findings.begin(), findings.end(),
+                                         [&](const Finding& one) { return one.kind->severity == severity; });
+        counts.push_back(counted(static_cast<std::size_t>(count), severityName(severity)));
     }
-    return all;
-}
-
-std::size_t countOf(const Findings& findings, Severity severity) {
-    return static_cast<std::size_t>(std::count_if(
-        findings.begin(), findings.end(), [&](const Finding& finding) { return finding.kind->severity == severity; }));
-}
-
-void print(Run& run, const Findings& findings) {
-    for (const Finding& finding : findings) {
-        const FindingKind& kind = *finding.kind;
-        const std::string detail = finding.detail.empty() ? "" : " [" + shown(finding.detail) + "]";
-        run.print(std::string(severityName(kind.severity)) + " " + std::string(kind.name) + ": " +
-                  shown(finding.place) + detail);
-        run.print("  " + std::string(kind.what) + " " + std::string(kind.advice));
-    }
-    if (findings.empty()) {
-        run.print("Nothing was found.");
-    } else {
-        run.print(counted(countOf(findings, Severity::error), "error") + ", " +
-                  counted(countOf(findings, Severity::warning), "warning") + ", " +
-                  counted(countOf(findings, Severity::note), "note") + ".");
-    }
-}
-
-std::string names() {
-    std::string all;
-    for (const FindingKind& kind : findingKinds()) all += (all.empty() ? "" : ", ") + std::string(kind.name);
-    return all;
+    return joined(counts, ", ") + '.';
 }
 
 ExitCode explain(Run& run) {
     const FindingKind* kind = findFindingKind(run.request.finding);
     if (kind == nullptr) {
+        Lines names;
+        for (const FindingKind& known : findingKinds()) names.push_back(known.name);
         throw Refusal(Refusal::Kind::notFound,
-                      "there is no finding " + quoted(run.request.finding) + ", but: " + names());
+                      "there is no finding " + quoted(run.request.finding) + ", but: " + joined(names, ", "));
     }
-    if (run.request.json) {
-        Json json = asJson(*kind);
-        json["explain"] = kind->explain;
-        run.printJson(json);
-        return ExitCode::done;
-    }
-    run.print(std::string(kind->name) + " (" + severityName(kind->severity) + ")\n" + std::string(kind->what) + " " +
-              std::string(kind->advice) + "\n\n" + std::string(kind->explain));
+    Json json = asJson(*kind);
+    json["explain"] = kind->explain;
+    run.answer(json, {std::string(kind->name) + " (" + severityName(kind->severity) + ")",
+                      std::string(kind->what) + " " + kind->advice, "", kind->explain});
     return ExitCode::done;
 }
 
@@ -118,11 +87,17 @@ ExitCode explain(Run& run) {
 ExitCode check(Run& run) {
     if (!run.request.finding.empty()) return explain(run);
     const Findings findings = run.request.operands.empty() ? findInStore(run) : findInNamed(run);
-    if (run.request.json) {
-        run.printJson(asJson(findings));
-    } else {
-        print(run, findings);
+    Json all = Json::array();
+    Lines lines;
+    for (const auto& [kind, place, detail] : findings) {
+        all.push_back(asJson(*kind));
+        all.back().update({{"place", place}, {"detail", detail}});
+        const std::string where = place + (detail.empty() ? "" : " [" + detail + "]");
+        lines.push_back(std::string(severityName(kind->severity)) + " " + kind->name + ": " + where);
+        lines.push_back(std::string("  ") + kind->what + " " + kind->advice);
     }
+    lines.push_back(summaryOf(findings));
+    run.answer(all, lines);
     return findings.empty() ? ExitCode::done : ExitCode::different;
 }
 

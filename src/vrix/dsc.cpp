@@ -1,12 +1,8 @@
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
-#include "makers/embedded/embedded_registry.h"
 #include "product/compare.h"
-#include "product/json/product_json.h"
 #include "product/plan.h"
-#include "vrix/changes.h"
 #include "vrix/commands.h"
 #include "vrix/products.h"
 
@@ -15,21 +11,12 @@ namespace vrix::command {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 // What the engine wants of an instance.
 struct Wanted {
     ProductId id;
     bool exists = true;
     std::optional<Product> product{};  // nothing where only the identity is told
 };
-
-Json parsed(Run& run) {
-    const std::string text = run.request.input ? *run.request.input : run.console.readAll();
-    Json json = Json::parse(text, nullptr, false);
-    if (json.is_object()) return json;
-    throw Refusal(Refusal::Kind::malformed, "the instance is no JSON object");
-}
 
 // Takes a member out of the instance.
 Json take(Json& instance, const char* name) {
@@ -38,61 +25,53 @@ Json take(Json& instance, const char* name) {
     return member;
 }
 
-Product productOf(const Json& instance) {
-    try {
-        return fromJson(jsonText(instance));
-    } catch (const Refusal& refusal) {
-        throw Refusal(refusal.kind(), std::string("the instance: ") + refusal.what());
-    }
-}
-
 // Beside a file stands at most what identifies the Product, and it must say the same.
 Product productOf(Run& run, Json instance, const std::string& file) {
     Product product = productOfFile(run, file);
-    if (!instance.contains("key")) instance["key"] = shown(product.id.key);
-    if (!instance.contains("tree")) instance["tree"] = treeName(product.id.tree);
-    const ProductId told = productOf(instance).id;
-    const bool isSame = isSameProduct(told, product.id) && (told.name.empty() || told.name == product.id.name);
-    if (isSame && instance.size() == 2 + instance.count("name")) return product;
-    throw Refusal(Refusal::Kind::malformed,
-                  "the instance tells another Product than " + file + ", or more than its key");
+    Json identity = jsonOf(Product{product.id, {}});
+    const bool isMore = std::any_of(instance.items().begin(), instance.items().end(),
+                                    [&](const auto& member) { return !identity.contains(member.key()); });
+    identity.update(instance);
+    const ProductId told = vrix::productOf(identity).id;
+    if (!isMore && isSameProduct(told, product.id) && told.name == product.id.name) return product;
+    throw malformed("", "it tells another Product than " + file + ", or more than its key");
 }
 
-Wanted readWanted(Run& run) {
-    Json instance = parsed(run);
+Wanted wantedBy(Run& run, Json instance) {
+    if (!instance.is_object()) throw malformed("", "it is no JSON object");
     const Json exists = take(instance, "_exist");
     const Json file = take(instance, "file");
     take(instance, "_inDesiredState");
-    if (!exists.is_null() && !exists.is_boolean()) throw Refusal(Refusal::Kind::malformed, "_exist is no boolean");
-    if (!file.is_null() && !file.is_string()) throw Refusal(Refusal::Kind::malformed, "file is no text");
-    Product product = file.is_null() ? productOf(instance) : productOf(run, instance, file);
+    if (!exists.is_null() && !exists.is_boolean()) throw malformed("/_exist", "this is no boolean");
+    if (!file.is_null() && !file.is_string()) throw malformed("/file", "this is no text");
+    Product product = file.is_null() ? vrix::productOf(instance) : productOf(run, instance, file);
     Wanted wanted{product.id, exists.is_null() || exists.get<bool>()};
     const auto identity = instance.count("key") + instance.count("tree") + instance.count("name");
     if (!file.is_null() || instance.size() > identity) wanted.product = std::move(product);
     return wanted;
 }
 
-// The Product as the store has it; nothing where there is neither a row of the list nor a root.
-std::optional<Product> readActual(const ProductStore& store, ProductId id) {
-    bool isListed = false;
-    for (const ProductId& listed : store.list()) {
-        if (!isSameProduct(listed, id)) continue;
-        isListed = true;
-        id = listed;
-        break;
+Wanted readWanted(Run& run) {
+    const std::string text = run.request.input ? *run.request.input : run.console.readAll();
+    try {
+        return wantedBy(run, parsedJson(text));
+    } catch (const Refusal& refusal) {
+        if (refusal.kind() != Refusal::Kind::malformed) throw;
+        throw malformed("the instance", refusal.what());
     }
-    return isListed || store.hasRoot(id) ? std::optional(store.read(id)) : std::nullopt;
+}
+
+// The Product as the store has it; nothing where there is neither a row of the list nor a root.
+std::optional<Product> readActual(const ProductStore& store, const ProductId& id) {
+    const std::vector<ProductId> all = store.list();
+    const auto listed =
+        std::find_if(all.begin(), all.end(), [&](const ProductId& one) { return isSameProduct(one, id); });
+    if (listed != all.end()) return store.read(*listed);
+    return store.hasRoot(id) ? std::optional(store.read(id)) : std::nullopt;
 }
 
 Json stateOf(const ProductId& id, const std::optional<Product>& actual) {
-    Json state = Json::parse(toJson(actual ? *actual : Product{id, {}}, JsonForm::oneLine));
-    if (!actual) {
-        Json identity = Json::object();
-        for (const char* name : {"name", "key", "tree"}) {
-            if (state.contains(name)) identity[name] = state[name];
-        }
-        state = std::move(identity);
-    }
+    Json state = jsonOf(actual ? *actual : Product{id, {}});
     state["_exist"] = actual.has_value();
     return state;
 }
@@ -111,18 +90,14 @@ Json differing(const Json& actual, const Json& wanted) {
     return names;
 }
 
-bool isInDesiredState(const Wanted& wanted, const std::optional<Product>& actual) {
-    if (wanted.exists != actual.has_value()) return false;
-    if (!actual) return true;
-    const bool isNamedSo = wanted.id.name.empty() || wanted.id.name == actual->id.name;
-    return isNamedSo && (!wanted.product || vrix::compare(*actual, *wanted.product).empty());
-}
-
+// The same for what is wanted; none where nothing is to be done.
 Json differences(const Wanted& wanted, const std::optional<Product>& actual) {
-    if (isInDesiredState(wanted, actual)) return Json::array();
     if (wanted.exists != actual.has_value()) return Json::array({"_exist"});
+    if (!actual) return Json::array();
+    const bool isNamedSo = wanted.id.name.empty() || wanted.id.name == actual->id.name;
+    if (isNamedSo && (!wanted.product || vrix::compare(*actual, *wanted.product).empty())) return Json::array();
     if (!wanted.product) return Json::array({"name"});
-    return differing(stateOf(wanted.id, actual), stateOf(wanted.id, wanted.product));
+    return differing(jsonOf(*actual), jsonOf(*wanted.product));
 }
 
 Plan planOf(const ProductStore& store, const Wanted& wanted) {
@@ -131,14 +106,12 @@ Plan planOf(const ProductStore& store, const Wanted& wanted) {
                           : planApply(store, Product{wanted.id, {}}, Unnamed::kept);
 }
 
-void printLine(Run& run, const Json& json) { run.print(jsonText(json)); }
-
 }  // namespace
 
 ExitCode dscGet(Run& run) {
     const Wanted wanted = readWanted(run);
     Store store(run, Store::Use::reading);
-    printLine(run, stateOf(wanted.id, readActual(store.products(), wanted.id)));
+    run.printJson(stateOf(wanted.id, readActual(store.products(), wanted.id)));
     return ExitCode::done;
 }
 
@@ -146,28 +119,21 @@ ExitCode dscTest(Run& run) {
     const Wanted wanted = readWanted(run);
     Store store(run, Store::Use::reading);
     const auto actual = readActual(store.products(), wanted.id);
+    const Json changed = differences(wanted, actual);
     Json state = stateOf(wanted.id, actual);
-    state["_inDesiredState"] = isInDesiredState(wanted, actual);
-    printLine(run, state);
-    printLine(run, differences(wanted, actual));
+    state["_inDesiredState"] = changed.empty();
+    run.printJson(state);
+    run.printJson(changed);
     return ExitCode::done;
 }
 
 ExitCode dscSet(Run& run) {
     const Wanted wanted = readWanted(run);
-    Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
+    Store store(run, Store::Use::writing);
     const Json changed = differences(wanted, readActual(store.products(), wanted.id));
-    const Plan plan = planOf(store.products(), wanted);
-    EmbeddedRegistry rehearsal;
-    if (run.request.dryRun) {
-        copyStore(store.products(), rehearsal);
-        perform(rehearsal, plan);
-    } else {
-        store.change(plan);
-    }
-    const ProductStore after(run.request.dryRun ? rehearsal : store.registry());
-    printLine(run, stateOf(wanted.id, readActual(after, wanted.id)));
-    printLine(run, changed);
+    store.change(planOf(store.products(), wanted));
+    run.printJson(stateOf(wanted.id, readActual(store.products(), wanted.id)));
+    run.printJson(changed);
     return ExitCode::done;
 }
 
@@ -181,13 +147,13 @@ ExitCode dscDelete(Run& run) {
 ExitCode dscExport(Run& run) {
     Store store(run, Store::Use::reading);
     for (const ProductId& id : store.products().list()) {
-        if (whyNoKey(id).empty()) printLine(run, stateOf(id, store.products().read(id)));
+        if (whyNoKey(id).empty()) run.printJson(stateOf(id, store.products().read(id)));
     }
     return ExitCode::done;
 }
 
 ExitCode dscSchema(Run& run) {
-    Json schema = Json::parse(productSchema());
+    Json schema = productSchema();
     Json& properties = schema["properties"];
     properties["file"] = {{"type", "string"},
                           {"description",
@@ -198,7 +164,7 @@ ExitCode dscSchema(Run& run) {
     schema["title"] = "Vrix/Product";
     schema["anyOf"] = {{{"required", {"key"}}}, {{"required", {"file"}}}};
     schema.erase("required");
-    run.printJson(schema);
+    run.printJson(schema, 2);
     return ExitCode::done;
 }
 

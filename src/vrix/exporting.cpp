@@ -1,11 +1,9 @@
-#include <algorithm>
-#include <nlohmann/json.hpp>
 #include <set>
 
 #include "common/refusal.h"
+#include "common/utf8.h"
 #include "makers/embedded/embedded_registry.h"
 #include "product/encoded_text.h"
-#include "product/json/product_json.h"
 #include "product/plan.h"
 #include "product/settings_text.h"
 #include "vrix/commands.h"
@@ -15,8 +13,6 @@
 namespace vrix::command {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // The settings file of a Product that stands in no store: of one that holds nothing else.
 std::string settingsOf(const Product& product) {
@@ -28,7 +24,7 @@ std::string settingsOf(const Product& product) {
 std::string bytesOf(Run& run, const Product& product, const std::string& format) {
     if (format == "json") return toJson(product);
     if (format == "xml") {
-        return policyCollection(product, run.request.store.view == RegistryView::bits32);
+        return policyCollection(product, run.request.view == RegistryView::bits32);
     }
     return encodedSettings(settingsOf(product), *settingsEncoding(run));
 }
@@ -39,10 +35,8 @@ std::string bytesOf(Run& run, Store& store, const ProductId& id, const std::stri
 }
 
 std::string formatOf(const std::string& path) {
-    const auto ends = [&](std::string_view ending) {
-        return path.size() >= ending.size() && sameName(path.substr(path.size() - ending.size()), ending);
-    };
-    return ends(".json") ? "json" : ends(".xml") ? "xml" : "kls";
+    const std::string name = foldedName(path);
+    return name.ends_with(".json") ? "json" : name.ends_with(".xml") ? "xml" : "kls";
 }
 
 // A text as the name of a file on any system.
@@ -50,17 +44,13 @@ std::string fileName(const std::string& text) {
     static const std::set<std::string> devices{"con",  "prn",  "aux",  "nul",  "com1", "com2", "com3", "com4",
                                                "com5", "com6", "com7", "com8", "com9", "lpt1", "lpt2", "lpt3",
                                                "lpt4", "lpt5", "lpt6", "lpt7", "lpt8", "lpt9"};
-    std::string name = text;
+    std::string name = shown(text);
     for (char& c : name) {
-        if (static_cast<unsigned char>(c) < 0x20 || std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos) {
-            c = '_';
-        }
+        if (std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos) c = '_';
     }
     while (name.ends_with('.') || name.ends_with(' ')) name.back() = '_';
     const std::string stem = name.substr(0, name.find('.'));
-    const bool isDevice =
-        std::any_of(devices.begin(), devices.end(), [&](const std::string& device) { return sameName(device, stem); });
-    return isDevice ? '_' + name : name;
+    return devices.contains(foldedName(stem)) ? '_' + name : name;
 }
 
 // Writes a file, and tells it as a line of JSON.
@@ -88,13 +78,11 @@ Json exportAll(Run& run) {
     std::set<std::string> used;
     for (const ProductId& id : store.products().list()) {
         if (!whyNoKey(id).empty()) continue;
-        const std::string first = fileName(shown(id.key));
+        const std::string first = fileName(id.key);
         std::string name = first;
-        const auto isUsed = [&] {
-            return std::any_of(used.begin(), used.end(), [&](const std::string& one) { return sameName(one, name); });
-        };
-        for (int number = 2; isUsed(); ++number) name = first + " " + std::to_string(number);
-        used.insert(name);
+        for (int number = 2; !used.insert(foldedName(name)).second; ++number) {
+            name = first + " " + std::to_string(number);
+        }
         const std::string path = run.request.folder + '/' + name + '.' + format;
         lines.push_back(save(run, id, path, bytesOf(run, store, id, format)));
     }

@@ -1,15 +1,10 @@
-#include <nlohmann/json.hpp>
-
-#include "product/json/product_json.h"
-#include "product/view.h"
+#include "product/dependency_names.h"
 #include "vrix/commands.h"
 #include "vrix/products.h"
 
 namespace vrix::command {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // What the list tells of a Product. No more of it is read.
 Product readOutline(const ProductStore& store, const ProductId& id) {
@@ -21,61 +16,46 @@ Product readOutline(const ProductStore& store, const ProductId& id) {
     return outline;
 }
 
-std::size_t countIn(const Product& product, const KeyPath& path) {
-    const StoredKey* key = product.find(path);
-    return key == nullptr ? 0 : key->values.size();
-}
-
-Json lineOf(const Product& product) {
-    Json line = identityOf(product.id);
-    line["topics"] = countIn(product, part::topics) + countIn(product, part::addedTopics);
-    line["created"] = shown(createdOf(product));
-    return line;
-}
-
 }  // namespace
 
 ExitCode list(Run& run) {
     Store store(run, Store::Use::reading);
-    Json lines = Json::array();
-    for (const ProductId& id : store.products().list()) lines.push_back(lineOf(readOutline(store.products(), id)));
-    if (run.request.json) {
-        run.printJson(lines);
-    } else if (lines.empty()) {
-        run.print("The store has no Products.");
-    } else {
-        std::vector<std::vector<std::string>> rows{{"NAME", "KEY", "TREE", "TOPICS", "CREATED"}};
-        for (const Json& line : lines) {
-            rows.push_back({line["name"], line["key"], line["tree"], line["topics"].dump(), line["created"]});
-        }
-        run.console.write(tableText(rows));
+    Json all = Json::array();
+    std::vector<Lines> rows{{"NAME", "KEY", "TREE", "TOPICS", "CREATED"}};
+    for (const ProductId& id : store.products().list()) {
+        const Product product = readOutline(store.products(), id);
+        const std::size_t topics = product.values(part::topics).size() + product.values(part::addedTopics).size();
+        all.push_back(identityOf(id));
+        all.back().update({{"topics", topics}, {"created", createdOf(product)}});
+        rows.push_back({id.name, id.key, treeName(id.tree), std::to_string(topics), createdOf(product)});
     }
+    run.answer(all, all.empty() ? Lines{"The store has no Products."} : tableLines(rows));
     return ExitCode::done;
 }
 
 namespace {
 
-std::string rowsOf(const std::vector<std::pair<std::string, std::string>>& options) {
-    std::vector<std::vector<std::string>> rows;
-    for (const auto& [name, text] : options) {
-        if (!text.empty()) rows.push_back({"  " + shown(name), shown(text)});
+std::vector<Lines> optionRows(const Product& product) {
+    std::vector<Lines> rows;
+    for (const StoredValue& option : optionsOf(product)) {
+        if (!textOf(option).empty()) rows.push_back({"  " + option.name, textOf(option)});
     }
-    return tableText(rows);
+    return rows;
 }
 
-std::string rowsOf(const std::vector<TopicView>& topics) {
-    std::vector<std::vector<std::string>> rows;
-    for (const TopicView& topic : topics) {
-        std::string others;
-        for (const std::string& other : topic.dependsOn) others += (others.empty() ? "" : ", ") + shown(other);
-        rows.push_back({"  " + shown(topic.name), shown(topic.file), others.empty() ? "" : "needs " + others});
+std::vector<Lines> topicRows(const Product& product, const KeyPath& path) {
+    const DependencyNames dependencies(product);
+    std::vector<Lines> rows;
+    for (const StoredValue& topic : product.values(path)) {
+        const std::string others = joined(dependencies.of(topic.name), ", ");
+        rows.push_back({"  " + topic.name, textOf(topic), others.empty() ? "" : "needs " + others});
     }
-    return tableText(rows);
+    return rows;
 }
 
-std::string rowsOf(const std::vector<std::string>& fields) {
-    std::string rows;
-    for (const std::string& field : fields) rows += "  " + shown(field) + '\n';
+std::vector<Lines> fieldRows(const Product& product) {
+    std::vector<Lines> rows;
+    for (const StoredValue& field : product.values(part::smartFields)) rows.push_back({"  " + textOf(field)});
     return rows;
 }
 
@@ -84,26 +64,26 @@ std::string rowsOf(const std::vector<std::string>& fields) {
 ExitCode show(Run& run) {
     const Product product = ProductSource(run).read(run.request.operands.at(0));
     if (run.request.json) {
-        run.console.write(toJson(product));
+        run.printJson(jsonOf(product), 2);
         return ExitCode::done;
     }
-    const ProductView view = viewOf(product);
-    const auto print = [&](const std::string& title, const std::string& rows) {
-        if (!rows.empty()) run.console.write('\n' + title + '\n' + rows);
+    const auto print = [&](const char* title, const std::vector<Lines>& rows) {
+        if (!rows.empty()) run.print(Lines{"", title});
+        run.print(tableLines(rows));
     };
-    run.console.write(tableText({{"Name", shown(view.id.name)},
-                                 {"Key", shown(view.id.key)},
-                                 {"Tree", treeName(view.id.tree)},
-                                 {"Created", shown(view.created)}}));
-    print("Options, where not empty", rowsOf(view.options));
-    print("Topics", rowsOf(view.topics));
-    print("Added Topics", rowsOf(view.addedTopics));
-    print("SmartFields", rowsOf(view.smartFields));
+    run.print(tableLines({{"Name", product.id.name},
+                          {"Key", product.id.key},
+                          {"Tree", treeName(product.id.tree)},
+                          {"Created", createdOf(product)}}));
+    print("Options, where not empty", optionRows(product));
+    print("Topics", topicRows(product, part::topics));
+    print("Added Topics", topicRows(product, part::addedTopics));
+    print("SmartFields", fieldRows(product));
     return ExitCode::done;
 }
 
 ExitCode schema(Run& run) {
-    run.console.write(productSchema());
+    run.printJson(productSchema(), 2);
     return ExitCode::done;
 }
 

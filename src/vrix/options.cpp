@@ -69,14 +69,14 @@ public:
 
 private:
     void addCommonOptions() {
-        auto* store = app_.add_option("--store", store_,
+        auto* store = app_.add_option("--store", request_.store,
                                       "The store to work on: \"registry\", the file of a journal, or a backup by its "
                                       "file, its name or \"latest\". The registry if not given");
         store->type_name("registry|FILE");
         app_.add_option("--view", view_, "The registry of 64-bit or of 32-bit programs. The own width if not given")
             ->type_name("64|32")
             ->check(oneOf({"64", "32"}));
-        app_.add_flag("--trial", trial_, "Work on the store of the Trial program")->excludes(store);
+        app_.add_flag("--trial", request_.isTrial, "Work on the store of the Trial program")->excludes(store);
         app_.add_option("--code-page", request_.codePage, "The code page of settings files, where not the system's")
             ->type_name("N");
         app_.add_flag("--json", request_.json, "Answer in JSON, for machines");
@@ -92,33 +92,30 @@ private:
         made->callback([this, command] { request_.command = command; });
         return made;
     }
-    CLI::App* add(const char* name, const char* what, Request::Command command, const char* example) {
-        return add(app_, name, what, command, example);
-    }
     CLI::Option* takes(CLI::App* made, const char* name, const char* what) {
         return made->add_option(name, request_.operands, what)->type_name("");
     }
 
     void addReaders() {
-        add("list", "List all Products of a store", command::list, "  vrix list\n  vrix list --trial --json");
-        takes(add("show", "Show one Product", command::show,
+        add(app_, "list", "List all Products of a store", command::list, "  vrix list\n  vrix list --trial --json");
+        takes(add(app_, "show", "Show one Product", command::show,
                   "  vrix show \"Site Safety Manual\"\n  vrix show installed:SiteSafety --json"),
               "PRODUCT", "The Product")
             ->required()
             ->expected(1);
         CLI::App* check =
-            add("check", "Find what is wrong or sharp in Products", command::check,
+            add(app_, "check", "Find what is wrong or sharp in Products", command::check,
                 "  vrix check\n  vrix check SiteSafety.kls --files\n  vrix check --explain missing-option");
         takes(check, "[PRODUCT...]", "The Products; all of the store if none is named");
         check->add_flag("--files", request_.files, "Find also files that the Products name and that are not there");
         check->add_option("--explain", request_.finding, "Tell more of a kind of finding")->type_name("NAME");
-        takes(add("compare", "Tell the differences of two Products", command::compare,
+        takes(add(app_, "compare", "Tell the differences of two Products", command::compare,
                   "  vrix compare \"Site Safety Manual\" SiteSafety.kls\n  vrix compare old.json new.json"),
               "PRODUCT PRODUCT", "The two Products")
             ->required()
             ->expected(2);
         CLI::App* save =
-            add("export", "Write Products to files", command::exportProducts,
+            add(app_, "export", "Write Products to files", command::exportProducts,
                 "  vrix export \"Site Safety Manual\" SiteSafety.kls\n"
                 "  vrix export SiteSafety.kls SiteSafety.json\n  vrix export --all products --format json");
         takes(save, "[PRODUCT FILE]",
@@ -130,23 +127,24 @@ private:
         save->add_option("--format", request_.format, "What to write with --all")
             ->type_name("kls|json|xml")
             ->check(oneOf({"kls", "json", "xml"}));
-        add("schema", "Print the JSON schema of a Product", command::schema, "  vrix schema > product.schema.json");
+        add(app_, "schema", "Print the JSON schema of a Product", command::schema,
+            "  vrix schema > product.schema.json");
     }
 
     void addWriters() {
-        CLI::App* apply = add("apply", "Make the store's Products what the files say", command::apply,
+        CLI::App* apply = add(app_, "apply", "Make the store's Products what the files say", command::apply,
                               "  vrix apply SiteSafety.kls\n  vrix apply --dry-run SiteSafety.json\n"
                               "  vrix apply --merge --yes products/*.json");
         takes(apply, "FILE...", "Settings files and JSON files")->required();
         addPlanOptions(apply);
-        CLI::App* remove = add("remove", "Delete Products with all that they hold", command::remove,
+        CLI::App* remove = add(app_, "remove", "Delete Products with all that they hold", command::remove,
                                "  vrix remove \"Site Safety Manual\"\n  vrix remove --yes toolkit:SiteSafety");
         takes(remove, "PRODUCT...", "The Products of the store; by their keys also what a deletion has left behind")
             ->required();
         addDryRun(remove);
-        add("backups", "List the backups of a store, with what changed since", command::backups,
+        add(app_, "backups", "List the backups of a store, with what changed since", command::backups,
             "  vrix backups\n  vrix list --store latest");
-        CLI::App* restore = add("restore", "Bring back all Products of a backup, or some", command::restore,
+        CLI::App* restore = add(app_, "restore", "Bring back all Products of a backup, or some", command::restore,
                                 "  vrix restore latest\n  vrix restore \"2026-11-22 09-30-05\" SiteSafety --dry-run");
         takes(restore, "BACKUP [PRODUCT...]",
               "The backup: its name as listed, \"latest\", or a file. Then the Products; all of the store if none is "
@@ -183,23 +181,15 @@ private:
     }
 
     void settle() {
-        StoreChoice& store = request_.store;
-        using enum StoreChoice::Kind;
         request_.isDsc = app_.got_subcommand("dsc");
-        if (trial_) store.kind = trial;
-        if (!store_.empty()) store.kind = store_ == "registry" ? registry : file;
-        if (store.kind == file) store.path = store_;
-        if (!view_.empty()) store.view = view_ == "64" ? RegistryView::bits64 : RegistryView::bits32;
-        if (!view_.empty() && store.kind.value_or(registry) != registry) {
-            throw Refusal(Refusal::Kind::wrongUse, "--view is for the registry alone");
-        }
+        if (view_.empty()) return;
+        request_.view = view_ == "64" ? RegistryView::bits64 : RegistryView::bits32;
+        if (!request_.isOnRegistry()) throw Refusal(Refusal::Kind::wrongUse, "--view is for the registry alone");
     }
 
     CLI::App app_{"Products by command: as files, checked, compared, applied, restored."};
     Request request_;
-    std::string store_;
     std::string view_;
-    bool trial_ = false;
 };
 
 }  // namespace

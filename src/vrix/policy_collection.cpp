@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <map>
 
 #include "common/utf8.h"
 
@@ -32,86 +33,65 @@ std::string guidOf(const std::string& text) {
 }
 
 std::string escaped(const std::string& text, const std::string& place) {
+    static const std::map<char, std::string> signs{{'&', "&amp;"}, {'<', "&lt;"},   {'>', "&gt;"},  {'"', "&quot;"},
+                                                   {'\t', "&#9;"}, {'\n', "&#10;"}, {'\r', "&#13;"}};
     if (!isWhole(text)) throw malformed(place, "XML cannot hold half a character");
     std::string safe;
     for (const char c : text) {
-        switch (c) {
-            case '&': safe += "&amp;"; break;
-            case '<': safe += "&lt;"; break;
-            case '>': safe += "&gt;"; break;
-            case '"': safe += "&quot;"; break;
-            case '\t': safe += "&#9;"; break;
-            case '\n': safe += "&#10;"; break;
-            case '\r': safe += "&#13;"; break;
-            default:
-                if (static_cast<unsigned char>(c) < 0x20) throw malformed(place, "XML cannot hold a control character");
-                safe += c;
-        }
+        const auto sign = signs.find(c);
+        const bool isControl = static_cast<unsigned char>(c) < 0x20;
+        if (sign == signs.end() && isControl) throw malformed(place, "XML cannot hold a control character");
+        safe += sign == signs.end() ? std::string(1, c) : sign->second;
     }
     return safe;
 }
 
-// The collection as it grows.
-class Collection {
-public:
-    Collection(bool narrow, const std::string& name)
-        : family_(narrow ? "Software\\WOW6432Node\\Vrix" : "Software\\Vrix") {
-        text_ = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Collection clsid=\"";
-        text_ += collectionClass + std::string("\" name=\"") + escaped(name, "the name") + "\">\r\n";
-    }
-
-    void add(const KeyPath& path, const StoredValue& value) {
-        const std::string place = joined(path) + '\\' + value.name;
-        const std::string key = escaped(family_ + '\\' + joined(path), place);
-        const std::string name = escaped(value.name, place);
-        const Form form = formOf(value, place);
-        const std::string title = value.name.empty() ? "(Default)" : name;
-        text_ += "  <Registry clsid=\"" + std::string(itemClass) + "\" name=\"" + title + "\" status=\"" + title +
-                 "\" image=\"" + form.image + "\" changed=\"" + changed + "\" uid=\"" + guidOf(key + '\n' + name) +
-                 "\" bypassErrors=\"1\">\r\n    <Properties action=\"R\" displayDecimal=\"0\" default=\"" +
-                 (value.name.empty() ? "1" : "0") + "\" hive=\"HKEY_LOCAL_MACHINE\" key=\"" + key + "\" name=\"" +
-                 name + "\" type=\"" + form.type + "\" value=\"" + form.value + "\"/>\r\n  </Registry>\r\n";
-    }
-
-    std::string whole() const { return text_ + "</Collection>\r\n"; }
-
-private:
-    // How a value stands in an item. The image is the one for replaced texts, or that for replaced numbers and bytes.
-    struct Form {
-        const char* image;
-        const char* type;
-        std::string value;
-    };
-
-    static Form formOf(const StoredValue& value, const std::string& place) {
-        const bool endsOnce = value.data.find('\0') + 1 == value.data.size();
-        if (value.type == valuetype::string && endsOnce) return {"6", "REG_SZ", escaped(textOf(value), place)};
-        if (value.type == valuetype::expandString && endsOnce) {
-            return {"6", "REG_EXPAND_SZ", escaped(value.data.c_str(), place)};
-        }
-        if (value.type == valuetype::binary) return {"11", "REG_BINARY", hexDigits(value.data)};
-        if (value.type == valuetype::dword && value.data.size() == 4) {
-            return {"11", "REG_DWORD", hexDigits(std::string(value.data.rbegin(), value.data.rend()))};
-        }
-        throw malformed(place, "a policy's collection has no form for this value");
-    }
-
-    std::string family_;
-    std::string text_;
+// How a value stands in an item. The image is the one for replaced texts, or that for replaced numbers and bytes.
+struct Form {
+    const char* image;
+    const char* type;
+    std::string value;
 };
+
+Form formOf(const StoredValue& value, const std::string& place) {
+    const bool endsOnce = value.data.find('\0') + 1 == value.data.size();
+    if (value.type == valuetype::string && endsOnce) return {"6", "REG_SZ", escaped(textOf(value), place)};
+    if (value.type == valuetype::expandString && endsOnce) {
+        return {"6", "REG_EXPAND_SZ", escaped(value.data.c_str(), place)};
+    }
+    if (value.type == valuetype::binary) return {"11", "REG_BINARY", hexDigits(value.data)};
+    if (value.type == valuetype::dword && value.data.size() == 4) {
+        return {"11", "REG_DWORD", hexDigits(std::string(value.data.rbegin(), value.data.rend()))};
+    }
+    throw malformed(place, "a policy's collection has no form for this value");
+}
+
+std::string itemOf(const std::string& family, const KeyPath& path, const StoredValue& value) {
+    const std::string place = joined(path) + '\\' + value.name;
+    const std::string key = escaped(family + '\\' + joined(path), place);
+    const std::string name = escaped(value.name, place);
+    const std::string title = name.empty() ? "(Default)" : name;
+    const Form form = formOf(value, place);
+    return "  <Registry clsid=\"" + std::string(itemClass) + "\" name=\"" + title + "\" status=\"" + title +
+           "\" image=\"" + form.image + "\" changed=\"" + changed + "\" uid=\"" + guidOf(key + '\n' + name) +
+           "\" bypassErrors=\"1\">\r\n    <Properties action=\"R\" displayDecimal=\"0\" default=\"" +
+           (name.empty() ? "1" : "0") + "\" hive=\"HKEY_LOCAL_MACHINE\" key=\"" + key + "\" name=\"" + name +
+           "\" type=\"" + form.type + "\" value=\"" + form.value + "\"/>\r\n  </Registry>\r\n";
+}
 
 }  // namespace
 
 std::string policyCollection(const Product& product, bool narrow) {
-    Collection collection(narrow, product.id.name.empty() ? product.id.key : product.id.name);
-    if (!product.id.name.empty()) {
-        collection.add(listPath(product.id.tree), textValue(product.id.name, product.id.key));
+    const std::string family = narrow ? "Software\\WOW6432Node\\Vrix" : "Software\\Vrix";
+    const auto& [tree, name, key] = product.id;
+    std::string text = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n<Collection clsid=\"";
+    text += collectionClass + std::string("\" name=\"") + escaped(name.empty() ? key : name, "the name") + "\">\r\n";
+    if (!name.empty()) text += itemOf(family, listPath(tree), textValue(name, key));
+    for (const StoredKey& one : product.keys) {
+        const KeyPath path = joinedPaths(rootPath(product.id), one.path);
+        for (const StoredValue& value : one.values) text += itemOf(family, path, value);
     }
-    for (const StoredKey& key : product.keys) {
-        const KeyPath path = joinedPaths(rootPath(product.id), key.path);
-        for (const StoredValue& value : key.values) collection.add(path, value);
-    }
-    return collection.whole();
+    return text + "</Collection>\r\n";
 }
 
 }  // namespace vrix

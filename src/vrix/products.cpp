@@ -1,49 +1,33 @@
 #include "vrix/products.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
 #include "product/encoded_text.h"
-#include "product/json/product_json.h"
 #include "product/settings_text.h"
 
 namespace vrix {
 
 namespace {
 
-constexpr std::string_view installedPrefix = "installed:";
-constexpr std::string_view toolkitPrefix = "toolkit:";
-
-// What a user names a Product by.
-struct Wanted {
-    std::optional<Tree> tree{};
-    std::string text;
-};
-
-Wanted wantedBy(std::string text) {
-    const auto take = [&](std::string_view prefix) {
-        const bool starts = text.starts_with(prefix);
-        if (starts) text.erase(0, prefix.size());
-        return starts;
-    };
-    if (take(installedPrefix)) return {Tree::installed, text};
-    if (take(toolkitPrefix)) return {Tree::toolkit, text};
-    return {std::nullopt, text};
-}
-
-std::vector<ProductId> candidates(const ProductStore& store, const Wanted& wanted) {
+// A text names a Product by its name, or by its key, and may say the tree in front.
+std::vector<ProductId> candidates(const ProductStore& store, std::string_view text) {
+    std::optional<Tree> tree;
+    for (const Tree one : {Tree::installed, Tree::toolkit}) {
+        const std::string prefix = std::string(treeName(one)) + ':';
+        if (tree || !text.starts_with(prefix)) continue;
+        tree = one;
+        text.remove_prefix(prefix.size());
+    }
     const auto chosen = [&](std::vector<ProductId> all, const auto& fits) {
-        std::erase_if(all, [&](const ProductId& id) { return (wanted.tree && id.tree != *wanted.tree) || !fits(id); });
+        std::erase_if(all, [&](const ProductId& id) { return (tree && id.tree != *tree) || !fits(id); });
         return all;
     };
-    const auto byName = [&](const ProductId& id) { return sameName(id.name, wanted.text); };
-    const auto byKey = [&](const ProductId& id) {
-        return !id.key.empty() && samePath(partsOf(id.key), partsOf(wanted.text));
-    };
-    const std::vector<ProductId> listed = store.list();
-    if (auto found = chosen(listed, byName); !found.empty()) return found;
-    if (auto found = chosen(listed, byKey); !found.empty()) return found;
+    const auto byName = [&](const ProductId& id) { return sameName(id.name, text); };
+    const auto byKey = [&](const ProductId& id) { return !id.key.empty() && samePath(partsOf(id.key), partsOf(text)); };
+    const std::vector<ProductId> all = store.list();
+    if (auto found = chosen(all, byName); !found.empty()) return found;
+    if (auto found = chosen(all, byKey); !found.empty()) return found;
     return chosen(store.leftovers(), byKey);
 }
 
@@ -70,22 +54,20 @@ std::optional<std::string> readFile(Disk& disk, const std::string& path) {
 
 }  // namespace
 
-nlohmann::ordered_json identityOf(const ProductId& id) {
-    return {{"name", shown(id.name)}, {"key", shown(id.key)}, {"tree", treeName(id.tree)}};
-}
+Json identityOf(const ProductId& id) { return {{"name", id.name}, {"key", id.key}, {"tree", treeName(id.tree)}}; }
 
 std::string labelOf(const ProductId& id) {
-    const std::string key = std::string(treeName(id.tree)) + ":" + shown(id.key);
-    return id.name.empty() ? key : quoted(shown(id.name)) + " (" + key + ")";
+    const std::string key = std::string(treeName(id.tree)) + ":" + id.key;
+    return id.name.empty() ? key : quoted(id.name) + " (" + key + ")";
 }
 
 std::optional<ProductId> lookFor(const ProductStore& store, const std::string& text) {
-    const std::vector<ProductId> found = candidates(store, wantedBy(text));
+    const std::vector<ProductId> found = candidates(store, text);
     if (found.empty()) return std::nullopt;
     if (found.size() == 1) return found[0];
-    std::string all;
-    for (const ProductId& id : found) all += (all.empty() ? "" : ", ") + labelOf(id);
-    throw Refusal(Refusal::Kind::wrongUse, quoted(text) + " may be any of " + all);
+    Lines labels;
+    for (const ProductId& id : found) labels.push_back(labelOf(id));
+    throw Refusal(Refusal::Kind::wrongUse, quoted(text) + " may be any of " + joined(labels, ", "));
 }
 
 ProductId findProduct(const ProductStore& store, const std::string& text) {
@@ -117,7 +99,8 @@ Store& ProductSource::store() {
 
 // Where the system has no registry and nobody names a store, files do without.
 bool ProductSource::hasStore() const {
-    return store_ || run_.request.store.kind || run_.machine.registry(run_.request.store.view) != nullptr;
+    const bool isNamed = run_.request.isTrial || !run_.request.store.empty();
+    return store_ || isNamed || run_.machine.registry(run_.request.view) != nullptr;
 }
 
 std::optional<ProductId> ProductSource::find(const std::string& text) {

@@ -1,11 +1,10 @@
 #pragma once
 
 #include <memory>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 
-#include "product/product.h"
+#include "product/json/product_json.h"
 #include "vrix/run.h"
 #include "vrix/store.h"
 
@@ -19,7 +18,7 @@ ProductId findProduct(const ProductStore& store, const std::string& text);
 // The same, but nothing where there is none.
 std::optional<ProductId> lookFor(const ProductStore& store, const std::string& text);
 // What a Product is known by, for machines: "name", "key" and "tree".
-nlohmann::ordered_json identityOf(const ProductId& id);
+Json identityOf(const ProductId& id);
 // A Product for people, such as: "Site Safety Manual" (toolkit:SiteSafety).
 std::string labelOf(const ProductId& id);
 

@@ -18,15 +18,6 @@ enum class ExitCode {
     malformed = 5,  // a file is not what it should be
 };
 
-// Which store a command works on.
-struct StoreChoice {
-    enum class Kind { registry, trial, file };
-
-    std::optional<Kind> kind{};  // that of the system if none is named
-    std::string path{};          // of a file
-    RegistryView view = RegistryView::own;
-};
-
 class Run;
 
 // What the command line asks for. Texts are UTF-8.
@@ -34,7 +25,9 @@ struct Request {
     using Command = ExitCode (*)(Run&);
 
     Command command = nullptr;
-    StoreChoice store{};
+    std::string store{};   // "registry", a file, or the name of a backup; empty if none is named
+    bool isTrial = false;  // that of the Trial in its place
+    RegistryView view = RegistryView::own;
     std::optional<unsigned> codePage{};   // of settings files
     std::vector<std::string> operands{};  // Products, files, a backup, in their order
     std::string folder{};                 // for all exports
@@ -48,6 +41,8 @@ struct Request {
     bool dryRun = false;
     bool merge = false;
     bool files = false;
+
+    bool isOnRegistry() const { return !isTrial && (store.empty() || store == "registry"); }
 };
 
 // Thrown in place of a request where a text is all that was asked for.

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
 #include "makers/embedded/journal_registry.h"
@@ -12,33 +11,31 @@ namespace vrix::command {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-bool isAmong(const std::vector<ProductId>& all, const ProductId& id) {
-    return std::any_of(all.begin(), all.end(), [&](const ProductId& one) { return isSameProduct(one, id); });
-}
-
 std::vector<Product> readAll(const ProductStore& store) {
     std::vector<Product> all;
     for (const ProductId& id : store.list()) all.push_back(store.read(id));
     return all;
 }
 
+const Product* findIn(const std::vector<Product>& all, const ProductId& id) {
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const Product& one) { return isSameProduct(one.id, id); });
+    return found == all.end() ? nullptr : &*found;
+}
+
 // What became of the backup's Products: the labels of those that were changed, removed and added since.
-Json changesSince(const ProductStore& then, const std::vector<Product>& now) {
+Json changesSince(const std::vector<Product>& then, const std::vector<Product>& now) {
     Json changes = {{"changed", Json::array()}, {"removed", Json::array()}, {"added", Json::array()}};
-    const std::vector<ProductId> before = then.list();
-    for (const ProductId& id : before) {
-        const auto same =
-            std::find_if(now.begin(), now.end(), [&](const Product& one) { return isSameProduct(one.id, id); });
-        if (same == now.end()) {
-            changes["removed"].push_back(labelOf(id));
-        } else if (!vrix::compare(then.read(id), *same).empty()) {
-            changes["changed"].push_back(labelOf(id));
+    for (const Product& product : then) {
+        const Product* same = findIn(now, product.id);
+        if (same == nullptr) {
+            changes["removed"].push_back(labelOf(product.id));
+        } else if (!vrix::compare(product, *same).empty()) {
+            changes["changed"].push_back(labelOf(product.id));
         }
     }
     for (const Product& product : now) {
-        if (!isAmong(before, product.id)) changes["added"].push_back(labelOf(product.id));
+        if (findIn(then, product.id) == nullptr) changes["added"].push_back(labelOf(product.id));
     }
     return changes;
 }
@@ -48,48 +45,47 @@ Json lineOf(Run& run, const std::string& name, const std::string& path, const st
     Json line = {{"backup", name}, {"file", path}};
     try {
         JournalSnapshot journal(path, Environment(), run.machine.disk());
-        line["products"] = ProductStore(journal).list().size();
-        line["since"] = changesSince(ProductStore(journal), now);
+        const std::vector<Product> then = readAll(ProductStore(journal));
+        line["products"] = then.size();
+        line["since"] = changesSince(then, now);
     } catch (const Refusal& refusal) {
         line["error"] = refusal.what();
     }
     return line;
 }
 
-void print(Run& run, const Json& line) {
-    if (line.contains("error")) {
-        run.print(line["backup"].get<std::string>() + "  " + line["error"].get<std::string>());
-        return;
+Lines linesOf(const Json& backup) {
+    const std::string name = backup["backup"].get<std::string>() + "  ";
+    if (backup.contains("error")) return {name + backup["error"].get<std::string>()};
+    Lines lines{name + counted(backup["products"], "Product")};
+    for (const auto& [what, labels] : backup["since"].items()) {
+        for (const std::string label : labels) lines.push_back("  " + what + " since: " + label);
     }
-    run.print(line["backup"].get<std::string>() + "  " + counted(line["products"].get<std::size_t>(), "Product"));
-    for (const auto& [what, labels] : line["since"].items()) {
-        for (const Json& label : labels) run.print("  " + what + " since: " + label.get<std::string>());
-    }
-}
-
-void needBackups(const Store& store) {
-    if (store.backups() == nullptr) {
-        throw Refusal(Refusal::Kind::notFound, "a journal that you name has no backups of its own: copy the file");
-    }
+    return lines;
 }
 
 }  // namespace
 
 ExitCode backups(Run& run) {
     Store store(run, Store::Use::reading);
-    needBackups(store);
-    Json lines = Json::array();
+    const BackupFolder* folder = store.backups();
+    if (folder == nullptr) {
+        throw Refusal(Refusal::Kind::notFound, "a journal that you name has no backups of its own: copy the file");
+    }
     const std::vector<Product> now = readAll(store.products());
-    for (const std::string& name : store.backups()->names()) {
-        lines.push_back(lineOf(run, name, store.backups()->pathOf(name), now));
+    const std::size_t unreachable = store.products().unreachable({});
+    Json all = Json::array();
+    Lines lines;
+    for (const std::string& name : folder->names()) {
+        all.push_back(lineOf(run, name, folder->pathOf(name), now));
+        if (unreachable > 0) all.back()["unreachable"] = unreachable;
+        for (std::string& line : linesOf(all.back())) lines.push_back(std::move(line));
     }
-    if (run.request.json) {
-        run.printJson(lines);
-    } else if (lines.empty()) {
-        run.print("There are no backups.");
-    } else {
-        for (const Json& line : lines) print(run, line);
+    if (all.empty()) lines.push_back("There are no backups.");
+    if (unreachable > 0) {
+        lines.push_back("No backup holds what no call can reach: " + counted(unreachable, "value") + " of the store.");
     }
+    run.answer(all, lines);
     return ExitCode::done;
 }
 
@@ -121,9 +117,7 @@ std::vector<Step> bringBackAll(Run& run, const ProductStore& backup, const Produ
     std::vector<Step> steps;
     const std::vector<Product> all = readAll(backup);
     for (const ProductId& id : now.list()) {
-        const bool isOld =
-            std::any_of(all.begin(), all.end(), [&](const Product& p) { return isSameProduct(p.id, id); });
-        if (run.request.merge || isOld) continue;
+        if (run.request.merge || findIn(all, id) != nullptr) continue;
         steps.push_back({labelOf(id), [id](const ProductStore& store) { return planRemoval(store, id); }});
     }
     steps.push_back({"", [&run, &backup](const ProductStore& s) { return planLists(s, backup, unnamed(run)); }});
@@ -138,7 +132,7 @@ std::vector<Step> bringBackAll(Run& run, const ProductStore& backup, const Produ
 }  // namespace
 
 ExitCode restore(Run& run) {
-    Store store(run, run.request.dryRun ? Store::Use::rehearsing : Store::Use::writing);
+    Store store(run, Store::Use::writing);
     JournalSnapshot journal(backupPath(run, store, run.request.operands.at(0)), Environment(), run.machine.disk());
     const ProductStore backup(journal);
     perform(

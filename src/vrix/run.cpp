@@ -1,17 +1,19 @@
 #include "vrix/run.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
+#include <array>
+#include <cstdio>
+
+#include "common/utf8.h"
 
 namespace vrix {
 
 namespace {
 
-constexpr std::string_view hexDigits = "0123456789abcdef";
-
-std::string escapedByte(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return std::string("\\x") + hexDigits[byte / 16] + hexDigits[byte % 16];
+std::string escape(const char* form, unsigned number) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), form, number);
+    return text.data();
 }
 
 // How many characters a text of UTF-8 has.
@@ -22,24 +24,28 @@ std::size_t widthOf(const std::string& text) {
 
 }  // namespace
 
-std::string jsonText(const nlohmann::ordered_json& json, int indent) {
-    return json.dump(indent, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
-}
-
-std::string shown(const std::string& text) {
+std::string shown(std::string_view text) {
     std::string safe;
-    for (const char c : text) {
-        if (c == '\n') {
+    for (std::size_t at = 0; at < text.size();) {
+        const auto [number, size] = codePointAt(text, at);
+        if (number == '\n') {
             safe += "\\n";
-        } else if (c == '\r') {
+        } else if (number == '\r') {
             safe += "\\r";
-        } else if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-            safe += escapedByte(c);
+        } else if (number < 0x20 || number == 0x7F || number == CodePoint::none) {
+            safe += escape("\\x%02x", static_cast<unsigned char>(text[at]));
+        } else if (isHalf(number) || (number >= 0x80 && number < 0xA0)) {
+            safe += escape("\\u%04x", number);
         } else {
-            safe += c;
+            safe += text.substr(at, size);
         }
+        at += size;
     }
     return safe;
+}
+
+std::string jsonText(const Json& json, int indent) {
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
 }
 
 std::string counted(std::size_t count, const std::string& what) {
@@ -52,22 +58,22 @@ Refusal diskRefusal(Disk& disk, const std::string& what) {
     return {Refusal::Kind::refused, what + " (" + disk.reason() + ")"};
 }
 
-std::string tableText(const std::vector<std::vector<std::string>>& rows) {
+Lines tableLines(const std::vector<Lines>& rows) {
     std::vector<std::size_t> widths;
-    for (const auto& row : rows) {
+    for (const Lines& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], widthOf(row[i]));
+        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], widthOf(shown(row[i])));
     }
-    std::string text;
-    for (const auto& row : rows) {
+    Lines lines;
+    for (const Lines& row : rows) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i) {
-            line += row[i] + std::string(widths[i] - widthOf(row[i]) + 2, ' ');
+            line += row[i] + std::string(widths[i] - widthOf(shown(row[i])) + 2, ' ');
         }
         line.resize(line.find_last_not_of(' ') + 1);
-        text += line + '\n';
+        lines.push_back(std::move(line));
     }
-    return text;
+    return lines;
 }
 
 }  // namespace vrix

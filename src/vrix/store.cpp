@@ -6,35 +6,42 @@
 
 namespace vrix {
 
-Store::Store(Run& run, const StoreChoice& choice, Use use)
-    : machine_(run.machine),
-      isRegistry_(choice.kind.value_or(StoreChoice::Kind::registry) == StoreChoice::Kind::registry) {
-    if (isRegistry_) {
-        openRegistry(choice.view);
-    } else if (choice.kind == StoreChoice::Kind::trial) {
+std::unique_ptr<EmbeddedRegistry> copyOf(const ProductStore& store) {
+    Plan plan;
+    store.walk({}, [&](StoredKey key) {
+        plan.push_back({StoreChange::Kind::makeKey, key.path});
+        for (StoredValue& value : key.values) {
+            plan.push_back({StoreChange::Kind::setValue, key.path, std::move(value)});
+        }
+    });
+    auto copy = std::make_unique<EmbeddedRegistry>();
+    perform(*copy, plan);
+    return copy;
+}
+
+Store::Store(Run& run, Use use) : machine_(run.machine) {
+    const bool isRehearsal = use == Use::writing && run.request.dryRun;
+    const bool writes = use == Use::writing && !isRehearsal;
+    if (run.request.isOnRegistry()) {
+        openRegistry(run.request.view);
+    } else if (run.request.isTrial) {
         // Where the Trial has never run, its store is empty.
-        openJournal(machine_.localDataFolder("Vrix Toolkit Trial") + "store.journal", use, true);
+        openJournal(machine_.localDataFolder("Vrix Toolkit Trial") + "store.journal", writes, true);
         keepBackupsIn(machine_.localDataFolder(trialBackups));
     } else {
-        openJournal(backupNamed(choice.path), use, false);
+        openJournal(backupNamed(run.request.store), writes, isRehearsal);
     }
-    if (use == Use::writing && backups_ && !run.request.noBackup) {
+    if (isRehearsal) store_ = copyOf(ProductStore(*store_));
+    if (writes && backups_ && !run.request.noBackup) {
         backedUp_ = std::make_unique<BackedUpRegistry>(*store_, [this] { backUp(); });
     }
 }
 
-Registry& Store::registry() { return backedUp_ ? *backedUp_ : *store_; }
-
-void Store::change(const Plan& plan, std::size_t& made) {
+void Store::change(const Plan& plan, std::size_t* made) {
     perform(registry(), plan, made);
     if (journal_ != nullptr && !journal_->sync()) {
         throw Refusal(Refusal::Kind::refused, "the disk has not confirmed the changes: a loss of power may undo them");
     }
-}
-
-void Store::change(const Plan& plan) {
-    std::size_t made = 0;
-    change(plan, made);
 }
 
 void Store::backUp() {
@@ -52,18 +59,18 @@ void Store::openRegistry(RegistryView view) {
                                                    ? "this system has no registry: name a journal by --store FILE"
                                                    : "this system has no registry of that view");
     }
-    const RegistryView real = view == RegistryView::own ? machine_.ownView() : view;
-    keepBackupsIn(machine_.localDataFolder(registryBackups(real == RegistryView::bits64 ? 64 : 32)));
+    if (view == RegistryView::own) view = machine_.ownView();
+    keepBackupsIn(machine_.localDataFolder(registryBackups(view == RegistryView::bits64 ? 64 : 32)));
 }
 
-void Store::openJournal(const std::string& path, Use use, bool mayLack) {
-    if (use == Use::writing) {
+void Store::openJournal(const std::string& path, bool writes, bool mayLack) {
+    if (writes) {
         auto journal = std::make_unique<JournalRegistry>(path, Environment(), machine_.disk());
         journal_ = journal.get();
         store_ = std::move(journal);
     } else if (machine_.disk().kindOf(path) == PathKind::file) {
         store_ = std::make_unique<JournalSnapshot>(path, Environment(), machine_.disk());
-    } else if (use == Use::rehearsing || mayLack) {
+    } else if (mayLack) {
         store_ = std::make_unique<EmbeddedRegistry>();
     } else {
         throw Refusal(Refusal::Kind::notFound, "the store " + quoted(path) + " is not there");
@@ -73,11 +80,10 @@ void Store::openJournal(const std::string& path, Use use, bool mayLack) {
 // The file of a backup that is named as in the list of backups; any other text is a path.
 std::string Store::backupNamed(const std::string& text) {
     Disk& disk = machine_.disk();
-    const bool isOwnWide = machine_.ownView() == RegistryView::bits64;
-    const bool mayBe = BackupFolder::isName(text) && disk.kindOf(text) != PathKind::file;
+    const int width = machine_.ownView() == RegistryView::bits64 ? 64 : 32;
+    if (!BackupFolder::isName(text) || disk.kindOf(text) == PathKind::file) return text;
     for (const std::string& folder :
-         {registryBackups(isOwnWide ? 64 : 32), registryBackups(isOwnWide ? 32 : 64), std::string(trialBackups)}) {
-        if (!mayBe) break;
+         {registryBackups(width), registryBackups(width == 64 ? 32 : 64), std::string(trialBackups)}) {
         const BackupFolder backups(machine_.localDataFolder(folder), disk);
         if (const auto name = backups.find(text)) return backups.pathOf(*name);
     }

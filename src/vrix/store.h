@@ -5,7 +5,7 @@
 #include <string>
 
 #include "backup/backup_folder.h"
-#include "platform/registry.h"
+#include "makers/embedded/embedded_registry.h"
 #include "product/plan.h"
 #include "product/product_store.h"
 #include "vrix/run.h"
@@ -14,43 +14,42 @@ namespace vrix {
 
 class JournalRegistry;
 
+// A registry in memory that holds what the store does.
+std::unique_ptr<EmbeddedRegistry> copyOf(const ProductStore& store);
+
 // The store that a run works on, open. A journal that is only read stays as it is. One that is written to must be free:
 // it is refused while another program has it.
 class Store {
 public:
-    enum class Use { reading, rehearsing, writing };
+    enum class Use { reading, writing };
 
-    // Throws Refusal for a store that is not there, that may not be used, or that nobody named where the system has no
-    // registry. A journal that is missing is made for writing, and empty when writing is only rehearsed.
-    Store(Run& run, const StoreChoice& choice, Use use);
-    Store(Run& run, Use use) : Store(run, run.request.store, use) {}
+    // With --dry-run writing is only rehearsed, on a copy in memory. Throws Refusal for a store that is not there, that
+    // may not be used, or that nobody named where the system has no registry. A journal that is missing is made for
+    // writing.
+    Store(Run& run, Use use);
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
 
     // Where the run writes, the first change is preceded by a backup, unless the request forbids it. Journals that the
     // user names have none: they can be copied as files.
-    Registry& registry();
+    Registry& registry() { return backedUp_ ? *backedUp_ : *store_; }
     ProductStore products() { return ProductStore(registry()); }
-    // Makes the changes and counts in `made` those that are made. Once it returns, those of a journal are on the disk
+    // Makes the changes and adds to `made` those that are made. Once it returns, those of a journal are on the disk
     // itself. Throws Refusal.
-    void change(const Plan& plan, std::size_t& made);
-    void change(const Plan& plan);
+    void change(const Plan& plan, std::size_t* made = nullptr);
     // The backups of this store, or null.
     BackupFolder* backups() const { return backups_.get(); }
     // The backup that was made; empty if none was.
     const std::string& backup() const { return backup_; }
-    bool isRegistry() const { return isRegistry_; }
 
 private:
     void openRegistry(RegistryView view);
-    void openJournal(const std::string& path, Use use, bool mayLack);
+    void openJournal(const std::string& path, bool writes, bool mayLack);
     std::string backupNamed(const std::string& text);
     void keepBackupsIn(const std::string& folder);
-
     void backUp();
 
     Machine& machine_;
-    bool isRegistry_;
     std::unique_ptr<Registry> store_;
     JournalRegistry* journal_ = nullptr;  // the store, where it is one that is written to
     std::unique_ptr<BackupFolder> backups_;

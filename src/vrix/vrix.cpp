@@ -1,8 +1,6 @@
 #include "vrix/vrix.h"
 
-#include <array>
 #include <exception>
-#include <nlohmann/json.hpp>
 
 #include "common/refusal.h"
 #include "common/runtime_failure.h"

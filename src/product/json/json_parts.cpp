@@ -4,7 +4,7 @@
 #include <set>
 #include <unordered_map>
 
-#include "product/view.h"
+#include "product/dependency_names.h"
 #include "store/option_table.h"
 
 namespace vrix {
@@ -100,10 +100,16 @@ std::unordered_map<std::string, std::string> plainTexts(const Values& values) {
 
 class TopicWriter {
 public:
-    explicit TopicWriter(const Product& product)
-        : indexes_(plainTexts(product.values(part::indexTable))), rows_(plainTexts(product.values(part::matrix))) {
+    // Where both lists have a Topic of one name, its index is the first one's.
+    explicit TopicWriter(const Product& product) : rows_(plainTexts(product.values(part::matrix))) {
+        auto indexes = plainTexts(product.values(part::indexTable));
         for (const KeyPath& path : {part::topics, part::addedTopics}) {
-            for (const StoredValue& topic : product.values(path)) nameIndex(topic.name);
+            for (const StoredValue& topic : product.values(path)) {
+                const auto index = indexes.extract(topic.name);
+                const bool isNumber = !index.empty() && plainNumber(index.mapped(), 0);
+                indexOf_.push_back(isNumber ? index.mapped() : "");
+                if (isNumber) topicAt_.emplace(index.mapped(), topic.name);
+            }
         }
     }
 
@@ -114,15 +120,6 @@ public:
     }
 
 private:
-    // The index of the next Topic. Where both lists have one of that name, it is the first one's.
-    void nameIndex(const std::string& topic) {
-        const auto index = indexes_.find(topic);
-        const bool isFirst = named_.insert(topic).second;
-        const bool isNumber = index != indexes_.end() && plainNumber(index->second, 0);
-        indexOf_.push_back(isFirst && isNumber ? index->second : "");
-        if (!indexOf_.back().empty()) topicAt_.emplace(index->second, topic);
-    }
-
     Json topicOf(const StoredValue& topic) {
         Json json = {{"name", jsonName(topic.name)}, {"file", jsonContent(topic)}};
         const std::string& index = indexOf_.at(row_);
@@ -133,10 +130,10 @@ private:
 
     // The Topics of a dependency row. Nothing where the row is missing, told already, or no list of numbers.
     Json rowOf(const std::string& index) {
-        const auto row = rows_.find(index);
-        if (row == rows_.end() || !told_.insert(index).second) return nullptr;
+        const auto row = rows_.extract(index);
+        if (row.empty()) return nullptr;
         Json names = Json::array();
-        for (const std::string& number : numbersOf(row->second)) {
+        for (const std::string& number : numbersOf(row.mapped())) {
             if (!plainNumber(number, 0)) return nullptr;
             const auto topic = topicAt_.find(number);
             names.push_back(topic == topicAt_.end() ? Json(*plainNumber(number, 0)) : jsonName(topic->second));
@@ -144,12 +141,9 @@ private:
         return names;
     }
 
-    std::unordered_map<std::string, std::string> indexes_;  // by Topic
-    std::unordered_map<std::string, std::string> rows_;     // by index
+    std::unordered_map<std::string, std::string> rows_;     // by index; those that stand with no Topic yet
     std::unordered_map<std::string, std::string> topicAt_;  // by index
-    std::set<std::string> named_;
-    std::vector<std::string> indexOf_;  // by row; empty where the Topic has none
-    std::set<std::string> told_;        // indexes whose row stands with a Topic
+    std::vector<std::string> indexOf_;                      // by row; empty where the Topic has none
     std::size_t row_ = 0;
 };
 
@@ -219,9 +213,10 @@ private:
         return row;
     }
     static std::string numberOf(const Json& number, const std::string& place) {
-        const std::size_t index = countOf(number, place);
-        if (index > INT32_MAX) throw malformed(place, "this number is too large");
-        return std::to_string(index);
+        if (!number.is_number_integer() || number < 0)
+            throw malformed(place, "a whole number from 0 should stand here");
+        if (number > INT32_MAX) throw malformed(place, "this number is too large");
+        return number.dump();
     }
     std::string indexOf(const Json& topic, const std::string& place) const {
         const std::string name = readName(topic, place);

@@ -109,11 +109,6 @@ const Json& memberOf(const Json& object, const char* name, const std::string& pl
     return *found;
 }
 
-std::size_t countOf(const Json& number, const std::string& place) {
-    if (!number.is_number_integer() || number < 0) throw malformed(place, "a whole number from 0 should stand here");
-    return number.get<std::size_t>();
-}
-
 const Json& arrayOf(const Json& array, const std::string& place) {
     if (!array.is_array()) throw malformed(place, "an array should stand here");
     return array;

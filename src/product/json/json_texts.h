@@ -27,8 +27,6 @@ StoredValue readContent(std::string name, const Json& json, const std::string& p
 void expectMembers(const Json& object, const std::vector<std::string_view>& known, const std::string& place);
 // The member, which must be there.
 const Json& memberOf(const Json& object, const char* name, const std::string& place);
-// A whole number from 0; refused otherwise.
-std::size_t countOf(const Json& number, const std::string& place);
 // The array; refused otherwise.
 const Json& arrayOf(const Json& array, const std::string& place);
 

@@ -1,14 +1,12 @@
 #include "product/json/product_json.h"
 
 #include <algorithm>
-#include <map>
+#include <iterator>
 #include <set>
-#include <unordered_map>
 #include <utility>
 
 #include "common/utf8.h"
 #include "product/json/json_parts.h"
-#include "product/json/json_reader.h"
 #include "product/json/json_texts.h"
 
 namespace vrix {
@@ -17,26 +15,19 @@ namespace {
 
 // ---- What the other members cannot tell ----
 
-// What is told of a key that the other members tell as `told`: the order of those values, and more values.
+// What is told of a key that the other members tell as `told`: its values from the first on that stands elsewhere in
+// the key, those of `told` by their names alone.
 Json otherOf(const StoredKey& key, const Values& told) {
     const ValuesByName known = byName(told);
-    Json path = Json::array();
-    Json names = Json::array();
-    Json order = Json::array();
-    Json more = Json::array();
-    for (const std::string& name : key.path) path.push_back(jsonName(name));
-    for (const StoredValue& value : told) names.push_back(jsonName(value.name));
-    for (const StoredValue& value : key.values) {
-        if (known.contains(value.name)) {
-            order.push_back(jsonName(value.name));
-        } else {
-            const std::size_t at = order.size() + more.size();
-            more.push_back({{"at", at}, {"name", jsonName(value.name)}, {"value", jsonContent(value)}});
-        }
+    const auto hasSameName = [](const StoredValue& a, const StoredValue& b) { return a.name == b.name; };
+    auto value = std::mismatch(key.values.begin(), key.values.end(), told.begin(), told.end(), hasSameName).first;
+    Json other = {{"key", Json::array()}};
+    for (const std::string& name : key.path) other["key"].push_back(jsonName(name));
+    for (; value != key.values.end(); ++value) {
+        const Json name = jsonName(value->name);
+        const bool isTold = known.contains(value->name);
+        other["values"].push_back(isTold ? name : Json{{"name", name}, {"value", jsonContent(*value)}});
     }
-    Json other = {{"key", std::move(path)}};
-    if (order != names) other["order"] = std::move(order);
-    if (!more.empty()) other["values"] = std::move(more);
     return other;
 }
 
@@ -50,63 +41,51 @@ Json othersOf(const Product& product, const Product& told) {
     return others;
 }
 
-class OtherReader {
-public:
-    explicit OtherReader(Product& product) : keys_(product) {}
+KeyPath pathOf(const Json& names, const std::string& place) {
+    KeyPath path;
+    for (const Json& name : arrayOf(names, place)) {
+        path.push_back(readName(name, place));
+        if (!isKeyName(path.back())) throw malformed(place, "this is no name of a key");
+    }
+    return path;
+}
 
-    void read(const Json& other, const std::string& place) {
-        expectMembers(other, {"key", "order", "values"}, place);
+// The values of a key in their order: those that are not listed stay in front.
+Values reordered(const Values& there, const Json& values, const std::string& place) {
+    ValuesByName unlisted = byName(there);
+    Values listed;
+    for (const Json& value : arrayOf(values, place)) {
+        const std::string here = place + '/' + std::to_string(listed.size());
+        if (value.contains("name")) {
+            expectMembers(value, {"name", "value"}, here);
+            std::string name = readName(value["name"], here + "/name");
+            listed.push_back(readContent(std::move(name), memberOf(value, "value", here), here + "/value"));
+        } else {
+            const auto known = unlisted.extract(readName(value, here));
+            if (known.empty()) throw malformed(here, "no other member tells this value, or it stands twice");
+            listed.push_back(*known.mapped());
+        }
+    }
+    Values all;
+    std::copy_if(there.begin(), there.end(), std::back_inserter(all),
+                 [&](const StoredValue& value) { return unlisted.contains(value.name); });
+    std::move(listed.begin(), listed.end(), std::back_inserter(all));
+    return all;
+}
+
+void readOthers(const Json& others, Product& product) {
+    KeyMaker keys(product);
+    std::set<std::string> seen;
+    for (const Json& other : arrayOf(others, "/other")) {
+        const std::string place = "/other/" + std::to_string(seen.size());
+        expectMembers(other, {"key", "values"}, place);
         const KeyPath path = pathOf(memberOf(other, "key", place), place + "/key");
-        if (!seen_.insert(foldedPath(path)).second) throw malformed(place + "/key", "this key stands twice");
-        StoredKey& key = keys_.at(path);
+        if (!seen.insert(foldedPath(path)).second) throw malformed(place + "/key", "this key stands twice");
+        StoredKey& key = keys.at(path);
         key.path = path;
-        if (other.contains("order")) putInOrder(key, other["order"], place + "/order");
-        if (other.contains("values")) putBetween(key, other["values"], place + "/values");
+        if (other.contains("values")) key.values = reordered(key.values, other["values"], place + "/values");
     }
-
-private:
-    static KeyPath pathOf(const Json& names, const std::string& place) {
-        KeyPath path;
-        for (const Json& name : arrayOf(names, place)) {
-            path.push_back(readName(name, place));
-            if (!isKeyName(path.back())) throw malformed(place, "this is no name of a key");
-        }
-        return path;
-    }
-
-    static void putInOrder(StoredKey& key, const Json& order, const std::string& place) {
-        ValuesByName told = byName(key.values);
-        Values sorted;
-        for (const Json& name : arrayOf(order, place)) {
-            const auto found = told.find(readName(name, place));
-            if (found == told.end()) throw malformed(place, "a name is not there, or stands twice");
-            sorted.push_back(*found->second);
-            told.erase(found);
-        }
-        if (!told.empty()) throw malformed(place, "a name is missing");
-        key.values = std::move(sorted);
-    }
-
-    static void putBetween(StoredKey& key, const Json& values, const std::string& place) {
-        std::size_t number = 0;
-        Values all;
-        auto told = key.values.begin();
-        for (const Json& value : arrayOf(values, place)) {
-            const std::string here = place + '/' + std::to_string(number++);
-            expectMembers(value, {"at", "name", "value"}, here);
-            const std::size_t at = countOf(memberOf(value, "at", here), here + "/at");
-            while (all.size() < at && told != key.values.end()) all.push_back(std::move(*told++));
-            if (all.size() != at) throw malformed(here + "/at", "there is no such place");
-            std::string name = readName(memberOf(value, "name", here), here + "/name");
-            all.push_back(readContent(std::move(name), memberOf(value, "value", here), here + "/value"));
-        }
-        std::move(told, key.values.end(), std::back_inserter(all));
-        key.values = std::move(all);
-    }
-
-    KeyMaker keys_;
-    std::set<std::string> seen_;
-};
+}
 
 // ---- The whole ----
 
@@ -138,32 +117,29 @@ void refuseTwins(const Product& product) {
 
 }  // namespace
 
-std::string toJson(const Product& product, JsonForm form) {
+Json jsonOf(const Product& product) {
     Json json = identityOf(product);
     addOptions(json, product);
     addTopics(json, product);
     addSmartFields(json, product);
     Json others = othersOf(product, toldBy(json));
     if (!others.empty()) json["other"] = std::move(others);
-    return form == JsonForm::oneLine ? json.dump() : json.dump(2) + '\n';
+    return json;
 }
 
-Product fromJson(std::string_view text) {
-    const Json json = parsedJson(text);
+Product productOf(const Json& json) {
     expectMembers(
         json, {"$schema", "name", "key", "tree", "created", "options", "topics", "addedTopics", "smartFields", "other"},
         "");
     Product product = toldBy(json);
-    if (json.contains("other")) {
-        OtherReader reader(product);
-        std::size_t number = 0;
-        for (const Json& other : arrayOf(json["other"], "/other")) {
-            reader.read(other, "/other/" + std::to_string(number++));
-        }
-    }
+    if (json.contains("other")) readOthers(json["other"], product);
     refuseTwins(product);
     product.sortKeys();
     return product;
 }
+
+std::string toJson(const Product& product) { return jsonOf(product).dump(2) + '\n'; }
+
+Product fromJson(std::string_view text) { return productOf(parsedJson(text)); }
 
 }  // namespace vrix

@@ -3,14 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "product/json/json_reader.h"
 #include "product/product.h"
 
 namespace vrix {
 
-enum class JsonForm { indented, oneLine };
-
-// The Product as JSON in UTF-8, one object, indented with a line end behind it, or as one line without. The same
-// Product always gives the same bytes.
+// The Product as JSON, one object. The same Product always gives the same JSON.
 //
 // Members: "name", "key", "tree" ("toolkit" or "installed"), "created", "options" (true and false for switches, numbers
 // for positions), "topics" and "addedTopics" (each with "name", "file" and "dependsOn", the names of other Topics),
@@ -18,14 +16,17 @@ enum class JsonForm { indented, oneLine };
 // holds half a character is {"utf16": "0041D800"}; a value that the Toolkit would not write so is {"type": "REG_SZ",
 // "text": "50%"}, {"type": "REG_SZ", "utf16": "0041D8000000"} or {"type": "REG_DWORD", "bytes": "01000000"}.
 // productSchema() tells all forms.
-std::string toJson(const Product& product, JsonForm form = JsonForm::indented);
+Json jsonOf(const Product& product);
 
-// The Product of such a text, in UTF-8, or in UTF-16 or UTF-8 with its mark. Throws Refusal (malformed), which tells
-// the place as a JSON pointer, for what is no JSON, unknown, missing or doubled members, wrong types, and keys that no
-// Product may have.
+// The Product of such JSON. Throws Refusal (malformed), which tells the place as a JSON pointer, for unknown or missing
+// members, wrong types, and keys that no Product may have.
+Product productOf(const Json& json);
+
+// The same as text, written as UTF-8, indented, with a line end behind it. parsedJson() says what is read.
+std::string toJson(const Product& product);
 Product fromJson(std::string_view json);
 
-// The JSON schema (2020-12) of such a text, indented, with a line end behind it.
-std::string productSchema();
+// The JSON schema (2020-12) of a Product's JSON.
+Json productSchema();
 
 }  // namespace vrix

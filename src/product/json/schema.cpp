@@ -44,13 +44,13 @@ Json topicSchema() {
 }
 
 Json otherSchema() {
-    const Json value = closedObject(
-        {{"at", {{"type", "integer"}, {"minimum", 0}}}, {"name", reference("text")}, {"value", reference("content")}},
-        {"at", "name", "value"});
+    const Json more = closedObject({{"name", reference("text")}, {"value", reference("content")}}, {"name", "value"});
+    const Json value = {{"anyOf", {reference("text"), more}}};
     return closedObject(
         {{"key", described(listOf(reference("text")), "The names of the keys from the Product's root downwards.")},
-         {"order", described(listOf(reference("text")), "The values that stand elsewhere, in the store's order.")},
-         {"values", described(listOf(value), "More values, each with its place among all.")}},
+         {"values", described(listOf(value),
+                              "The last values of the key in the store's order: by its name alone each "
+                              "that another member tells, and more values.")}},
         Json::array({"key"}));
 }
 
@@ -82,7 +82,7 @@ Json definitions() {
 
 }  // namespace
 
-std::string productSchema() {
+Json productSchema() {
     const Json tree = {{"enum", {"toolkit", "installed"}}, {"default", "toolkit"}};
     Json schema = {{"$schema", "https://json-schema.org/draft/2020-12/schema"}, {"title", "Product"}};
     schema.update(
@@ -98,7 +98,7 @@ std::string productSchema() {
                       {"other", described(listOf(reference("other")), "What the other members cannot tell.")}},
                      Json::array({"key"})));
     schema["$defs"] = definitions();
-    return schema.dump(2) + '\n';
+    return schema;
 }
 
 }  // namespace vrix

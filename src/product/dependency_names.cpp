@@ -1,10 +1,9 @@
-#include "product/view.h"
+#include "product/dependency_names.h"
 
 #include <algorithm>
 #include <map>
 
 #include "common/utf8.h"
-#include "store/option_table.h"
 
 namespace vrix {
 
@@ -52,34 +51,6 @@ std::vector<std::string> DependencyNames::named(const std::string& row) const {
 
 std::vector<std::string> DependencyNames::of(const std::string& topic) const {
     return named(textAt(rows_, textAt(indexes_, topic)));
-}
-
-namespace {
-
-std::vector<TopicView> topicsOf(const Values& values, const DependencyNames& dependencies) {
-    std::vector<TopicView> topics;
-    for (const StoredValue& topic : values) {
-        topics.push_back({topic.name, textOf(topic), dependencies.of(topic.name)});
-    }
-    return topics;
-}
-
-}  // namespace
-
-ProductView viewOf(const Product& product) {
-    ProductView view;
-    view.id = product.id;
-    view.created = createdOf(product);
-    const Values& options = product.values(part::options);
-    for (const OptionRow& option : optionTable()) {
-        const StoredValue* value = findValue(options, option.name);
-        if (value != nullptr) view.options.emplace_back(option.name, textOf(*value));
-    }
-    const DependencyNames dependencies(product);
-    view.topics = topicsOf(product.values(part::topics), dependencies);
-    view.addedTopics = topicsOf(product.values(part::addedTopics), dependencies);
-    for (const StoredValue& field : product.values(part::smartFields)) view.smartFields.push_back(textOf(field));
-    return view;
 }
 
 }  // namespace vrix
