@@ -24,8 +24,6 @@ public:
     // registry. A journal that is missing is made for writing, and empty when writing is only rehearsed.
     Store(Run& run, const StoreChoice& choice, Use use);
     Store(Run& run, Use use) : Store(run, run.request.store, use) {}
-    Store(const Store&) = delete;
-    Store& operator=(const Store&) = delete;
 
     // Where the run writes, the first change is preceded by a backup, unless the request forbids it. Journals that the
     // user names have none: they can be copied as files.
