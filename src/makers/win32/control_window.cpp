@@ -86,12 +86,6 @@ bool ControlWindow::setText(const std::wstring& text) {
     return true;
 }
 
-std::wstring ControlWindow::shortenedTo(int width, const std::wstring& text) const {
-    std::wstring result = shortened(font(), text, width);
-    owner_.explain(handle(), result == text ? std::wstring() : text);
-    return result;
-}
-
 void ControlWindow::setStyle(LONG_PTR bits, bool on) {
     const LONG_PTR after = on ? styleBits() | bits : styleBits() & ~bits;
     if (after != styleBits()) SetWindowLongPtrW(handle(), GWL_STYLE, after);

@@ -79,7 +79,6 @@ private:
 
     void makeControls();
     void layOut();
-    void measureRegions();
     void notified(ControlWindow& window, int code);
     void paint(HDC dc, const RECT& area) const;
 
