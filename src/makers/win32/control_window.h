@@ -57,7 +57,7 @@ protected:
 
     // A box for one line of text: as high as its font needs, in the middle of the control's place.
     RECT lineBox() const;
-    bool setText(const std::wstring& text);  // if it differs; tells whether it did
+    void setText(const std::wstring& text);  // if it differs
     // A text that is cut stands whole in a tip.
     void explain(const std::wstring& text, bool cut) const { owner_.explain(handle(), cut ? text : std::wstring()); }
     void setStyle(LONG_PTR bits, bool on);

@@ -126,16 +126,9 @@ OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
 void OptionButtonWindow::update() {
     ControlWindow::update();
     show(asSeen(wide(button_.caption())), button_.chosen());
-    placeTabStop();
-}
-
-// Tab stops at the chosen button of the group, or at its first while none is chosen.
-void OptionButtonWindow::placeTabStop() {
-    const OptionButton* stop = nullptr;
+    // Tab stops at the chosen button of the group, or at its first while none is chosen.
     const auto all = group();
-    for (const OptionButton* other : all) {
-        if (stop == nullptr || other->chosen()) stop = other;
-    }
+    const OptionButton* stop = chosen() != nullptr ? chosen() : all.front();
     for (const OptionButton* other : all) {
         if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*other))) {
             window->setStyle(WS_TABSTOP, other == stop);
@@ -143,13 +136,14 @@ void OptionButtonWindow::placeTabStop() {
     }
 }
 
-// The chosen button of the group, if that is another.
-const Control* OptionButtonWindow::standIn() const {
-    if (button_.chosen()) return nullptr;
+// The chosen button of the group; null while none is.
+const OptionButton* OptionButtonWindow::chosen() const {
     const auto all = group();
-    const auto chosen = std::find_if(all.begin(), all.end(), [](const OptionButton* other) { return other->chosen(); });
-    return chosen == all.end() ? nullptr : *chosen;
+    const auto found = std::find_if(all.begin(), all.end(), [](const OptionButton* other) { return other->chosen(); });
+    return found == all.end() ? nullptr : *found;
 }
+
+const Control* OptionButtonWindow::standIn() const { return button_.chosen() ? nullptr : chosen(); }
 
 void OptionButtonWindow::notified(int code) {
     if (code == BN_CLICKED) screen().event([this] { button_.choose(); });

@@ -56,7 +56,7 @@ public:
 
 private:
     std::vector<OptionButton*> group() const { return only<OptionButton>(button_.parent().children()); }
-    void placeTabStop();
+    const OptionButton* chosen() const;
     OptionButton& button_;
 };
 

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <set>
 #include <string>
 
 namespace vrix {
@@ -18,7 +17,6 @@ public:
 
 private:
     HWND window_ = nullptr;  // made for the first tip; goes with its owner
-    std::set<HWND> tools_;
 };
 
 }  // namespace vrix
