@@ -59,7 +59,7 @@ protected:
     RECT lineBox() const;
     void setText(const std::wstring& text);  // if it differs
     // A text that is cut stands whole in a tip.
-    void explain(const std::wstring& text, bool cut) const { owner_.explain(handle(), cut ? text : std::wstring()); }
+    void explain(const std::wstring& text, bool cut) const { owner_.tips().set(handle(), cut ? text : std::wstring()); }
     void setStyle(LONG_PTR bits, bool on);
 
 private:

@@ -229,7 +229,7 @@ void MarkListWindow::explainRow(LPARAM pointer) {
     const std::wstring text = known ? wide(list_.rows()[static_cast<std::size_t>(row)].text) : std::wstring();
     const int room = clientArea().right - style().px(textLeft);
     const bool cut = shortened(font(), text, room) != text;
-    owner().explainAt(handle(), pointer, cut ? text : std::wstring());
+    owner().tips().setAt(handle(), pointer, cut ? text : std::wstring());
 }
 
 void MarkListWindow::takeMarks() {

@@ -207,7 +207,7 @@ void TaskPictureWindow::released(POINT at) {
 
 ImageButtonWindow::ImageButtonWindow(FormWindow& owner, ImageButton& button)
     : PressableWindow(owner, button, {L"BUTTON", buttonStyle}), button_(button) {
-    owner.explain(handle(), wide(button.tip));
+    owner.tips().set(handle(), wide(button.tip));
 }
 
 void ImageButtonWindow::update() {

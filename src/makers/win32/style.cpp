@@ -12,8 +12,7 @@ namespace vrix {
 namespace {
 
 bool highContrastOn() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof(contrast);
+    HIGHCONTRASTW contrast{sizeof(contrast), 0, nullptr};
     SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0);
     return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
