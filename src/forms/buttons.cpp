@@ -4,11 +4,6 @@
 
 namespace vrix {
 
-void ButtonLabel::setCaption(const std::string& caption) {
-    caption_ = caption;
-    changed();
-}
-
 ImageButton::ImageButton(Container& parent, std::string_view name, const Place& place, std::string_view caption,
                          char accessKey)
     : Control(parent, name, place, accessKey), label(parent, std::string(name) + "Lbl", place, caption) {}

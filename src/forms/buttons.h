@@ -6,18 +6,11 @@
 
 namespace vrix {
 
-class ImageButton;
-
 // The caption on an image button. A press on it presses the button. Moves over it differ from those over the picture.
-class ButtonLabel final : public Control {
+class ButtonLabel final : public Captioned {
 public:
     ButtonLabel(Container& parent, std::string_view name, const Place& place, std::string_view caption)
-        : Control(parent, name, place), caption_(caption) {}
-    const std::string& caption() const { return caption_; }
-    void setCaption(const std::string& caption);
-
-private:
-    std::string caption_;
+        : Captioned(parent, name, place, caption) {}
 };
 
 // A button that the program draws itself. It shows one face at a time and has one action. A press captures the mouse,

@@ -47,8 +47,11 @@ void Control::setEnabled(bool enabled) {
 
 void Control::takeFocus() { form().screen().focusWanted(*this); }
 
-void Control::restore(const std::string&) {}
-
 void Control::changed() { form().screen().controlChanged(*this); }
+
+void Captioned::setCaption(const std::string& caption) {
+    caption_ = caption;
+    changed();
+}
 
 }  // namespace vrix

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/fixed.h"
 #include "forms/place.h"
 
 namespace vrix {
@@ -12,12 +13,8 @@ class Control;
 class Form;
 
 // What can hold controls: a form, or a frame on it.
-class Container {
+class Container : Fixed {
 public:
-    Container() = default;
-    Container(const Container&) = delete;
-    Container& operator=(const Container&) = delete;
-
     virtual Form& form() = 0;
     virtual Bounds bounds() const = 0;
     const std::vector<Control*>& children() const { return children_; }
@@ -31,11 +28,9 @@ private:
 };
 
 // One control of a form: the base of all its classes. Controls are fields of their form and live as long as it does.
-class Control {
+class Control : Fixed {
 public:
     virtual ~Control() = default;
-    Control(const Control&) = delete;
-    Control& operator=(const Control&) = delete;
 
     const std::string& name() const { return name_; }
     Form& form() const { return parent_.form(); }
@@ -60,7 +55,7 @@ public:
     virtual std::string stored() const { return {}; }
     // Sets the content from its stored form. Where a number is needed: failure 13 for text that is none, 6 for one
     // beyond 16 bits, 380 for one that the control refuses.
-    virtual void restore(const std::string& text);
+    virtual void restore(const std::string& /*text*/) {}
     // Empties the content: no text, no check mark, no rows.
     virtual void clear() {}
 
@@ -75,6 +70,20 @@ private:
     char accessKey_;
     bool visible_ = true;
     bool enabled_ = true;
+};
+
+// A control that shows a text of the program.
+class Captioned : public Control {
+public:
+    const std::string& caption() const { return caption_; }
+    void setCaption(const std::string& caption);
+
+protected:
+    Captioned(Container& parent, std::string_view name, const Place& place, std::string_view caption = {})
+        : Control(parent, name, place), caption_(caption) {}
+
+private:
+    std::string caption_;
 };
 
 // Whether a control is of that class, as in is<TextBox>(control).

@@ -24,7 +24,9 @@ Form::Form(Screen& screen, std::string_view name, std::string_view caption, cons
 void Form::show() {
     if (!loaded_) {
         loaded_ = true;
-        centre();
+        const Size area = screen_.screenSize();
+        left_ = area.width / 2 - size_.width / 2;
+        top_ = area.height / 2 - size_.height / 2;
         load();
     }
     visible_ = true;
@@ -39,12 +41,6 @@ void Form::hide() {
 void Form::setEnabled(bool enabled) {
     enabled_ = enabled;
     screen_.formChanged(*this);
-}
-
-void Form::centre() {
-    const Size area = screen_.screenSize();
-    left_ = area.width / 2 - size_.width / 2;
-    top_ = area.height / 2 - size_.height / 2;
 }
 
 std::vector<Control*> Form::controls() const {

@@ -66,7 +66,6 @@ public:
 protected:
     // The form's own start routine, run once, at the end of loading.
     virtual void load() {}
-    void centre();
 
 private:
     Screen& screen_;

@@ -6,22 +6,11 @@
 
 namespace vrix {
 
-namespace {
-
-std::ptrdiff_t offset(int row) { return static_cast<std::ptrdiff_t>(row); }
-
-}  // namespace
-
 void TextBox::setText(const std::string& text) {
     if (text == text_) return;
     text_ = text;
     changed();
     if (onChange) onChange();
-}
-
-void CheckBox::setCaption(const std::string& caption) {
-    caption_ = caption;
-    changed();
 }
 
 void CheckBox::setValue(int value) {
@@ -31,11 +20,6 @@ void CheckBox::setValue(int value) {
 }
 
 void CheckBox::restore(const std::string& text) { setValue(toInt16(text)); }
-
-void OptionButton::setCaption(const std::string& caption) {
-    caption_ = caption;
-    changed();
-}
 
 void OptionButton::choose() {
     if (chosen_) return;
@@ -51,14 +35,14 @@ void OptionButton::choose() {
 
 void ComboBox::insertItem(const std::string& text, int row) {
     if (row < 0 || row > count()) throw RuntimeFailure(FailureNumber::invalidCall);
-    rows_.insert(rows_.begin() + offset(row), text);
+    rows_.insert(rows_.begin() + row, text);
     if (current_ >= row) ++current_;
     form().screen().rowsChanged(*this, RowChange::changed);
 }
 
 void ComboBox::removeItem(int row) {
     if (row < 0 || row >= count()) throw RuntimeFailure(FailureNumber::invalidCall);
-    rows_.erase(rows_.begin() + offset(row));
+    rows_.erase(rows_.begin() + row);
     if (current_ == row) {
         current_ = -1;
     } else if (current_ > row) {
@@ -69,13 +53,10 @@ void ComboBox::removeItem(int row) {
 
 void ComboBox::setListIndex(int row) {
     if (row < -1 || row >= count()) throw RuntimeFailure(FailureNumber::invalidPropertyValue);
-    if (row == current_) return;
-    makeCurrent(row);
+    if (row != current_) userChooses(row);
 }
 
-void ComboBox::userChooses(int row) { makeCurrent(row); }
-
-void ComboBox::makeCurrent(int row) {
+void ComboBox::userChooses(int row) {
     current_ = row;
     changed();
     if (onClick) onClick();

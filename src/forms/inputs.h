@@ -30,13 +30,11 @@ private:
 };
 
 // Its caption is shown as typed: "&" is an ordinary character.
-class CheckBox final : public Control {
+class CheckBox final : public Captioned {
 public:
     CheckBox(Container& parent, std::string_view name, const Place& place, std::string_view caption)
-        : Control(parent, name, place), caption_(caption) {}
+        : Captioned(parent, name, place, caption) {}
 
-    const std::string& caption() const { return caption_; }
-    void setCaption(const std::string& caption);
     int value() const { return value_; }
     void setValue(int value);  // 0 or 1; anything else is failure 380
 
@@ -45,25 +43,21 @@ public:
     void clear() override { setValue(0); }
 
 private:
-    std::string caption_;
     int value_ = 0;
 };
 
 // One of the option buttons of its container, of which at most one is chosen. In its caption "&&" stands for "&".
-class OptionButton final : public Control {
+class OptionButton final : public Captioned {
 public:
-    OptionButton(Container& parent, std::string_view name, const Place& place) : Control(parent, name, place) {}
+    OptionButton(Container& parent, std::string_view name, const Place& place) : Captioned(parent, name, place) {}
 
     // Raised when the button becomes the chosen one, by code or by the user.
     std::function<void()> onClick;
 
-    const std::string& caption() const { return caption_; }
-    void setCaption(const std::string& caption);
     bool chosen() const { return chosen_; }
     void choose();
 
 private:
-    std::string caption_;
     bool chosen_ = false;
 };
 
@@ -91,7 +85,6 @@ public:
     void clear() override;
 
 private:
-    void makeCurrent(int row);
     std::vector<std::string> rows_;
     int current_ = -1;
 };

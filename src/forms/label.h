@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "forms/control.h"
 
 namespace vrix {
@@ -16,19 +14,16 @@ enum class Look {
 };
 
 // Fixed text, shown as typed: "&" is an ordinary character.
-class Label final : public Control {
+class Label final : public Captioned {
 public:
     Label(Container& parent, std::string_view name, const Place& place, std::string_view caption,
           Look look = Look::body)
-        : Control(parent, name, place), caption_(caption), look_(look) {}
-    const std::string& caption() const { return caption_; }
-    void setCaption(const std::string& caption);
+        : Captioned(parent, name, place, caption), look_(look) {}
     Look look() const { return look_; }
     // The picture whose caption this is. A press on the label presses it.
     const Control* presses = nullptr;
 
 private:
-    std::string caption_;
     Look look_;
 };
 

@@ -36,10 +36,16 @@ public:
     std::function<void(bool inside)> onRelease;
 
     bool pressed() const { return pressed_; }
-    void setPressed(bool pressed);
+    void setPressed(bool pressed) {
+        pressed_ = pressed;
+        changed();
+    }
     void mouseDown() { setPressed(true); }
     // `x` and `y` are in 1/96 inch from the picture's corner. All edges count as outside.
-    void mouseUp(double x, double y);
+    void mouseUp(double x, double y) {
+        const Bounds area = bounds();
+        if (onRelease) onRelease(x > 0 && x < area.width && y > 0 && y < area.height);
+    }
 
 private:
     Art art_;

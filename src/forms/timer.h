@@ -2,16 +2,15 @@
 
 #include <functional>
 
+#include "common/fixed.h"
 #include "platform/screen.h"
 
 namespace vrix {
 
 // Raises its event every `interval` milliseconds while it is enabled.
-class Timer final {
+class Timer final : Fixed {
 public:
     Timer(Screen& screen, int interval) : screen_(screen), interval_(interval) {}
-    Timer(const Timer&) = delete;
-    Timer& operator=(const Timer&) = delete;
 
     std::function<void()> onTimer;
     int interval() const { return interval_; }

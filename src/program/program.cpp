@@ -4,11 +4,9 @@ namespace vrix {
 
 template <class Window>
 Window& Program::make() {
-    auto window = std::make_unique<Window>(toolkit_);
-    Window& made = *window;
-    toolkit_.forms.push_back(&made);
-    windows_.push_back(std::move(window));
-    return made;
+    windows_.push_back(std::make_unique<Window>(toolkit_));
+    toolkit_.forms.push_back(windows_.back().get());
+    return static_cast<Window&>(*windows_.back());
 }
 
 // The toolkit takes its members one by one, in their order, and each window is made as its turn comes. A window's

@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "common/fixed.h"
 #include "pages/edit/delete1.h"
 #include "pages/edit/delete2.h"
 #include "pages/edit/edit1.h"
@@ -33,11 +34,9 @@
 namespace vrix {
 
 // The running program: owner of the store's modules and of the one lasting instance of every window.
-class Program {
+class Program : Fixed {
 public:
     explicit Program(const Platform& platform);
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
 
     // Shows the splash, which leads on to the main screen. One event, to be run through runEvent().
     void start() { toolkit_.splashScreen.show(); }

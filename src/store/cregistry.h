@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "common/fixed.h"
 #include "platform/registry.h"
 #include "store/variant.h"
 
@@ -35,14 +36,12 @@ public:
     // For a run of reads and writes: as long as one lives, each key that values are read from or written to stays open
     // for the next of them. Only success is kept: what was refused is asked for again. A key that another program
     // deletes meanwhile is opened or made anew.
-    class KeptKeys {
+    class KeptKeys : Fixed {
     public:
         explicit KeptKeys(cRegistry& cursor) : cursor_(cursor) { ++cursor_.runs_; }
         ~KeptKeys() {
             if (--cursor_.runs_ == 0) cursor_.letGo();
         }
-        KeptKeys(const KeptKeys&) = delete;
-        KeptKeys& operator=(const KeptKeys&) = delete;
 
     private:
         cRegistry& cursor_;

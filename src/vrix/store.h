@@ -27,8 +27,6 @@ public:
     // may not be used, or that nobody named where the system has no registry. A journal that is missing is made for
     // writing.
     Store(Run& run, Use use);
-    Store(const Store&) = delete;
-    Store& operator=(const Store&) = delete;
 
     // Where the run writes, the first change is preceded by a backup, unless the request forbids it. Journals that the
     // user names have none: they can be copied as files.

@@ -2,19 +2,18 @@
 
 #include <utility>
 
+#include "common/fixed.h"
 #include "makers/embedded/code_page_registry.h"
 #include "makers/embedded/embedded_registry.h"
 
 namespace vrix {
 
 // A registry in memory for the pages, whose texts are bytes of the system's code page. It ends with its object.
-class MemoryRegistry final : public CodePageRegistry {
+class MemoryRegistry final : public CodePageRegistry, Fixed {
 public:
     // The environment's names and texts are UTF-8.
     explicit MemoryRegistry(Environment environment = {})
         : CodePageRegistry(stored_), stored_(std::move(environment)) {}
-    MemoryRegistry(const MemoryRegistry&) = delete;
-    MemoryRegistry& operator=(const MemoryRegistry&) = delete;
 
 private:
     EmbeddedRegistry stored_;

@@ -8,18 +8,23 @@
 
 namespace vrix {
 
-bool& HeadlessWindows::knownEnabled(const Form& form) {
-    const auto found = std::find_if(known_.begin(), known_.end(), [&](const Known& k) { return k.form == &form; });
-    if (found != known_.end()) return found->enabled;
-    return known_.emplace_back(Known{&form, true}).enabled;
+namespace {
+
+// The next answer of a script, or another where none is left.
+template <class Entry>
+Entry next(std::deque<Entry>& script, const Entry& otherwise) {
+    if (script.empty()) return otherwise;
+    const Entry answer = script.front();
+    script.pop_front();
+    return answer;
 }
 
+}  // namespace
+
 void HeadlessWindows::formChanged(Form& form) {
-    bool& enabled = knownEnabled(form);
-    if (enabled != form.enabled()) {
-        enabled = form.enabled();
-        formLog.push_back(form.name() + (enabled ? " enabled" : " disabled"));
-    }
+    const bool enabled = form.enabled();
+    const bool differs = enabled ? disabled_.erase(&form) > 0 : disabled_.insert(&form).second;
+    if (differs) formLog.push_back(form.name() + (enabled ? " enabled" : " disabled"));
     const auto place = std::find(visible_.begin(), visible_.end(), &form);
     const bool wasVisible = place != visible_.end();
     if (wasVisible == form.visible()) return;
@@ -45,18 +50,12 @@ void HeadlessWindows::passTime() {
 
 Answer HeadlessWindows::ask(const std::string& text, const std::string& title, Buttons buttons) {
     messages.push_back({title, text, buttons});
-    if (answers.empty()) return Answer::ok;
-    const Answer answer = answers.front();
-    answers.pop_front();
-    return answer;
+    return next(answers, Answer::ok);
 }
 
 std::optional<std::string> HeadlessFileDialog::answer(const FileQuestion& question) {
     questions.push_back(question);
-    if (answers.empty()) return std::nullopt;
-    auto chosen = answers.front();
-    answers.pop_front();
-    return chosen;
+    return next(answers, {});
 }
 
 }  // namespace vrix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -42,13 +43,8 @@ public:
     void quit() override { ended = true; }
 
 private:
-    struct Known {
-        const Form* form;
-        bool enabled;
-    };
-    bool& knownEnabled(const Form& form);
     std::vector<Form*> visible_;
-    std::vector<Known> known_;
+    std::set<const Form*> disabled_;
     std::vector<Timer*> timers_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include "common/fixed.h"
 #include "common/utf8.h"
 
 namespace vrix {
@@ -11,14 +12,12 @@ namespace {
 constexpr std::string_view lost = "\xEF\xBF\xBD";  // U+FFFD
 
 // A converter of the C library. Null where it does not know one of the two.
-class Converter {
+class Converter : Fixed {
 public:
     Converter(const std::string& to, const std::string& from) : handle_(iconv_open(to.c_str(), from.c_str())) {}
     ~Converter() {
         if (isOpen()) iconv_close(handle_);
     }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
 
     bool isOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <utility>
 
+#include "common/fixed.h"
 #include "platform/disk.h"
 
 namespace vrix {
@@ -18,12 +19,10 @@ namespace {
 constexpr mode_t forAll = 0666;
 constexpr mode_t folderForAll = 0777;
 
-class PosixFile final : public DiskFile {
+class PosixFile final : public DiskFile, Fixed {
 public:
     explicit PosixFile(int file) : file_(file) {}
     ~PosixFile() override { PosixFile::close(); }
-    PosixFile(const PosixFile&) = delete;
-    PosixFile& operator=(const PosixFile&) = delete;
 
     std::optional<std::string> read(std::size_t wanted) override {
         std::string bytes(wanted, '\0');

@@ -28,8 +28,6 @@ class Writer final : public TextStream {
 public:
     explicit Writer(std::unique_ptr<DiskFile> file) : file_(std::move(file)) {}
     ~Writer() override { handOn(); }
-    Writer(const Writer&) = delete;
-    Writer& operator=(const Writer&) = delete;
 
     // What comes behind a line that was lost is refused too: a file without an end shows that it is not whole.
     void writeLine(const std::string& text) override {

@@ -37,7 +37,7 @@ void Canvas::polygon(const std::vector<Point>& corners, Colour colour) {
     double top = height_;
     double bottom = 0;
     for (Point& corner : shape) {
-        corner = {corner.x * scale_, corner.y * scale_};
+        corner = {(corner.x + shift_) * scale_, (corner.y + shift_) * scale_};
         top = std::min(top, corner.y);
         bottom = std::max(bottom, corner.y);
     }

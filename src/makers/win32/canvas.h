@@ -18,6 +18,9 @@ class Canvas {
 public:
     Canvas(int width, int height, double scale, Colour background);
 
+    // Puts the shapes that follow so far from the corner, right and down.
+    void shift(double units) { shift_ = units; }
+
     void polygon(const std::vector<Point>& corners, Colour colour);
     // A rectangle with round corners.
     void box(Point from, Point to, double radius, Colour colour);
@@ -37,6 +40,7 @@ private:
     int width_;
     int height_;
     double scale_;
+    double shift_ = 0;
     std::vector<std::uint32_t> pixels_;
     std::vector<double> crossings_;  // of the line at work with the edges of a shape
     std::vector<double> coverage_;   // of the row at work, 0 to 1 for each pixel, and one pixel behind the row

@@ -80,16 +80,8 @@ void ControlWindow::update() {
     if (shown() != visible) ShowWindow(handle(), visible ? SW_SHOWNA : SW_HIDE);
 }
 
-bool ControlWindow::setText(const std::wstring& text) {
-    if (windowText(handle()) == text) return false;
-    SetWindowTextW(handle(), text.c_str());
-    return true;
-}
-
-std::wstring ControlWindow::shortenedTo(int width, const std::wstring& text) const {
-    std::wstring result = shortened(font(), text, width);
-    owner_.explain(handle(), result == text ? std::wstring() : text);
-    return result;
+void ControlWindow::setText(const std::wstring& text) {
+    if (windowText(handle()) != text) SetWindowTextW(handle(), text.c_str());
 }
 
 void ControlWindow::setStyle(LONG_PTR bits, bool on) {

@@ -13,7 +13,6 @@ class ControlWindow : public NativeWindow {
 public:
     // The window is made a visible child; `kind` says what else it is.
     ControlWindow(FormWindow& owner, Control& control, const WindowKind& kind);
-    ~ControlWindow() override = default;
 
     // The object of a control's window; null for any other window.
     static ControlWindow* of(HWND handle) { return dynamic_cast<ControlWindow*>(NativeWindow::of(handle)); }
@@ -36,8 +35,8 @@ public:
     // The native control reports something, or wants a row drawn.
     virtual void notified(int /*code*/) {}
     virtual void drawRow(const DRAWITEMSTRUCT&) {}
-    // Presses the control by keyboard. False if it is not of a kind that can be pressed.
-    virtual bool press() { return false; }
+    // Presses the control by keyboard, if it is of a kind that can be pressed.
+    virtual void press() {}
     // The control itself handles Enter at present, as an open list does.
     virtual bool wantsEnter() const { return false; }
     // The button that Enter presses from here at present. Null: the page's own.
@@ -46,8 +45,6 @@ public:
     virtual const Control* standIn() const { return nullptr; }
     // The pointer moved: it is on the control now, or not.
     virtual void hovered(bool /*on*/) {}
-    // Text can be typed into the control.
-    virtual bool takesText() const { return false; }
 
 protected:
     FormWindow& owner() const { return owner_; }
@@ -60,15 +57,10 @@ protected:
 
     // A box for one line of text: as high as its font needs, in the middle of the control's place.
     RECT lineBox() const;
-    bool setText(const std::wstring& text);  // if it differs; tells whether it did
-    // A line of text, cut if it is longer than a width. The whole of it then stands in a tip.
-    std::wstring shortenedTo(int width, const std::wstring& text) const;
+    void setText(const std::wstring& text);  // if it differs
+    // A text that is cut stands whole in a tip.
+    void explain(const std::wstring& text, bool cut) const { owner_.tips().set(handle(), cut ? text : std::wstring()); }
     void setStyle(LONG_PTR bits, bool on);
-    // Runs one event of the program.
-    template <class Event>
-    void event(const Event& event) const {
-        screen().event(event);
-    }
 
 private:
     FormWindow& owner_;

@@ -27,7 +27,11 @@ FormWindow::FormWindow(Win32Screen& screen, Form& form, FrameWindow& frame)
       frame_(&frame),
       keyboard_(*this),
       style_(frame.styleFor(form.size())) {
-    measureRegions();
+    if (form.content != nullptr) {
+        const Bounds content = form.content->bounds();
+        bandBottom_ = content.top - bandGap;
+        rowTop_ = content.top + content.height + rowGap;
+    }
     makeControls();
     layOut();
 }
@@ -54,13 +58,6 @@ void FormWindow::layOut() {
         window->layout();
         window->update();
     }
-}
-
-void FormWindow::measureRegions() {
-    if (form_.content == nullptr) return;
-    const Bounds bounds = form_.content->bounds();
-    bandBottom_ = bounds.top - bandGap;
-    rowTop_ = bounds.top + bounds.height + rowGap;
 }
 
 void FormWindow::take(std::shared_ptr<const Style> style) {
@@ -147,12 +144,9 @@ void FormWindow::paint(HDC dc, const RECT& area) const {
     const LONG bottom = area.bottom;
     const int line = style_->px(1);
     if (rowTop_ == 0) {
-        fill(dc, {0, 0, right, line}, palette.rule);
-        fill(dc, {0, line, line, bottom}, palette.rule);
         fill(dc, {line, line, right - line, bottom - line}, palette.window);
-        fill(dc, {right - line, line, right, bottom}, palette.rule);
-        fill(dc, {line, bottom - line, right - line, bottom}, palette.rule);
-        return;
+        ExcludeClipRect(dc, line, line, right - line, bottom - line);
+        return fill(dc, area, palette.rule);
     }
     const int row = style_->px(rowTop_);
     const int band = style_->px(bandBottom_);
@@ -165,7 +159,7 @@ void FormWindow::paint(HDC dc, const RECT& area) const {
 
 LRESULT FormWindow::colours(HDC dc, const ControlWindow& window) const {
     // A text box asks for these only while it is read only.
-    const int background = window.takesText() ? COLOR_BTNFACE : surface(window.control());
+    const int background = is<TextBox>(window.control()) ? COLOR_BTNFACE : surface(window.control());
     SetTextColor(dc, background == COLOR_BTNFACE ? style_->palette().faceText : style_->palette().text);
     SetBkColor(dc, GetSysColor(background));
     return reinterpret_cast<LRESULT>(GetSysColorBrush(background));

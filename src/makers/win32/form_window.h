@@ -58,15 +58,7 @@ public:
     // Tells all controls whether the pointer is on them. It may have moved, or what it is on may have changed.
     ControlWindow* followPointer();
 
-    // Gives a control a tip: a text that it has no room to show whole, or what its caption does not say. An empty text
-    // takes the tip away.
-    void explain(HWND child, const std::wstring& text) { tips_.set(handle(), child, text); }
-    // The same for a place in a control that the pointer has just moved to.
-    void explainAt(HWND child, LPARAM place, const std::wstring& text) {
-        tips_.set(handle(), child, {});  // so that the tip of the place before goes
-        tips_.set(handle(), child, text);
-        tips_.pointerMoved(child, place);
-    }
+    Tips& tips() { return tips_; }
 
     // What a control stands on: the platform's number of that colour, and the colour itself.
     int surface(const Control& control) const;
@@ -79,7 +71,6 @@ private:
 
     void makeControls();
     void layOut();
-    void measureRegions();
     void notified(ControlWindow& window, int code);
     void paint(HDC dc, const RECT& area) const;
 
@@ -91,7 +82,7 @@ private:
     std::unordered_map<const Control*, ControlWindow*> byControl_;
     int bandBottom_ = 0;  // the lower edge of the title band, in 1/96 inch; 0 where there is none
     int rowTop_ = 0;      // the upper edge of the row of buttons; 0 where there is none
-    Tips tips_;
+    Tips tips_{handle()};
 };
 
 }  // namespace vrix

@@ -35,10 +35,10 @@ RECT edgesAt(HWND window, int dpi) {
     return edges;
 }
 
-// The outer rectangle of a frame round a page, which may have a scale of its own.
-RECT outerRect(const RECT& edges, const Size& page, int pageDpi) {
-    return {edges.left, edges.top, edges.right + MulDiv(page.width, pageDpi, 96),
-            edges.bottom + MulDiv(page.height, pageDpi, 96)};
+// The size of a frame round a page, which may have a scale of its own.
+SIZE outerSize(const RECT& edges, const Size& page, int pageDpi) {
+    return {edges.right - edges.left + MulDiv(page.width, pageDpi, 96),
+            edges.bottom - edges.top + MulDiv(page.height, pageDpi, 96)};
 }
 
 }  // namespace
@@ -56,9 +56,9 @@ FrameWindow::FrameWindow(Win32Screen& owner, const Form& first)
     }
     // The form has centred its client area; the frame takes the same centre with its border.
     const Size& size = first.size();
-    const RECT outer = outerRect(edges_, size, fittingDpi(size));
+    const SIZE outer = outerSize(edges_, size, fittingDpi(size));
     const int middle = MulDiv(2 * first.top() + size.height, systemDpi(), 192);
-    topCentre_ = {MulDiv(2 * first.left() + size.width, systemDpi(), 192), middle - (outer.bottom - outer.top) / 2};
+    topCentre_ = {MulDiv(2 * first.left() + size.width, systemDpi(), 192), middle - outer.cy / 2};
 }
 
 void FrameWindow::show(FormWindow& page) {
@@ -84,18 +84,17 @@ RECT FrameWindow::workArea() const { return workAreaOf(MonitorFromPoint(topCentr
 
 // The frame's size on a monitor of another scale.
 SIZE FrameWindow::sizeAt(int dpi) const {
-    const RECT outer = outerRect(edgesAt(handle(), dpi), page_->form().size(), screen().styles().withTextScale(dpi));
-    return {outer.right - outer.left, outer.bottom - outer.top};
+    return outerSize(edgesAt(handle(), dpi), page_->form().size(), screen().styles().withTextScale(dpi));
 }
 
 int FrameWindow::fittingDpi(const Size& page) const {
     constexpr int leastReadable = 60;
     const RECT work = workArea();
-    const auto fits = [&](const RECT& area) {
-        return area.right - area.left <= work.right - work.left && area.bottom - area.top <= work.bottom - work.top;
+    const auto fits = [&](const SIZE& outer) {
+        return outer.cx <= work.right - work.left && outer.cy <= work.bottom - work.top;
     };
     int dpi = screen().styles().withTextScale(dpi_);
-    while (dpi > leastReadable && !fits(outerRect(edges_, page, dpi))) --dpi;
+    while (dpi > leastReadable && !fits(outerSize(edges_, page, dpi))) --dpi;
     return dpi;
 }
 
@@ -110,13 +109,12 @@ void FrameWindow::fit() {
     if (!shownOpen()) return;
     const Size& size = page_->form().size();
     page_->take(styleFor(size));
-    const RECT outer = outerRect(edges_, size, page_->style().dpi());
-    placeAt(topCentre_.x - (outer.right - outer.left) / 2, topCentre_.y, true);
+    placeAt(topCentre_.x - outerSize(edges_, size, page_->style().dpi()).cx / 2, topCentre_.y, true);
 }
 
 void FrameWindow::placeAt(int left, int top, bool wholeOnMonitor) {
-    RECT area = outerRect(edges_, page_->form().size(), page_->style().dpi());
-    OffsetRect(&area, left - area.left, top - area.top);
+    const SIZE outer = outerSize(edges_, page_->form().size(), page_->style().dpi());
+    RECT area{left, top, left + outer.cx, top + outer.cy};
     if (wholeOnMonitor) {
         const RECT work = workArea();
         OffsetRect(&area, std::min<int>(0, work.right - area.right), std::min<int>(0, work.bottom - area.bottom));
@@ -125,25 +123,22 @@ void FrameWindow::placeAt(int left, int top, bool wholeOnMonitor) {
     moveTo(area);
 }
 
-// Asking the platform takes longer than all else that places a frame.
-void FrameWindow::measureEdges(int dpi) {
-    dpi_ = dpi;
-    edges_ = edgesAt(handle(), dpi);
+// The user, or the platform, has changed how windows look or what room they have.
+void FrameWindow::surroundingsChanged(bool placesToo) {
+    edges_ = edgesAt(handle(), dpi_);
+    if (shownOpen() && (placesToo || styleFor(page_->form().size()).get() != &page_->style())) fit();
 }
 
 // The frame goes where the platform suggests. While it is dragged from one monitor to another, any other place would
 // take it back to the first.
 void FrameWindow::dpiChanged(int dpi, const RECT& suggested) {
-    measureEdges(dpi);
+    dpi_ = dpi;
+    edges_ = edgesAt(handle(), dpi);
     if (!shownOpen()) return;
     topCentre_ = {(suggested.left + suggested.right) / 2, suggested.top};
     page_->take(styleFor(page_->form().size()));
     placeAt(suggested.left, suggested.top, !dragged_);
     topCentre_ = {(placed_.left + placed_.right) / 2, placed_.top};
-}
-
-void FrameWindow::settingsChanged(bool placesToo) {
-    if (shownOpen() && (placesToo || styleFor(page_->form().size()).get() != &page_->style())) fit();
 }
 
 // The frame is at another place than the program gave it.
@@ -205,19 +200,17 @@ LRESULT FrameWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         case WM_DPICHANGED: dpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); return 0;
         case WM_DISPLAYCHANGE:
-            measureEdges(dpiOf(handle()));
-            settingsChanged(true);
-            return 0;
+            dpi_ = dpiOf(handle());
+            surroundingsChanged(true);
+            break;
         case WM_SETTINGCHANGE:
             screen().styles().refresh();
-            measureEdges(dpi_);
-            settingsChanged(wParam == SPI_SETWORKAREA);
+            surroundingsChanged(wParam == SPI_SETWORKAREA);
             break;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
             screen().styles().renew();
-            measureEdges(dpi_);
-            settingsChanged(false);
+            surroundingsChanged(false);
             break;
         default: break;
     }

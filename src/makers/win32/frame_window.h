@@ -38,9 +38,8 @@ private:
     bool shownOpen() const;
     void fit();
     void placeAt(int left, int top, bool wholeOnMonitor);
-    void measureEdges(int dpi);
     void dpiChanged(int dpi, const RECT& suggested);
-    void settingsChanged(bool placesToo);
+    void surroundingsChanged(bool placesToo);
     void moved();
     void sized(bool minimised);
     void focusPage();
@@ -48,8 +47,10 @@ private:
     bool systemCommand(WPARAM command);
 
     Form::Border border_;
-    int dpi_;     // of the monitor
-    RECT edges_;  // at this scale: the outer rectangle round an empty page
+    int dpi_;  // of the monitor
+    // At this scale: the outer rectangle round an empty page. Asking the platform takes longer than all else that
+    // places a frame.
+    RECT edges_;
     FormWindow* page_ = nullptr;
     POINT topCentre_{};  // where the user wants the middle of the upper edge; pages differ in width
     bool dragged_ = false;

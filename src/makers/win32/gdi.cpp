@@ -17,7 +17,6 @@ HDC Buffer::bitmapFor(const RECT& area) {
         info.bmiHeader = {sizeof(info.bmiHeader), size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};  // from the top
         void* pixels = nullptr;
         DeleteObject(SelectObject(dc, CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0)));
-        SetBkMode(dc, TRANSPARENT);
     }
     return dc;
 }

@@ -5,6 +5,8 @@
 #include <memory>
 #include <type_traits>
 
+#include "common/fixed.h"
+
 namespace vrix {
 
 struct GdiDeleter {
@@ -16,12 +18,10 @@ template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
 
 // Selects an object into a device context. The destructor selects the one before again.
-class Selected {
+class Selected : Fixed {
 public:
     Selected(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
     ~Selected() { SelectObject(dc_, before_); }
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
 
 private:
     HDC dc_;
@@ -29,12 +29,10 @@ private:
 };
 
 // The device context of a window, or of the screen for null.
-class WindowDc {
+class WindowDc : Fixed {
 public:
     explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
     ~WindowDc() { ReleaseDC(window_, dc_); }
-    WindowDc(const WindowDc&) = delete;
-    WindowDc& operator=(const WindowDc&) = delete;
 
     operator HDC() const { return dc_; }
 
@@ -44,12 +42,10 @@ private:
 };
 
 // The painting of a window, for WM_PAINT.
-class Painting {
+class Painting : Fixed {
 public:
     explicit Painting(HWND window) : window_(window), dc_(BeginPaint(window, &job_)) {}
     ~Painting() { EndPaint(window_, &job_); }
-    Painting(const Painting&) = delete;
-    Painting& operator=(const Painting&) = delete;
 
     operator HDC() const { return dc_; }
 
@@ -67,7 +63,7 @@ inline void fill(HDC dc, const RECT& area, COLORREF colour) {
 
 // A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers. All share one
 // bitmap, so there is one at a time.
-class Buffer {
+class Buffer : Fixed {
 public:
     Buffer(HDC target, const RECT& area) : target_(target), area_(area), dc_(bitmapFor(area)) {
         SetViewportOrgEx(dc_, -area.left, -area.top, nullptr);
@@ -76,8 +72,6 @@ public:
         BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top, dc_, area_.left,
                area_.top, SRCCOPY);
     }
-    Buffer(const Buffer&) = delete;
-    Buffer& operator=(const Buffer&) = delete;
 
     HDC dc() const { return dc_; }
 

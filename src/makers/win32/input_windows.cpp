@@ -11,13 +11,6 @@ namespace vrix {
 
 namespace {
 
-// Text for a native control that takes "&" as the mark of an access key.
-std::wstring unmarked(const std::wstring& text) {
-    std::wstring result;
-    for (const wchar_t c : text) result.append(c == L'&' ? 2 : 1, c);
-    return result;
-}
-
 // The text of an option button as the user sees it: "&&" is one "&".
 std::wstring asSeen(const std::wstring& caption) {
     std::wstring result;
@@ -68,7 +61,7 @@ void TextBoxWindow::notified(int code) {
     if (code != EN_CHANGE || unfinished()) return;
     const bool taken = ControlWindow::enabled();
     const std::string kept = taken ? narrow(windowText(handle())) : box_.text();
-    event([&] {
+    screen().event([&] {
         const FlagGuard quiet = screen().quietly();
         show(wide(kept));
         if (taken) box_.setText(kept);
@@ -87,7 +80,9 @@ LRESULT TextBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void MarkWindow::show(const std::wstring& caption, bool marked) {
     constexpr int markWidth = 20;  // with the gap behind it
-    setText(unmarked(shortenedTo(style().px(control().bounds().width - markWidth), caption)));
+    const std::wstring fitting = shortened(font(), caption, style().px(control().bounds().width - markWidth));
+    explain(caption, fitting != caption);
+    setText(withMark(fitting));
     const auto state = static_cast<WPARAM>(marked ? BST_CHECKED : BST_UNCHECKED);
     if (static_cast<WPARAM>(send(BM_GETCHECK)) != state) send(BM_SETCHECK, state);
 }
@@ -101,7 +96,7 @@ void CheckBoxWindow::update() {
 }
 
 void CheckBoxWindow::notified(int code) {
-    if (code == BN_CLICKED) event([this] { box_.setValue(1 - box_.value()); });
+    if (code == BN_CLICKED) screen().event([this] { box_.setValue(1 - box_.value()); });
 }
 
 // Not every theme of the platform lets a disabled box look disabled.
@@ -109,9 +104,7 @@ LRESULT CheckBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (IsWindowEnabled(handle())) return MarkWindow::message(message, wParam, lParam);
     if (message == WM_PAINT) return paintDisabled(), 0;
     const LRESULT result = MarkWindow::message(message, wParam, lParam);
-    if (message == BM_SETCHECK || message == WM_SETTEXT || message == WM_ENABLE) {
-        redraw();
-    }
+    if (message == BM_SETCHECK || message == WM_SETTEXT || message == WM_ENABLE) redraw();
     return result;
 }
 
@@ -121,13 +114,10 @@ void CheckBoxWindow::paintDisabled() {
     if (IsRectEmpty(&area)) return;
     const Buffer buffer(painting, area);
     fill(buffer.dc(), area, owner().surfaceColour(box_));
-    const int side = style().px(markSide);
-    const int top = (area.bottom - side) / 2;
-    drawMark(buffer.dc(), {0, top, side, top + side}, box_.value() == 1, false, style().palette());
-    const Selected selected(buffer.dc(), font());
-    area.left = side + measured(font(), L"0", area.right, DT_SINGLELINE).cx / 2;
-    SetTextColor(buffer.dc(), style().palette().greyText);
-    DrawTextW(buffer.dc(), windowText(handle()).c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER);
+    drawMark(buffer.dc(), 0, area, box_.value() == 1, false, style());
+    area.left = style().px(markSide) + measured(font(), L"0", area.right, DT_SINGLELINE).cx / 2;
+    const Colour grey = style().palette().greyText;
+    drawText(buffer.dc(), font(), grey, windowText(handle()), area, DT_SINGLELINE | DT_VCENTER);
 }
 
 OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
@@ -136,16 +126,9 @@ OptionButtonWindow::OptionButtonWindow(FormWindow& owner, OptionButton& button)
 void OptionButtonWindow::update() {
     ControlWindow::update();
     show(asSeen(wide(button_.caption())), button_.chosen());
-    placeTabStop();
-}
-
-// Tab stops at the chosen button of the group, or at its first while none is chosen.
-void OptionButtonWindow::placeTabStop() {
-    const OptionButton* stop = nullptr;
+    // Tab stops at the chosen button of the group, or at its first while none is chosen.
     const auto all = group();
-    for (const OptionButton* other : all) {
-        if (stop == nullptr || other->chosen()) stop = other;
-    }
+    const OptionButton* stop = chosen() != nullptr ? chosen() : all.front();
     for (const OptionButton* other : all) {
         if (auto* window = static_cast<OptionButtonWindow*>(owner().find(*other))) {
             window->setStyle(WS_TABSTOP, other == stop);
@@ -153,16 +136,17 @@ void OptionButtonWindow::placeTabStop() {
     }
 }
 
-// The chosen button of the group, if that is another.
-const Control* OptionButtonWindow::standIn() const {
-    if (button_.chosen()) return nullptr;
+// The chosen button of the group; null while none is.
+const OptionButton* OptionButtonWindow::chosen() const {
     const auto all = group();
-    const auto chosen = std::find_if(all.begin(), all.end(), [](const OptionButton* other) { return other->chosen(); });
-    return chosen == all.end() ? nullptr : *chosen;
+    const auto found = std::find_if(all.begin(), all.end(), [](const OptionButton* other) { return other->chosen(); });
+    return found == all.end() ? nullptr : *found;
 }
 
+const Control* OptionButtonWindow::standIn() const { return button_.chosen() ? nullptr : chosen(); }
+
 void OptionButtonWindow::notified(int code) {
-    if (code == BN_CLICKED) event([this] { button_.choose(); });
+    if (code == BN_CLICKED) screen().event([this] { button_.choose(); });
 }
 
 }  // namespace vrix

@@ -12,7 +12,6 @@ public:
     TextBoxWindow(FormWindow& owner, TextBox& box);
     void update() override;
     void notified(int code) override;
-    bool takesText() const override { return true; }
     const Control* enterPresses() const override { return box_.text().empty() ? nullptr : box_.enterPresses; }
 
 private:
@@ -57,7 +56,7 @@ public:
 
 private:
     std::vector<OptionButton*> group() const { return only<OptionButton>(button_.parent().children()); }
-    void placeTabStop();
+    const OptionButton* chosen() const;
     OptionButton& button_;
 };
 

@@ -15,13 +15,6 @@ namespace {
 
 bool isButton(const Control& control) { return is<ImageButton>(control) || is<TaskPicture>(control); }
 
-// The letter that is underlined in a control.
-char shownKey(const Control& control) {
-    const auto* label = dynamic_cast<const Label*>(&control);
-    if (label == nullptr) return control.accessKey();
-    return label->presses != nullptr ? label->presses->accessKey() : '\0';
-}
-
 bool cuesAlwaysShown() {
     BOOL always = FALSE;
     SystemParametersInfoW(SPI_GETKEYBOARDCUES, 0, &always, 0);
@@ -29,15 +22,12 @@ bool cuesAlwaysShown() {
 }
 
 std::optional<Key> formKey(const MSG& message) {
-    const bool alt = message.message == WM_SYSKEYDOWN;
-    if (!alt && message.message != WM_KEYDOWN) return std::nullopt;
-    switch (message.wParam) {
-        case VK_UP: return alt ? std::optional(Key::altUp) : std::nullopt;
-        case VK_DOWN: return alt ? std::optional(Key::altDown) : std::nullopt;
-        case VK_HOME: return alt ? std::nullopt : std::optional(Key::home);
-        case VK_END: return alt ? std::nullopt : std::optional(Key::end);
-        default: return std::nullopt;
-    }
+    const auto pressed = [&](UINT kind, WPARAM key) { return message.message == kind && message.wParam == key; };
+    if (pressed(WM_SYSKEYDOWN, VK_UP)) return Key::altUp;
+    if (pressed(WM_SYSKEYDOWN, VK_DOWN)) return Key::altDown;
+    if (pressed(WM_KEYDOWN, VK_HOME)) return Key::home;
+    if (pressed(WM_KEYDOWN, VK_END)) return Key::end;
+    return std::nullopt;
 }
 
 bool isArrow(WPARAM key) { return key >= VK_LEFT && key <= VK_DOWN; }
@@ -57,6 +47,12 @@ int distance(const Bounds& from, const Bounds& to, WPARAM arrow) {
 }
 
 }  // namespace
+
+char shownKey(const Control& control) {
+    const auto* label = dynamic_cast<const Label*>(&control);
+    const Control* owner = label == nullptr ? &control : label->presses;
+    return owner == nullptr ? '\0' : owner->accessKey();
+}
 
 Keyboard::Keyboard(FormWindow& page) : page_(page), cues_(cuesAlwaysShown()) {}
 
@@ -87,13 +83,6 @@ void Keyboard::followAlt(const MSG& message) {
 void Keyboard::showCues(bool shown) {
     if (shown == cues_ || cuesAlwaysShown()) return;
     SendMessageW(page_.handle(), WM_UPDATEUISTATE, MAKEWPARAM(shown ? UIS_CLEAR : UIS_SET, UISF_HIDEACCEL), 0);
-}
-
-void Keyboard::followCues(bool shown) {
-    cues_ = shown;
-    for (const auto& window : page_.controls()) {
-        if (shownKey(window->control()) != '\0') window->redraw();
-    }
 }
 
 bool Keyboard::pressAccessKey(const MSG& message) {
@@ -128,7 +117,7 @@ bool Keyboard::takesKey(const MSG& message) {
         ControlWindow* target = enterTarget();
         if (target != nullptr && target->takesFocus()) target->press();
     }
-    return enter || (held && (focused == nullptr || !focused->takesText()));
+    return enter || (held && (focused == nullptr || !is<TextBox>(focused->control())));
 }
 
 // From a button the arrow keys move as the eye sees: to the next button on that side.
@@ -214,8 +203,10 @@ std::optional<LRESULT> Keyboard::message(UINT message, WPARAM wParam, LPARAM lPa
             return 0;
         }
         case WM_UPDATEUISTATE:
-            if ((HIWORD(wParam) & UISF_HIDEACCEL) != 0 && LOWORD(wParam) != UIS_INITIALIZE) {
-                followCues(LOWORD(wParam) == UIS_CLEAR);
+            if ((HIWORD(wParam) & UISF_HIDEACCEL) == 0 || LOWORD(wParam) == UIS_INITIALIZE) return std::nullopt;
+            cues_ = LOWORD(wParam) == UIS_CLEAR;
+            for (const auto& window : page_.controls()) {
+                if (shownKey(window->control()) != '\0') window->redraw();
             }
             return std::nullopt;
         default: return std::nullopt;

@@ -45,7 +45,6 @@ private:
     bool takesArrow(const MSG& message);
     bool pressAccessKey(const MSG& message);
     void followAlt(const MSG& message);
-    void followCues(bool shown);
     void showDefault();
     void focus(ControlWindow& window);
     ControlWindow* focused() const;
@@ -62,6 +61,9 @@ private:
     ControlWindow* last_ = nullptr;          // what had the focus last
     bool cues_;
 };
+
+// The letter of the access key that is underlined in a control; 0 for none.
+char shownKey(const Control& control);
 
 // Whether a key message comes from a key that is held down, not newly pressed.
 inline bool isHeld(LPARAM keyData) { return (HIWORD(keyData) & KF_REPEAT) != 0; }

@@ -1,7 +1,8 @@
 #include "makers/win32/list_windows.h"
 
 #include <algorithm>
-#include <climits>
+#include <iterator>
+#include <utility>
 
 #include "makers/win32/pictures.h"
 #include "makers/win32/wide_text.h"
@@ -20,8 +21,29 @@ constexpr UINT rowFormat = DT_SINGLELINE | DT_NOPREFIX;
 
 }  // namespace
 
+void RowsWindow::showRows(std::vector<std::string> wanted) {
+    const auto [old, fresh] = std::mismatch(shown_.begin(), shown_.end(), wanted.begin(), wanted.end());
+    const auto ends = std::mismatch(shown_.rbegin(), std::make_reverse_iterator(old), wanted.rbegin(),
+                                    std::make_reverse_iterator(fresh));
+    auto first = static_cast<std::size_t>(old - shown_.begin());
+    auto oldEnd = static_cast<std::size_t>(ends.first.base() - shown_.begin());
+    auto end = static_cast<std::size_t>(ends.second.base() - wanted.begin());
+    if (oldEnd - first + end - first > wanted.size()) {  // to fill the list anew is less work
+        send(messages_.clear);
+        first = oldEnd = 0;
+        end = wanted.size();
+    }
+    while (oldEnd > first) send(messages_.remove, --oldEnd);
+    for (; first < end; ++first) {
+        send(messages_.insert, first, reinterpret_cast<LPARAM>(wide(wanted[first]).c_str()));
+    }
+    shown_ = std::move(wanted);
+    rowsDiffer_ = false;
+}
+
 ComboBoxWindow::ComboBoxWindow(FormWindow& owner, ComboBox& box)
-    : ControlWindow(owner, box, {L"COMBOBOX", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS}),
+    : RowsWindow(owner, box, {L"COMBOBOX", WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS},
+                 {CB_INSERTSTRING, CB_DELETESTRING, CB_RESETCONTENT}),
       box_(box) {
     send(setMostRowsSeen, rowsSeen);
     send(CB_INITSTORAGE, box.rows().size(), 32);
@@ -42,23 +64,21 @@ void ComboBoxWindow::layout() {
     send(CB_SETITEMHEIGHT, ownBox, style().lineBoxHeight() - border);
 }
 
-void ComboBoxWindow::rowsChanged(RowChange) { rowsDiffer_ = true; }
-
 void ComboBoxWindow::update() {
     ControlWindow::update();
-    static_cast<void>(shortenedTo(selectionWidth(), wide(box_.text())));  // for the tip alone
-    if (!rowsDiffer_ && send(CB_GETCURSEL) == box_.listIndex()) return;
-    if (rowsDiffer_) shown_.replace(handle(), box_.rows());
-    rowsDiffer_ = false;
+    const std::wstring text = wide(box_.text());
+    const RECT room = parts().rcItem;
+    explain(text, measured(font(), text, 0, rowFormat).cx > room.right - room.left - style().px(2));
+    if (!rowsDiffer() && send(CB_GETCURSEL) == box_.listIndex()) return;
+    if (rowsDiffer()) showRows(box_.rows());
     send(CB_SETCURSEL, static_cast<WPARAM>(box_.listIndex()));
 }
 
-// The room for the text of the current row.
-int ComboBoxWindow::selectionWidth() const {
+COMBOBOXINFO ComboBoxWindow::parts() const {
     COMBOBOXINFO info{};
     info.cbSize = sizeof(info);
-    if (GetComboBoxInfo(handle(), &info) == FALSE) return INT_MAX;
-    return info.rcItem.right - info.rcItem.left - style().px(2);
+    GetComboBoxInfo(handle(), &info);
+    return info;
 }
 
 RECT ComboBoxWindow::workArea() const { return workAreaOf(MonitorFromWindow(handle(), MONITOR_DEFAULTTONEAREST)); }
@@ -74,15 +94,12 @@ void ComboBoxWindow::widenList() {
 
 // The platform opens a list at the left edge of its box, even if it runs off the monitor.
 void ComboBoxWindow::keepListOnMonitor() const {
-    COMBOBOXINFO info{};
-    info.cbSize = sizeof(info);
-    if (GetComboBoxInfo(handle(), &info) == FALSE) return;
-    const RECT area = areaOf(info.hwndList);
+    const HWND list = parts().hwndList;
+    const RECT area = areaOf(list);
     const RECT work = workArea();
     const LONG left = std::max(work.left, work.right - (area.right - area.left));
     if (area.left <= left) return;
-    SetWindowPos(info.hwndList, nullptr, left, area.top, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    SetWindowPos(list, nullptr, left, area.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 // One choice comes as several notifications. Their order depends on how the user chose. A message that arrives behind
@@ -113,17 +130,18 @@ void ComboBoxWindow::choicesSettled() {
     confirmed_ = false;
     if (row < 0 || (row == box_.listIndex() && !again)) return;
     raised_ = wantsEnter();
-    event([&] { box_.userChooses(row); });
+    screen().event([&] { box_.userChooses(row); });
 }
 
 bool ComboBoxWindow::wantsEnter() const { return send(CB_GETDROPPEDSTATE) != 0; }
 
 MarkListWindow::MarkListWindow(FormWindow& owner, MarkList& list)
-    : ControlWindow(owner, list,
-                    {L"LISTBOX",
-                     WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED |
-                         LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
-                     WS_EX_CLIENTEDGE}),
+    : RowsWindow(owner, list,
+                 {L"LISTBOX",
+                  WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED |
+                      LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
+                  WS_EX_CLIENTEDGE},
+                 {LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT}),
       list_(list) {
     send(LB_INITSTORAGE, list.rows().size(), 32);
 }
@@ -134,12 +152,12 @@ void MarkListWindow::layout() {
 }
 
 void MarkListWindow::update() {
-    const bool many = rowsDiffer_;
+    const bool many = rowsDiffer();
     if (many) {
         send(WM_SETREDRAW, FALSE);
-        showRows();
+        showAllRows();
     }
-    if (marksDiffer_) showMarks();
+    showMarks();
     if (many) {
         send(WM_SETREDRAW, TRUE);
         InvalidateRect(handle(), nullptr, TRUE);
@@ -147,16 +165,15 @@ void MarkListWindow::update() {
     ControlWindow::update();
 }
 
-void MarkListWindow::showRows() {
+void MarkListWindow::showAllRows() {
     std::vector<std::string> texts;
     for (const MarkList::Row& row : list_.rows()) texts.push_back(row.text);
-    shown_.replace(handle(), std::move(texts));
+    showRows(std::move(texts));
     // A list that was filled anew begins at its top.
     if (cleared_) {
         send(LB_SETCARETINDEX, 0, FALSE);
         send(LB_SETTOPINDEX, 0);
     }
-    rowsDiffer_ = false;
     cleared_ = false;
 }
 
@@ -170,7 +187,6 @@ std::vector<bool> MarkListWindow::shownMarks() const {
 
 // When the program marks rows, the focused row and the visible part of the list stay the same.
 void MarkListWindow::showMarks() {
-    marksDiffer_ = false;
     const std::vector<bool> shown = shownMarks();
     const auto caret = static_cast<WPARAM>(send(LB_GETCARETINDEX));
     const auto top = static_cast<WPARAM>(send(LB_GETTOPINDEX));
@@ -187,9 +203,8 @@ void MarkListWindow::showMarks() {
 }
 
 void MarkListWindow::rowsChanged(RowChange change) {
-    if (change != RowChange::marked) rowsDiffer_ = true;
     if (change == RowChange::cleared) cleared_ = true;
-    marksDiffer_ = true;
+    if (change != RowChange::marked) RowsWindow::rowsChanged(change);
 }
 
 void MarkListWindow::notified(int code) {
@@ -214,14 +229,14 @@ void MarkListWindow::explainRow(LPARAM pointer) {
     const std::wstring text = known ? wide(list_.rows()[static_cast<std::size_t>(row)].text) : std::wstring();
     const int room = clientArea().right - style().px(textLeft);
     const bool cut = shortened(font(), text, room) != text;
-    owner().explainAt(handle(), pointer, cut ? text : std::wstring());
+    owner().tips().setAt(handle(), pointer, cut ? text : std::wstring());
 }
 
 void MarkListWindow::takeMarks() {
     const std::vector<bool> shown = shownMarks();
     for (std::size_t row = 0; row < std::min(shown.size(), list_.rows().size()); ++row) {
         const bool marked = shown[row];
-        if (marked != list_.rows()[row].marked) event([&] { list_.userMarks(static_cast<int>(row), marked); });
+        if (marked != list_.rows()[row].marked) screen().event([&] { list_.userMarks(static_cast<int>(row), marked); });
     }
 }
 
@@ -231,17 +246,13 @@ void MarkListWindow::drawRow(const DRAWITEMSTRUCT& item) {
     fill(buffer.dc(), item.rcItem, GetSysColor(COLOR_WINDOW));
     if (!empty) {
         const bool live = (item.itemState & ODS_DISABLED) == 0;
-        const int side = style().px(markSide);
-        const LONG left = item.rcItem.left + style().px(4);
-        const LONG top = (item.rcItem.top + item.rcItem.bottom - side) / 2;
-        drawMark(buffer.dc(), {left, top, left + side, top + side}, (item.itemState & ODS_SELECTED) != 0, live,
-                 style().palette());
+        const bool marked = (item.itemState & ODS_SELECTED) != 0;
+        drawMark(buffer.dc(), item.rcItem.left + style().px(4), item.rcItem, marked, live, style());
         const std::wstring text = wide(list_.rows()[item.itemID].text);
-        RECT area{item.rcItem.left + style().px(textLeft), item.rcItem.top, item.rcItem.right, item.rcItem.bottom};
-        const Selected selected(buffer.dc(), font());
-        SetTextColor(buffer.dc(), live ? style().palette().text : style().palette().greyText);
-        DrawTextW(buffer.dc(), text.c_str(), static_cast<int>(text.size()), &area,
-                  rowFormat | DT_VCENTER | DT_END_ELLIPSIS);
+        const RECT area{item.rcItem.left + style().px(textLeft), item.rcItem.top, item.rcItem.right,
+                        item.rcItem.bottom};
+        const Colour ink = live ? style().palette().text : style().palette().greyText;
+        drawText(buffer.dc(), font(), ink, text, area, rowFormat | DT_VCENTER | DT_END_ELLIPSIS);
     }
     if ((item.itemState & ODS_FOCUS) == 0) return;
     SetTextColor(buffer.dc(), style().palette().text);

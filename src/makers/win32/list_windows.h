@@ -1,19 +1,43 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "forms/inputs.h"
 #include "makers/win32/control_window.h"
-#include "makers/win32/shown_rows.h"
 
 namespace vrix {
 
-class ComboBoxWindow final : public ControlWindow {
+// A native list. Its rows are brought in line with those of the program at the end of an event, however often the event
+// changed them. Only the rows between the first and the last difference are replaced.
+class RowsWindow : public ControlWindow {
+public:
+    void rowsChanged(RowChange /*change*/) override { rowsDiffer_ = true; }
+
+protected:
+    // The messages by which the native list inserts a row, deletes one, and deletes all.
+    struct Messages {
+        UINT insert;
+        UINT remove;
+        UINT clear;
+    };
+    RowsWindow(FormWindow& owner, Control& control, const WindowKind& kind, const Messages& messages)
+        : ControlWindow(owner, control, kind), messages_(messages) {}
+
+    bool rowsDiffer() const { return rowsDiffer_; }
+    void showRows(std::vector<std::string> wanted);
+
+private:
+    Messages messages_;
+    std::vector<std::string> shown_;
+    bool rowsDiffer_ = true;  // the rows changed since they were last shown
+};
+
+class ComboBoxWindow final : public RowsWindow {
 public:
     ComboBoxWindow(FormWindow& owner, ComboBox& box);
     void layout() override;
     void update() override;
-    void rowsChanged(RowChange change) override;
     void notified(int code) override;
     bool wantsEnter() const override;
 
@@ -24,17 +48,15 @@ private:
     void widenList();
     RECT workArea() const;
     void keepListOnMonitor() const;
-    int selectionWidth() const;
+    COMBOBOXINFO parts() const;
 
     ComboBox& box_;
-    ShownRows shown_{{CB_INSERTSTRING, CB_DELETESTRING, CB_RESETCONTENT}};
-    bool rowsDiffer_ = true;  // the rows changed since they were last shown
     bool settling_ = false;   // the message settleChoices is posted
     bool confirmed_ = false;  // the user confirmed a row, perhaps the one that was current
     bool raised_ = false;     // the page was told of a choice since the list was opened
 };
 
-class MarkListWindow final : public ControlWindow {
+class MarkListWindow final : public RowsWindow {
 public:
     MarkListWindow(FormWindow& owner, MarkList& list);
     void layout() override;
@@ -47,15 +69,12 @@ private:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     void takeMarks();
     void explainRow(LPARAM pointer);
-    void showRows();
+    void showAllRows();
     void showMarks();
     std::vector<bool> shownMarks() const;
     MarkList& list_;
-    ShownRows shown_{{LB_INSERTSTRING, LB_DELETESTRING, LB_RESETCONTENT}};
-    bool rowsDiffer_ = true;   // the rows changed since they were last shown
-    bool cleared_ = false;     // all rows were removed in between
-    int explained_ = -1;       // the row that the pointer is on
-    bool marksDiffer_ = true;  // the program marked rows since they were last shown
+    bool cleared_ = false;  // all rows were removed since they were last shown
+    int explained_ = -1;    // the row that the pointer is on
 };
 
 }  // namespace vrix

@@ -13,12 +13,10 @@ namespace vrix {
 // What a dialog of the platform needs: it comes in front of a screen that is up to date. While this lasts, all windows
 // of the program are disabled: the owner by the dialog, the others here. The current folder stays: a file dialog takes
 // the program to the folder of the file, even if it is told not to.
-class Modal {
+class Modal : Fixed {
 public:
     explicit Modal(Win32Screen& screen);
     ~Modal();
-    Modal(const Modal&) = delete;
-    Modal& operator=(const Modal&) = delete;
 
     HWND owner() const { return owner_; }  // null while no window is shown
 

@@ -39,8 +39,7 @@ void registerClasses() {
 
 // The window is made in its place: each later change of it asks the platform once more.
 HWND makeWindow(const WindowKind& kind, HWND parent, const RECT& place, UINT_PTR id) {
-    static const bool registered = (registerClasses(), true);
-    static_cast<void>(registered);
+    [[maybe_unused]] static const bool registered = (registerClasses(), true);
     const HWND window = CreateWindowExW(kind.extendedStyle, kind.className, L"", kind.style, place.left, place.top,
                                         place.right - place.left, place.bottom - place.top, parent,
                                         reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
@@ -111,8 +110,7 @@ RECT areaOf(HWND window) {
 }
 
 RECT workAreaOf(HMONITOR monitor) {
-    MONITORINFO info{};
-    info.cbSize = sizeof(info);
+    MONITORINFO info{sizeof(info), {}, {}, 0};
     GetMonitorInfoW(monitor, &info);
     return info.rcWork;
 }

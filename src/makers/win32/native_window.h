@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "common/fixed.h"
+
 namespace vrix {
 
 class Win32Screen;
@@ -19,11 +21,8 @@ inline constexpr const wchar_t* formClass = L"VrixForm";
 
 // A native window whose messages come to its object. The object destroys the window, unless that went before, together
 // with its parent.
-class NativeWindow {
+class NativeWindow : Fixed {
 public:
-    NativeWindow(const NativeWindow&) = delete;
-    NativeWindow& operator=(const NativeWindow&) = delete;
-
     // The object of a window; null for a window that has none.
     static NativeWindow* of(HWND window);
 

@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "makers/win32/pictures.h"
@@ -12,31 +13,18 @@ namespace vrix {
 namespace {
 
 constexpr DWORD buttonStyle = WS_TABSTOP | WS_GROUP | BS_OWNERDRAW;
-constexpr UINT captionFormat = DT_SINGLELINE | DT_NOPREFIX;
+constexpr UINT captionFormat = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
 // A text of several lines: one that is too long ends in "...", and a word without end is broken.
 constexpr UINT blockFormat = DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL | DT_END_ELLIPSIS;
 
-void drawLine(HDC dc, const std::wstring& text, RECT area, UINT format) {
-    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &area, format);
-}
-
-// The text with "&" in front of the letter of its access key, and every other "&" doubled.
-std::wstring withMark(const std::wstring& text, wchar_t key) {
-    const auto exact = text.find(key);
-    const auto place = exact != std::wstring::npos ? exact : text.find(static_cast<wchar_t>(key - L'A' + L'a'));
-    std::wstring marked;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (i == place || text[i] == L'&') marked += L'&';
-        marked += text[i];
-    }
-    return marked;
-}
-
 }  // namespace
 
-void PaintedWindow::drawCaption(HDC dc, const std::wstring& text, RECT area, UINT format, char accessKey) const {
-    if (accessKey == '\0' || !owner().keyboard().cuesShown()) return drawLine(dc, text, area, format);
-    drawLine(dc, withMark(text, static_cast<wchar_t>(accessKey)), area, format & ~static_cast<UINT>(DT_NOPREFIX));
+void PaintedWindow::drawCaption(HDC dc, Colour colour, const std::string& caption, const RECT& area,
+                                UINT format) const {
+    const char key = owner().keyboard().cuesShown() ? shownKey(control()) : '\0';
+    const std::wstring text = wide(caption);
+    if (key == '\0') return drawText(dc, font(), colour, text, area, format);
+    drawText(dc, font(), colour, withMark(text, key), area, format & ~static_cast<UINT>(DT_NOPREFIX));
 }
 
 void PaintedWindow::update() {
@@ -75,21 +63,16 @@ LabelWindow::LabelWindow(FormWindow& owner, Label& label)
     : PaintedWindow(owner, label, {L"STATIC", WS_GROUP | SS_OWNERDRAW | SS_NOPREFIX}), label_(label) {}
 
 void LabelWindow::update() {
-    shown_ = wide(label_.caption());
-    setText(shown_);
+    const std::wstring caption = wide(label_.caption());
+    setText(caption);
     PaintedWindow::update();
     const RECT area = clientArea();
-    const std::wstring caption = shown_;
-    bool whole = true;
-    if (oneLine()) {
-        shown_ = shortenedTo(area.right, caption);
-        whole = shown_ == caption;
-    } else {
-        whole = measured(font(), caption, area.right, DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL).cy <= area.bottom;
-        owner().explain(handle(), whole ? std::wstring() : caption);
-    }
+    const UINT lines = oneLine() ? DT_SINGLELINE : DT_WORDBREAK | DT_EDITCONTROL;
+    const SIZE size = measured(font(), caption, area.right, lines | DT_NOPREFIX);
+    const bool cut = oneLine() ? size.cx > area.right : size.cy > area.bottom;
+    explain(caption, cut);
     // For the tip, and to press its picture. Else moves of the mouse go to the page.
-    setStyle(SS_NOTIFY, !whole || label_.presses != nullptr);
+    setStyle(SS_NOTIFY, cut || label_.presses != nullptr);
 }
 
 bool LabelWindow::oneLine() const { return clientArea().bottom < 2 * style().lineHeight(label_.look()); }
@@ -110,34 +93,30 @@ Colour LabelWindow::colour() const {
 
 void LabelWindow::paint(HDC dc, const RECT& area) {
     FillRect(dc, &area, GetSysColorBrush(owner().surface(label_)));
-    const Selected selected(dc, font());
-    SetTextColor(dc, colour());
     if (label_.look() == Look::section) return paintSection(dc, area);
     // Texts of a window without a title bar are centred.
     UINT format = oneLine() ? captionFormat : blockFormat;
     if (label_.form().border() == Form::Border::none) format |= DT_CENTER;
     RECT text = area;
-    const LONG height = measured(font(), shown_, area.right, format).cy;
-    if (oneLine() && height < area.bottom) text.top = (area.bottom - height) / 2;
-    drawCaption(dc, shown_, text, format, label_.presses != nullptr ? label_.presses->accessKey() : '\0');
+    if (oneLine()) text.top = std::max<LONG>(0, (area.bottom - style().lineHeight(label_.look())) / 2);
+    drawCaption(dc, colour(), label_.caption(), text, format);
 }
 
 void LabelWindow::paintSection(HDC dc, const RECT& area) {
-    drawLine(dc, shown_, area, captionFormat | DT_VCENTER);
+    drawCaption(dc, colour(), label_.caption(), area, captionFormat | DT_VCENTER);
     const LONG middle = area.bottom / 2;
-    const LONG left = measured(font(), shown_, area.right, captionFormat).cx + style().px(8);
+    const LONG left = measured(font(), wide(label_.caption()), area.right, captionFormat).cx + style().px(8);
     fill(dc, {left, middle, area.right, middle + style().px(1)}, style().palette().rule);
 }
 
-bool PressableWindow::press() {
-    if (!IsWindowEnabled(handle())) return true;
+void PressableWindow::press() {
+    if (!IsWindowEnabled(handle())) return;
     const RECT area = clientArea();
     const POINT middle{area.right / 2, area.bottom / 2};
     pressed(middle);
     released(middle);
     // A press leaves a button with its hover face. That stays only if the pointer is on it.
     owner().followPointer();
-    return true;
 }
 
 void PressableWindow::notified(int code) {
@@ -146,8 +125,12 @@ void PressableWindow::notified(int code) {
 
 LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (mouseMessage(message, wParam, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) return 0;
-    if (keyMessage(message, wParam, lParam)) return 0;
     switch (message) {
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+            if (wParam != VK_SPACE) break;
+            if (message == WM_KEYDOWN && !isHeld(lParam)) press();
+            return 0;
         case WM_GETDLGCODE:
             if (!takesFocus()) return DLGC_STATIC;
             return DLGC_BUTTON | (owner().keyboard().isDefault(control()) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
@@ -157,8 +140,9 @@ LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CAPTURECHANGED:  // the press ends without a release
             if (std::exchange(captured_, false)) hovered(false);
             return 0;
-        default: return PaintedWindow::message(message, wParam, lParam);
+        default: break;
     }
+    return PaintedWindow::message(message, wParam, lParam);
 }
 
 bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
@@ -168,8 +152,8 @@ bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
         case WM_LBUTTONDBLCLK:
             if (takesFocus()) SetFocus(handle());
             SetCapture(handle());
+            captured_ = true;  // a press that brings a message box loses it at once
             pressed(at);
-            captured_ = true;
             return true;
         case WM_LBUTTONUP:
             if (!std::exchange(captured_, false)) return true;
@@ -182,12 +166,6 @@ bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
     }
 }
 
-bool PressableWindow::keyMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if ((message != WM_KEYDOWN && message != WM_KEYUP) || wParam != VK_SPACE) return false;
-    if (message == WM_KEYDOWN && !isHeld(lParam)) press();
-    return true;
-}
-
 PictureWindow::PictureWindow(FormWindow& owner, Picture& picture)
     : PressableWindow(owner, picture, {L"STATIC", WS_GROUP | SS_OWNERDRAW | SS_NOTIFY}), picture_(picture) {}
 
@@ -197,7 +175,7 @@ void PictureWindow::paint(HDC dc, const RECT& area) {
 
 void PictureWindow::released(POINT at) {
     const RECT area = clientArea();
-    if (PtInRect(&area, at) && picture_.onClick) event(picture_.onClick);
+    if (PtInRect(&area, at) && picture_.onClick) screen().event(picture_.onClick);
 }
 
 TaskPictureWindow::TaskPictureWindow(FormWindow& owner, TaskPicture& picture)
@@ -212,11 +190,11 @@ void TaskPictureWindow::paint(HDC dc, const RECT& area) {
 
 void TaskPictureWindow::hovered(bool on) {
     if (std::exchange(hover_, on) != on) redraw();
-    if (!on && !captured() && picture_.pressed()) event([this] { picture_.setPressed(false); });
+    if (!on && !captured() && picture_.pressed()) screen().event([this] { picture_.setPressed(false); });
 }
 
 void TaskPictureWindow::pressed(POINT) {
-    event([this] { picture_.mouseDown(); });
+    screen().event([this] { picture_.mouseDown(); });
 }
 
 // A release on the caption counts as one in the middle of the picture.
@@ -224,29 +202,29 @@ void TaskPictureWindow::released(POINT at) {
     const double scale = style().scale();
     const RECT area = clientArea();
     if (!PtInRect(&area, at) && owner().underPointer() == this) at = {area.right / 2, area.bottom / 2};
-    event([&] { picture_.mouseUp(static_cast<double>(at.x) / scale, static_cast<double>(at.y) / scale); });
+    screen().event([&] { picture_.mouseUp(static_cast<double>(at.x) / scale, static_cast<double>(at.y) / scale); });
 }
 
 ImageButtonWindow::ImageButtonWindow(FormWindow& owner, ImageButton& button)
-    : PressableWindow(owner, button, {L"BUTTON", buttonStyle}), button_(button) {}
-
-void ImageButtonWindow::layout() {
-    PressableWindow::layout();
-    measureCaption();
-    owner().explain(handle(), wide(button_.tip));
+    : PressableWindow(owner, button, {L"BUTTON", buttonStyle}), button_(button) {
+    owner.tips().set(handle(), wide(button.tip));
 }
 
 void ImageButtonWindow::update() {
-    text_ = wide(button_.label.caption());
-    if (setText(text_)) measureCaption();
+    setText(wide(button_.label.caption()));
     PressableWindow::update();
 }
 
-void ImageButtonWindow::measureCaption() {
+bool ImageButtonWindow::isOnLabel(POINT at) const {
+    const RECT caption = captionArea();
+    return PtInRect(&caption, at) != FALSE;
+}
+
+RECT ImageButtonWindow::captionArea() const {
     const RECT area = clientArea();
-    const SIZE size = measured(font(), text_, area.right, captionFormat);
+    const SIZE size = measured(font(), wide(button_.label.caption()), area.right, captionFormat);
     const POINT corner{(area.right - size.cx) / 2, (area.bottom - size.cy) / 2};
-    caption_ = {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
+    return {corner.x, corner.y, corner.x + size.cx, corner.y + size.cy};
 }
 
 void ImageButtonWindow::paint(HDC dc, const RECT& area) {
@@ -255,12 +233,9 @@ void ImageButtonWindow::paint(HDC dc, const RECT& area) {
     const bool disabled = button_.face() == ImageButton::Face::disabled;
     drawFace(dc, area, {button_.face(), owner().keyboard().isDefault(button_), focused()}, style(),
              owner().surfaceColour(button_));
-    RECT text = caption_;
+    RECT text = captionArea();
     if (pressed) OffsetRect(&text, style().px(1), style().px(1));
-    const Selected selected(dc, font());
-    SetTextColor(dc, disabled ? palette.greyText : palette.faceText);
-    SetBkMode(dc, TRANSPARENT);
-    drawCaption(dc, text_, text, captionFormat, button_.accessKey());
+    drawCaption(dc, disabled ? palette.greyText : palette.faceText, button_.label.caption(), text, captionFormat);
 }
 
 bool ImageButtonWindow::enabled() const {
@@ -268,23 +243,23 @@ bool ImageButtonWindow::enabled() const {
 }
 
 void ImageButtonWindow::pressed(POINT at) {
-    onLabel_ = PtInRect(&caption_, at) != FALSE;
-    event([this] { button_.mouseDown(); });
+    onLabel_ = isOnLabel(at);
+    screen().event([this] { button_.mouseDown(); });
 }
 
 void ImageButtonWindow::hovered(bool on) {
     using Face = ImageButton::Face;
     const bool resting = button_.face() == Face::normal || button_.face() == Face::disabled;
-    if (!on && !captured() && !resting) event([this] { button_.reset(); });
+    if (!on && !captured() && !resting) screen().event([this] { button_.reset(); });
 }
 
 void ImageButtonWindow::released(POINT) {
-    event([this] { button_.mouseUp(); });
+    screen().event([this] { button_.mouseUp(); });
 }
 
 void ImageButtonWindow::moved(POINT at, bool buttonHeld) {
-    const bool label = captured() ? onLabel_ : PtInRect(&caption_, at) != FALSE;
-    event([&] {
+    const bool label = captured() ? onLabel_ : isOnLabel(at);
+    screen().event([&] {
         if (label) {
             button_.moveOverLabel();
         } else {

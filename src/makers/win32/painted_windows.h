@@ -16,8 +16,8 @@ public:
 protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     virtual void paint(HDC dc, const RECT& area) = 0;
-    // Draws a caption whose access key is underlined while the user asks for such.
-    void drawCaption(HDC dc, const std::wstring& text, RECT area, UINT format, char accessKey) const;
+    // Draws a caption of the control. Its access key is underlined while the user asks for such.
+    void drawCaption(HDC dc, Colour colour, const std::string& caption, const RECT& area, UINT format) const;
 };
 
 class LabelWindow final : public PaintedWindow {
@@ -33,7 +33,6 @@ private:
     bool oneLine() const;
     HFONT font() const override { return style().font(label_.look()); }
     Label& label_;
-    std::wstring shown_;  // the caption, cut if it is too long for its line
 };
 
 // A painted control that the mouse presses. The press captures the mouse until its release, wherever that is. By
@@ -42,7 +41,7 @@ class PressableWindow : public PaintedWindow {
 public:
     using PaintedWindow::PaintedWindow;
     void notified(int code) override;
-    bool press() override;
+    void press() override;
 
 protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -53,14 +52,12 @@ protected:
 
 private:
     bool mouseMessage(UINT message, WPARAM wParam, POINT at);
-    bool keyMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool captured_ = false;
 };
 
 class PictureWindow final : public PressableWindow {
 public:
     PictureWindow(FormWindow& owner, Picture& picture);
-    bool press() override { return false; }
 
 private:
     void paint(HDC dc, const RECT& area) override;
@@ -85,7 +82,6 @@ private:
 class ImageButtonWindow final : public PressableWindow {
 public:
     ImageButtonWindow(FormWindow& owner, ImageButton& button);
-    void layout() override;
     void update() override;
     void hovered(bool on) override;
     const Control* standIn() const override { return button_.counterpart; }
@@ -96,11 +92,10 @@ private:
     void released(POINT at) override;
     void moved(POINT at, bool buttonHeld) override;
     bool enabled() const override;
-    void measureCaption();
+    RECT captionArea() const;  // the button's label; the rest is its picture
+    bool isOnLabel(POINT at) const;
 
     ImageButton& button_;
-    std::wstring text_;     // the caption
-    RECT caption_{};        // the button's label; the rest is its picture
     bool onLabel_ = false;  // the press that holds the mouse was on the label
 };
 

@@ -26,22 +26,18 @@ void drawEmblem(Canvas& canvas, const Palette& palette) {
     for (const double line : {20.0, 27.0, 34.0}) canvas.stroke({{18, line}, {30, line}}, 2.6, palette.face);
 }
 
-void drawSheet(Canvas& canvas, const Palette& palette, double x, double y) {
-    const auto at = [&](std::vector<Point> points) {
-        for (Point& point : points) point = {point.x + x, point.y + y};
-        return points;
-    };
+void drawSheet(Canvas& canvas, const Palette& palette) {
     const Colour edge = palette.secondary;
-    canvas.polygon(at({{12, 6}, {28, 6}, {36, 14}, {36, 42}, {12, 42}}), edge);
-    canvas.polygon(at({{13.4, 7.4}, {27.4, 7.4}, {34.6, 14.6}, {34.6, 40.6}, {13.4, 40.6}}), palette.window);
-    canvas.polygon(at({{27, 6}, {36, 15}, {27, 15}}), edge);
+    canvas.polygon({{12, 6}, {28, 6}, {36, 14}, {36, 42}, {12, 42}}, edge);
+    canvas.polygon({{13.4, 7.4}, {27.4, 7.4}, {34.6, 14.6}, {34.6, 40.6}, {13.4, 40.6}}, palette.window);
+    canvas.polygon({{27, 6}, {36, 15}, {27, 15}}, edge);
     for (const double line : {20.0, 25.0, 30.0, 35.0}) {
-        canvas.stroke(at({{17.5, line}, {line < 30 ? 30.5 : 24.5, line}}), 1.6, mixed(edge, palette.window, 0.35));
+        canvas.stroke({{17.5, line}, {line < 30 ? 30.5 : 24.5, line}}, 1.6, mixed(edge, palette.window, 0.35));
     }
 }
 
-void drawBadge(Canvas& canvas, const Palette& palette, Colour colour, double x, double y, bool cross) {
-    const Point middle{34 + x, 35 + y};
+void drawBadge(Canvas& canvas, const Palette& palette, Colour colour, bool cross) {
+    const Point middle{34, 35};
     canvas.circle(middle, 10.2, palette.window);
     canvas.circle(middle, 8.8, colour);
     const double angle = cross ? std::numbers::pi / 4 : 0;
@@ -51,8 +47,8 @@ void drawBadge(Canvas& canvas, const Palette& palette, Colour colour, double x, 
     }
 }
 
-void drawPencil(Canvas& canvas, const Palette& palette, double x, double y) {
-    const Point tip{22 + x, 41 + y};
+void drawPencil(Canvas& canvas, const Palette& palette) {
+    const Point tip{22, 41};
     const auto along = [&](std::vector<Point> points) {
         for (Point& point : points) point = {tip.x + point.x, tip.y + point.y};
         return turned(std::move(points), -std::numbers::pi / 4, tip);
@@ -100,22 +96,14 @@ void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const P
     const int height = area.bottom - area.top;
     Canvas canvas(width, height, std::min(width, height) / artSize, background);
     if (tile != Tile::none) drawTile(canvas, tile, focused, palette);
-    const double shift = tile == Tile::pressed ? 1.5 : 0;
+    if (tile == Tile::pressed) canvas.shift(1.5);
+    if (art != Art::logo && art != Art::emblem) drawSheet(canvas, palette);
     switch (art) {
         case Art::logo: drawRing(canvas, palette); break;
         case Art::emblem: drawEmblem(canvas, palette); break;
-        case Art::create:
-            drawSheet(canvas, palette, shift, shift);
-            drawBadge(canvas, palette, palette.accent, shift, shift, false);
-            break;
-        case Art::edit:
-            drawSheet(canvas, palette, shift, shift);
-            drawPencil(canvas, palette, shift, shift);
-            break;
-        case Art::remove:
-            drawSheet(canvas, palette, shift, shift);
-            drawBadge(canvas, palette, palette.warning, shift, shift, true);
-            break;
+        case Art::create: drawBadge(canvas, palette, palette.accent, false); break;
+        case Art::edit: drawPencil(canvas, palette); break;
+        case Art::remove: drawBadge(canvas, palette, palette.warning, true); break;
     }
     draw(dc, area.left, area.top, canvas);
 }
@@ -149,9 +137,10 @@ void drawFace(HDC dc, const RECT& area, const FaceLook& look, const Style& style
     draw(dc, area.left, area.top, canvas);
 }
 
-void drawMark(HDC dc, const RECT& area, bool marked, bool enabled, const Palette& palette) {
-    const int side = area.right - area.left;
-    Canvas canvas(side, side, side / 13.0, palette.window);
+void drawMark(HDC dc, LONG left, const RECT& row, bool marked, bool enabled, const Style& style) {
+    const Palette& palette = style.palette();
+    const int side = style.px(markSide);
+    Canvas canvas(side, side, static_cast<double>(side) / markSide, palette.window);
     const Colour ink = enabled ? palette.text : palette.greyText;
     const bool filled = marked && enabled && !palette.systemColoursOnly;
     Colour edge = filled ? palette.accent : palette.edge;
@@ -163,7 +152,7 @@ void drawMark(HDC dc, const RECT& area, bool marked, bool enabled, const Palette
     canvas.box({0, 0}, {13, 13}, 2, edge);
     canvas.box({1, 1}, {12, 12}, 1, fill);
     if (marked) canvas.stroke({{3.2, 6.8}, {5.5, 9.2}, {9.9, 4}}, 1.5, filled ? palette.window : ink);
-    draw(dc, area.left, area.top, canvas);
+    draw(dc, left, (row.top + row.bottom - side) / 2, canvas);
 }
 
 }  // namespace vrix

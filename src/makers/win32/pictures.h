@@ -25,8 +25,8 @@ struct FaceLook {
 };
 void drawFace(HDC dc, const RECT& area, const FaceLook& look, const Style& style, Colour background);
 
-// The square in front of a row that can be marked, or of a check box; its side in units.
+// The square in front of a row that can be marked, or of a check box, half way down the row; its side in units.
 constexpr int markSide = 13;
-void drawMark(HDC dc, const RECT& area, bool marked, bool enabled, const Palette& palette);
+void drawMark(HDC dc, LONG left, const RECT& row, bool marked, bool enabled, const Style& style);
 
 }  // namespace vrix

@@ -24,13 +24,9 @@ char32_t smallLetter(char32_t letter) {
 }
 
 std::optional<std::wstring> variable(const wchar_t* name) {
-    std::wstring text;
+    std::wstring text(32'767, L'\0');  // the platform knows no longer one
     SetLastError(ERROR_SUCCESS);
-    for (DWORD needed = GetEnvironmentVariableW(name, nullptr, 0); needed > text.size();) {
-        text.assign(needed, L'\0');
-        needed = GetEnvironmentVariableW(name, text.data(), needed);
-        if (needed < text.size()) text.resize(needed);
-    }
+    text.resize(GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size())));
     return GetLastError() == ERROR_ENVVAR_NOT_FOUND ? std::nullopt : std::optional(text);
 }
 

@@ -12,8 +12,7 @@ namespace vrix {
 namespace {
 
 bool highContrastOn() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof(contrast);
+    HIGHCONTRASTW contrast{sizeof(contrast), 0, nullptr};
     SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof(contrast), &contrast, 0);
     return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
@@ -41,14 +40,6 @@ Owned<HFONT> fontAt(int dpi, LOGFONTW font, double share, int weight) {
     font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * share * dpi / 96));
     if (weight != 0) font.lfWeight = weight;
     return Owned<HFONT>(CreateFontIndirectW(&font));
-}
-
-int heightOfLine(HFONT font) {
-    const WindowDc screen(nullptr);
-    const Selected selected(screen, font);
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(screen, &metrics);
-    return metrics.tmHeight;
 }
 
 Palette currentPalette() {
@@ -115,7 +106,7 @@ Style::Style(int dpi, const Preferences& preferences) : dpi_(dpi), palette_(pref
     for (const auto& [share, weight] :
          {Kind{1, 0}, Kind{1.45, FW_SEMIBOLD}, Kind{1.15, 0}, Kind{1, FW_BOLD}, Kind{2, FW_SEMIBOLD}}) {
         auto font = fontAt(dpi, preferences.font, share, weight);
-        const int height = heightOfLine(font.get());
+        const int height = measured(font.get(), L"0", 0, DT_SINGLELINE).cy;
         typefaces_.push_back({std::move(font), height});
     }
     lineBoxHeight_ = lineHeight(Look::body) + 6 + px(2);
@@ -146,6 +137,25 @@ void draw(HDC dc, int left, int top, const Canvas& canvas) {
     const auto rows = static_cast<UINT>(canvas.height());
     SetDIBitsToDevice(dc, left, top, static_cast<DWORD>(canvas.width()), rows, 0, 0, 0, rows, canvas.pixels().data(),
                       &info, DIB_RGB_COLORS);
+}
+
+std::wstring withMark(const std::wstring& text, char accessKey) {
+    const auto key = static_cast<wchar_t>(accessKey);
+    const auto exact = text.find(key);
+    const auto place = exact != std::wstring::npos ? exact : text.find(static_cast<wchar_t>(key - L'A' + L'a'));
+    std::wstring marked;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'&' || (i == place && key != L'\0')) marked += L'&';
+        marked += text[i];
+    }
+    return marked;
+}
+
+void drawText(HDC dc, HFONT font, Colour colour, const std::wstring& text, RECT area, UINT format) {
+    const Selected selected(dc, font);
+    SetTextColor(dc, colour);
+    SetBkMode(dc, TRANSPARENT);
+    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &area, format);
 }
 
 std::wstring shortened(HFONT font, const std::wstring& text, int width) {

@@ -2,17 +2,17 @@
 
 #include <windows.h>
 
+#include "common/fixed.h"
+
 namespace vrix {
 
 // While it lasts, windows and dialogs that are made have the platform's present controls, instead of those of old.
 // Their library is loaded by the first such window. That takes a tenth of the program's start, and the splash needs
 // none.
-class ThemedControls {
+class ThemedControls : Fixed {
 public:
     ThemedControls();
     ~ThemedControls();
-    ThemedControls(const ThemedControls&) = delete;
-    ThemedControls& operator=(const ThemedControls&) = delete;
 
 private:
     ULONG_PTR cookie_ = 0;

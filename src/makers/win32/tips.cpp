@@ -22,30 +22,30 @@ HWND makeTipWindow(HWND owner) {
 
 }  // namespace
 
-void Tips::set(HWND owner, HWND child, const std::wstring& text) {
-    const bool known = tools_.contains(child);
-    if (text.empty() && !known) return;
-    if (window_ == nullptr) window_ = makeTipWindow(owner);
+void Tips::set(HWND child, const std::wstring& text) {
+    if (window_ == nullptr && text.empty()) return;
+    if (window_ == nullptr) window_ = makeTipWindow(owner_);
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof(tool);
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = owner;
+    tool.hwnd = owner_;
     tool.uId = reinterpret_cast<UINT_PTR>(child);
+    const auto send = [&](UINT message) { return SendMessageW(window_, message, 0, reinterpret_cast<LPARAM>(&tool)); };
+    const bool known = send(TTM_GETTOOLINFOW) != 0;
     tool.lpszText = const_cast<wchar_t*>(text.c_str());
-    const auto send = [&](UINT message) { SendMessageW(window_, message, 0, reinterpret_cast<LPARAM>(&tool)); };
-    if (text.empty()) {
+    if (!text.empty()) {
+        send(known ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW);
+    } else if (known) {
         send(TTM_DELTOOLW);
-        tools_.erase(child);
-        return;
     }
-    send(known ? TTM_UPDATETIPTEXTW : TTM_ADDTOOLW);
-    tools_.insert(child);
     SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, GetSystemMetrics(SM_CXSCREEN) / 2);
 }
 
-void Tips::pointerMoved(HWND child, LPARAM place) const {
+void Tips::setAt(HWND child, LPARAM place, const std::wstring& text) {
+    set(child, {});  // so that the tip of the place before goes
+    set(child, text);
     MSG move{child, WM_MOUSEMOVE, 0, place, GetTickCount(), {}};
-    if (tools_.contains(child)) SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+    SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
 }
 
 }  // namespace vrix

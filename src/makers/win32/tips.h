@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <set>
 #include <string>
 
 namespace vrix {
@@ -11,14 +10,17 @@ namespace vrix {
 // there.
 class Tips {
 public:
-    // Sets the tip of a child of `owner`. An empty text takes it away.
-    void set(HWND owner, HWND child, const std::wstring& text);
-    // Tells the tip of a child of a move of the pointer that came before the tip was set.
-    void pointerMoved(HWND child, LPARAM place) const;
+    explicit Tips(HWND owner) : owner_(owner) {}
+
+    // Sets the tip of a child of the owner: a text that it has no room to show whole, or what its caption does not say.
+    // An empty text takes the tip away.
+    void set(HWND child, const std::wstring& text);
+    // The same for a place in a child that the pointer has just moved to.
+    void setAt(HWND child, LPARAM place, const std::wstring& text);
 
 private:
+    HWND owner_;
     HWND window_ = nullptr;  // made for the first tip; goes with its owner
-    std::set<HWND> tools_;
 };
 
 }  // namespace vrix

@@ -31,9 +31,4 @@ std::wstring utf8ToWide(std::string_view text) {
 
 std::string wideToUtf8(std::wstring_view text) { return fromUtf16(std::u16string(text.begin(), text.end())); }
 
-bool narrowExactly(std::wstring_view text, std::string& narrowed) {
-    narrowed = narrow(text);
-    return wide(narrowed) == text;
-}
-
 }  // namespace vrix

@@ -16,7 +16,4 @@ std::string narrow(std::wstring_view text, unsigned codePage = 0);
 std::wstring utf8ToWide(std::string_view text);
 std::string wideToUtf8(std::wstring_view text);
 
-// Gives the text in the system's code page. False if that has not every character.
-bool narrowExactly(std::wstring_view text, std::string& narrowed);
-
 }  // namespace vrix

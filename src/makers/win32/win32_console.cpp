@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "common/fixed.h"
 #include "makers/win32/wide_text.h"
 #include "platform/console.h"
 
@@ -37,12 +38,9 @@ bool put(DWORD stream, const std::string& text) {
 HANDLE input() { return GetStdHandle(STD_INPUT_HANDLE); }
 
 // Its output waits for the end, or for much of it.
-class Win32Console final : public Console {
+class Win32Console final : public Console, Fixed {
 public:
-    Win32Console() = default;
     ~Win32Console() override { handOn(); }
-    Win32Console(const Win32Console&) = delete;
-    Win32Console& operator=(const Win32Console&) = delete;
 
     bool isAttended() override { return isConsole(input()); }
     std::string readLine() override {

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "common/fixed.h"
 #include "makers/win32/wide_text.h"
 #include "platform/disk.h"
 
@@ -15,12 +16,10 @@ bool isFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY)
 
 constexpr DWORD most = 0x4000'0000;  // bytes at once
 
-class Win32File final : public DiskFile {
+class Win32File final : public DiskFile, Fixed {
 public:
     Win32File(HANDLE file, FileUse use) : file_(file), appends_(use == FileUse::append) {}
     ~Win32File() override { Win32File::close(); }
-    Win32File(const Win32File&) = delete;
-    Win32File& operator=(const Win32File&) = delete;
 
     std::optional<std::string> read(std::size_t wanted) override {
         std::string bytes(wanted, '\0');

@@ -76,9 +76,10 @@ std::optional<std::wstring> chosenPath(Win32Screen& screen, const FileQuestion& 
 
 std::optional<std::string> ask(Win32Screen& screen, const FileQuestion& question, const char* dialogName) {
     const auto path = chosenPath(screen, question, dialogName);
-    std::string text;
     if (!path) return std::nullopt;
-    if (narrowExactly(*path, text) || narrowExactly(shortPath(*path), text)) return text;
+    for (const std::wstring& name : {*path, shortPath(*path)}) {
+        if (wide(narrow(name)) == name) return narrow(name);
+    }
     screen.ask("The path of this file has characters that the code page of this system cannot write.",
                "Path Cannot Be Written", Buttons::ok);
     return "";

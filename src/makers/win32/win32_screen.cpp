@@ -62,10 +62,8 @@ void Win32Screen::controlChanged(Control& control) {
 }
 
 void Win32Screen::rowsChanged(Control& list, RowChange change) {
-    const FormWindow* form = windowOf(list.form());
-    if (form == nullptr) return;
-    if (ControlWindow* window = form->find(list)) window->rowsChanged(change);
-    changedControls_.insert(&list);
+    if (const FormWindow* form = windowOf(list.form())) form->find(list)->rowsChanged(change);
+    controlChanged(list);
 }
 
 void Win32Screen::timerChanged(Timer& timer) { timers_->set(timer); }

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/fixed.h"
 #include "forms/event.h"
 #include "platform/screen.h"
 
@@ -27,12 +28,10 @@ class Styles;
 class TimerWindow;
 
 // Sets a flag while it lasts.
-class FlagGuard {
+class FlagGuard : Fixed {
 public:
     FlagGuard(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
     ~FlagGuard() { flag_ = before_; }
-    FlagGuard(const FlagGuard&) = delete;
-    FlagGuard& operator=(const FlagGuard&) = delete;
 
 private:
     bool& flag_;
