@@ -96,7 +96,7 @@ void measureTools(const std::string& folder) {
                 {program("regedit.exe /S " + file), forget});
         forget();
         finish(running, file);
-        pages.edit1.initEdit1();
+        pages.edit1.initThis();
         pages.edit1.isDeveloper = true;
         pages.edit1.ProductRegKey = std::string("Toolkit\\") + productKey;
         compare("c export to reg export" + size, rounds, limit, {[&] { exportStored(pages, file); }},

@@ -134,8 +134,7 @@ void journal(Input& input) {
     StubDisk disk;
     const std::string path = (std::filesystem::temp_directory_path() / "vrix_fuzz.journal").string();
     std::filesystem::remove(path);
-    JournalFile file(path, disk);
-    file.start([](const std::string&) { return true; });
+    JournalFile file(path, disk, [](const std::string&) { return true; });
     while (input.ConsumeBool()) promise(file.append(input.ConsumeRandomLengthString()));
     std::ofstream(path, input.ConsumeBool() ? std::ios::app : std::ios::trunc) << input.ConsumeRemainingBytesAsString();
     std::filesystem::last_write_time(path, {});

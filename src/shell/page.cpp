@@ -11,33 +11,39 @@ Page::Page(Toolkit& owner, std::string_view name, std::string_view heading, std:
       toolkit(owner) {
     defaultButton = &NextBtn;
     content = &Frame2;
+    ExitBtn.action = [this] { exitGroup(); };
 }
 
-void Page::showTask(bool edit) { Label1.setCaption(edit ? editTask : createTask); }
+void Page::showTask() { Label1.setCaption(editing() ? editTask : createTask); }
 
-void Page::showTaskOfLastPage(bool edit) {
-    showTask(edit);
-    NextBtnLbl.setCaption(edit ? "Finish" : "Next >");
+void Page::showTaskOfLastPage() {
+    showTask();
+    NextBtnLbl.setCaption(editing() ? "Finish" : "Next >");
+}
+
+void Page::goForward(Page& next) {
+    goTo(next);
+    next.initThis();
 }
 
 void Page::goToHub() { goTo(vrix::form(toolkit, "Edit2")); }
 
 void Page::goToMain() { goTo(vrix::form(toolkit, "ToolkitMain")); }
 
-void Page::endEdit(bool& edit) {
+void Page::endEdit() {
     goToHub();
-    edit = false;
+    group().Edit = false;
 }
 
-void Page::backInGroup(bool& edit, Form& previous) {
-    if (edit) {
-        endEdit(edit);
+void Page::backInGroup(Form& previous) {
+    if (editing()) {
+        endEdit();
     } else {
         goTo(previous);
     }
 }
 
-void Page::exitGroup(bool& edit) { backInGroup(edit, vrix::form(toolkit, "ToolkitMain")); }
+void Page::exitGroup() { backInGroup(vrix::form(toolkit, "ToolkitMain")); }
 
 void Page::tell(const std::string& title, const std::string& text) { screen().ask(text, title, Buttons::ok); }
 

@@ -20,8 +20,7 @@ inline constexpr const char* wordDocuments = "Word Documents (*.doc)|*.doc";  //
 // What all pages share: the title band, the frame for the page's own controls, and the three buttons. A page is left
 // and entered by its actions alone; it keeps its content while it is hidden.
 //
-// Pages that edit one part of a Product are a group. The first of them owns the group's flag, `Edit`: the group is at
-// work on an existing Product. The functions below take that flag.
+// Pages that edit one part of a Product are a group. The first of them owns the group's flag, `Edit`.
 class Page : public Form {
 public:
     Picture TitleImg{*this, "TitleImg", {-72, 12, 48, 48}, Art::logo};
@@ -35,32 +34,40 @@ public:
     ButtonLabel& NextBtnLbl = NextBtn.label;
     ButtonLabel& ExitBtnLbl = ExitBtn.label;
 
+    bool Edit = false;  // on the first page of a group: the group is at work on an existing Product
+
+    // The start routine: makes the page fit the mode. Runs when the page loads and whenever it is entered by Next or
+    // from the hub.
+    virtual void initThis() {}
     // Closing a page by its window frame is its Exit.
     void closed() override { ExitBtn.action(); }
 
 protected:
     Page(Toolkit& owner, std::string_view name, std::string_view heading, std::string_view task = createTask);
 
+    void load() override { initThis(); }
+
+    // The first page of the page's group.
+    virtual Page& group() { return *this; }
+    // Whether the group is at work on an existing Product.
+    bool editing() { return group().Edit; }
+
     // The caption of the task: editing a Product or creating one.
-    void showTask(bool edit);
+    void showTask();
     // The same on a page that ends its group, where Next means Finish when editing.
-    void showTaskOfLastPage(bool edit);
+    void showTaskOfLastPage();
 
     void goTo(Form& next) { leaveFor(*this, next); }
     // Goes on to a page and calls its start routine.
-    template <class NextPage, class Init>
-    void goForward(NextPage& next, Init init) {
-        goTo(next);
-        (next.*init)();
-    }
+    void goForward(Page& next);
     void goToHub();
     void goToMain();
     // Leaves an edited group for the hub and ends its edit mode.
-    void endEdit(bool& edit);
+    void endEdit();
     // Back of the first page of a group: to the hub when editing, to the page before otherwise.
-    void backInGroup(bool& edit, Form& previous);
-    // Exit of every page of a group: to the hub when editing, to the main screen otherwise.
-    void exitGroup(bool& edit);
+    void backInGroup(Form& previous);
+    // Exit, where a page says nothing else: to the hub when editing, to the main screen otherwise.
+    void exitGroup();
 
     // Shows a message with one OK button.
     void tell(const std::string& title, const std::string& text);

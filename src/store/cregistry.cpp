@@ -38,6 +38,8 @@ std::vector<std::uint8_t> arrayIn(const std::string& bytes) {
     return array;
 }
 
+RegistryStatus nothing(RegistryKey /*key*/) { return RegistryStatus::success; }
+
 }  // namespace
 
 std::string textOf(Variant value) {
@@ -51,8 +53,8 @@ std::string textOf(Variant value) {
 
 // ---- Keys ----
 
-template <class Open, class Call>
-RegistryStatus cRegistry::onKey(std::uint32_t rights, const Open& open, const Call& call) {
+template <class Call>
+RegistryStatus cRegistry::onKey(std::uint32_t rights, const Call& call, IfMissing ifMissing) {
     const auto kept = std::find_if(kept_.begin(), kept_.end(), [&](const Kept& one) {
         return one.hive == ClassKey && one.rights == rights && one.path == SectionKey;
     });
@@ -63,22 +65,16 @@ RegistryStatus cRegistry::onKey(std::uint32_t rights, const Open& open, const Ca
         kept_.erase(kept);
     }
     OpenKey opened(registry_);
-    const RegistryStatus refused = open(opened.key);
-    const RegistryStatus status = refused == RegistryStatus::success ? call(opened.key) : refused;
+    RegistryStatus status = ifMissing == IfMissing::make ? registry_.createKey(ClassKey, SectionKey, rights, opened.key)
+                                                         : registry_.openKey(ClassKey, SectionKey, rights, opened.key);
+    if (status == RegistryStatus::success) status = call(opened.key);
     if (runs_ > 0 && opened.key != 0) kept_.push_back({ClassKey, SectionKey, rights, std::exchange(opened.key, 0)});
     return status;
 }
 
 template <class Call>
-RegistryStatus cRegistry::onKey(std::uint32_t rights, const Call& call) {
-    const auto open = [&](RegistryKey& key) { return registry_.openKey(ClassKey, SectionKey, rights, key); };
-    return onKey(rights, open, call);
-}
-
-template <class Call>
 RegistryStatus cRegistry::onMadeKey(const Call& call) {
-    const auto make = [&](RegistryKey& key) { return registry_.createKey(ClassKey, SectionKey, access::change, key); };
-    return onKey(access::change, make, call);
+    return onKey(access::change, call, IfMissing::make);
 }
 
 void cRegistry::letGo() {
@@ -86,12 +82,33 @@ void cRegistry::letGo() {
     kept_.clear();
 }
 
-// ---- Values ----
+bool cRegistry::KeyExists() {
+    letGo();
+    return onKey(access::queryValue, nothing) == RegistryStatus::success;
+}
+
+bool cRegistry::CreateKey() {
+    letGo();
+    return onMadeKey(nothing) == RegistryStatus::success;
+}
 
 bool cRegistry::DeleteKey() {
     letGo();
     return registry_.deleteKey(ClassKey, SectionKey) == RegistryStatus::success;
 }
+
+bool cRegistry::EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount) {
+    sSect.clear();
+    onKey(access::enumerateSubKeys, [&](RegistryKey key) { return registry_.listKeys(key, sSect); });
+    // There is room for 254 bytes. A longer name ends the list.
+    constexpr std::size_t room = 255;
+    const auto isTooLong = [](const std::string& name) { return name.size() >= room; };
+    sSect.erase(std::find_if(sSect.begin(), sSect.end(), isTooLong), sSect.end());
+    iSectCount = static_cast<std::int32_t>(sSect.size());
+    return true;
+}
+
+// ---- Values ----
 
 bool cRegistry::DeleteValue() {
     return onKey(access::change, [&](RegistryKey key) { return registry_.deleteValue(key, ValueKey); }) ==
@@ -128,10 +145,6 @@ void cRegistry::Value(Variant value) {
             default: return RegistryStatus::success;
         }
     });
-}
-
-void cRegistry::SetText(const std::string& text) {
-    onMadeKey([&](RegistryKey key) { return writeText(key, text); });
 }
 
 RegistryStatus cRegistry::writeText(RegistryKey key, const std::string& text) {

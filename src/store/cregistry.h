@@ -69,8 +69,6 @@ public:
     // least one character are stored as expandable. Bytes go without their last two; numbers of type 4 and 5 need an
     // integer. A write that fits no type, or that the registry refuses, stores nothing and tells nothing.
     void Value(Variant value);
-    // Writes text, whatever ValueType says, making the key if need be.
-    void SetText(const std::string& text);
 
     // Gives the names of all values in the order of the platform, the unnamed one among them. Always true; a key that
     // cannot be opened has none.
@@ -102,12 +100,12 @@ private:
         std::uint32_t rights;
         RegistryKey key;
     };
+    enum class IfMissing { refuse, make };
+    // Runs a call on the key at SectionKey.
     template <class Call>
-    RegistryStatus onKey(std::uint32_t rights, const Call& call);
+    RegistryStatus onKey(std::uint32_t rights, const Call& call, IfMissing ifMissing = IfMissing::refuse);
     template <class Call>
     RegistryStatus onMadeKey(const Call& call);
-    template <class Open, class Call>
-    RegistryStatus onKey(std::uint32_t rights, const Open& open, const Call& call);
     void letGo();
 
     std::string ExpandEnvStr(const std::string& text) { return registry_.expandEnvironment(text); }

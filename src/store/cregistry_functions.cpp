@@ -58,7 +58,8 @@ void cRegistryFunctions::SaveSetting(std::string_view sApplication, std::string_
                                      const std::string& setting) {
     pointTo(sApplication, sSection);
     cursor_.ValueKey = wholeCharacters(sKey);
-    cursor_.SetText(wholeCharacters(setting));
+    cursor_.ValueType = static_cast<std::int32_t>(valuetype::string);
+    cursor_.Value(setting);
 }
 
 }  // namespace vrix

@@ -1,6 +1,7 @@
 #include "store/option_table.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vrix {
 
@@ -8,8 +9,9 @@ const std::vector<OptionRow>& optionTable() {
     static const std::vector<OptionRow> table = [] {
         std::vector<OptionRow> rows;
         for (const OptionFamily& family : optionFamilies) {
-            if (family.count == 0) rows.push_back({std::string(family.pattern), family.kind});
-            for (int n = 1; n <= family.count; ++n) rows.push_back({numbered(family.pattern, n), family.kind});
+            for (std::string& name : numbered(family.pattern, family.count)) {
+                rows.push_back({std::move(name), family.kind});
+            }
         }
         return rows;
     }();
@@ -22,9 +24,13 @@ const OptionRow* findOption(std::string_view name) {
     return found == table.end() ? nullptr : &*found;
 }
 
-std::string numbered(std::string_view pattern, int number) {
-    std::string name(pattern);
-    return name.replace(name.find('#'), 1, std::to_string(number));
+std::vector<std::string> numbered(std::string_view pattern, int count) {
+    if (count == 0) return {std::string(pattern)};
+    std::vector<std::string> names;
+    for (int number = 1; number <= count; ++number) {
+        names.emplace_back(pattern).replace(pattern.find('#'), 1, std::to_string(number));
+    }
+    return names;
 }
 
 }  // namespace vrix

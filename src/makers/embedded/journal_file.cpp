@@ -9,7 +9,8 @@ namespace vrix {
 
 namespace {
 
-const std::string signature = "Vrix registry journal 1\n";
+const std::string signature = "Vrix registry journal 2\n";
+const std::string olderSignature = "Vrix registry journal 1\n";
 
 constexpr std::array<std::uint32_t, 256> crcTable() {
     std::array<std::uint32_t, 256> table{};
@@ -34,12 +35,12 @@ std::string framed(const std::string& record) {
     return length + packed(crc32(length)) + packed(crc32(record)) + record;
 }
 
-Refusal refusal(Refusal::Kind kind, const std::string& path, const std::string& what) {
+Refusal refusal(const std::string& path, const std::string& what, Refusal::Kind kind = Refusal::Kind::refused) {
     return {kind, "The file \"" + path + "\" " + what};
 }
 
-Refusal refused(const std::string& path, const std::string& what) {
-    return refusal(Refusal::Kind::refused, path, what);
+Refusal malformed(const std::string& path, const std::string& what) {
+    return refusal(path, what, Refusal::Kind::malformed);
 }
 
 }  // namespace
@@ -58,7 +59,7 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
 
 journal::Extent journal::read(const std::string& path, Disk& disk, const Reader& reader) {
     const auto file = disk.open(path, FileUse::read);
-    const auto unreadable = refused(path, "cannot be read");
+    const auto unreadable = refusal(path, "cannot be read");
     const auto whole = file ? file->size() : std::nullopt;
     if (!whole) throw unreadable;
     // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
@@ -68,13 +69,15 @@ journal::Extent journal::read(const std::string& path, Disk& disk, const Reader&
         return *std::move(bytes);
     };
     const std::string first = take(std::min<std::uint64_t>(*whole, signature.size()));
+    if (first == olderSignature) {
+        throw malformed(path, "is a journal of an older version, whose texts are not UTF-8. It was left as it is");
+    }
     if (!signature.starts_with(first)) {
-        throw refusal(Refusal::Kind::malformed, path, "is not a journal of this program. It was left as it is");
+        throw malformed(path, "is not a journal of this program. It was left as it is");
     }
     if (first.size() < signature.size()) return {0, !first.empty()};
 
-    const auto damaged = refusal(Refusal::Kind::malformed, path,
-                                 "is damaged and was left as it is. Restore it from a copy or move it away");
+    const auto damaged = malformed(path, "is damaged and was left as it is. Restore it from a copy or move it away");
     const std::string bytes = take(*whole - signature.size());
     for (std::size_t at = 0; at < bytes.size();) {
         const Extent torn{signature.size() + at, true};
@@ -114,21 +117,23 @@ std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk,
     return std::nullopt;
 }
 
-JournalFile::JournalFile(const std::string& path, Disk& disk) : path_(path), disk_(disk) { open(); }
-
-void JournalFile::start(const journal::Reader& reader) {
+// Opened before it is locked, since a lock that is refused does not say why.
+JournalFile::JournalFile(const std::string& path, Disk& disk, const journal::Reader& reader)
+    : path_(path), disk_(disk), file_(opened()), lock_(disk.lock(path)) {
+    if (!lock_) throw refusal(path, "is in use by another program");
     const journal::Extent extent = journal::read(path_, disk_, reader);
     size_ = extent.size;
     torn_ = extent.torn;
-    if (torn_ && !truncateToWhole()) throw refused(path_, "cannot be written");
+    if (torn_ && !truncateToWhole()) throw refusal(path_, "cannot be written");
     if (size_ > 0) return;
-    if (!file_->write(signature)) throw refused(path_, "cannot be written");
+    if (!file_->write(signature)) throw refusal(path_, "cannot be written");
     size_ = signature.size();
 }
 
-void JournalFile::open() {
-    file_ = disk_.open(path_, FileUse::append);
-    if (!file_) throw refused(path_, "cannot be opened for writing");
+std::unique_ptr<DiskFile> JournalFile::opened() const {
+    auto file = disk_.open(path_, FileUse::append);
+    if (!file) throw refusal(path_, "cannot be opened for writing");
+    return file;
 }
 
 bool JournalFile::append(const std::string& record) {
@@ -156,7 +161,7 @@ bool JournalFile::truncateToWhole() {
 void JournalFile::rewrite(const journal::Content& content) {
     file_.reset();
     if (const auto size = journal::write(path_, disk_, content)) size_ = *size;
-    open();
+    file_ = opened();
 }
 
 }  // namespace vrix

@@ -43,12 +43,10 @@ std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const Co
 // A journal that grows.
 class JournalFile {
 public:
-    // Opens the file, or makes an empty one, and changes nothing. Throws Refusal when it cannot be written.
-    JournalFile(const std::string& path, Disk& disk);
-
-    // Reads the file and makes it ready for more. A last record that is not whole is cut off. Throws as journal::read
-    // does; the file is left as it was then.
-    void start(const journal::Reader& reader);
+    // Opens the file, or makes an empty one, hands its records to `reader`, and cuts off a last one that is not whole.
+    // Throws as journal::read does, and Refusal when the file is in use or cannot be written; it is left as it was
+    // then.
+    JournalFile(const std::string& path, Disk& disk, const journal::Reader& reader);
 
     std::uint64_t size() const { return size_; }
 
@@ -64,12 +62,13 @@ public:
     void rewrite(const journal::Content& content);
 
 private:
-    void open();
+    std::unique_ptr<DiskFile> opened() const;
     bool truncateToWhole();
 
     std::string path_;
     Disk& disk_;
     std::unique_ptr<DiskFile> file_;
+    std::shared_ptr<void> lock_;
     std::uint64_t size_ = 0;  // up to the end of the last whole record
     bool torn_ = false;       // a part of a record may stand behind it
     bool synced_ = true;      // all of it is on the disk itself

@@ -3,8 +3,6 @@
 #include <optional>
 #include <utility>
 
-#include "common/refusal.h"
-
 namespace vrix {
 
 namespace {
@@ -22,6 +20,13 @@ std::optional<Change> changeOf(const std::string& record) {
                   record.substr(fixedSize + path, name), unpacked(record, 1), record.substr(fixedSize + path + name));
 }
 
+journal::Reader replayer(EmbeddedRegistry& registry) {
+    return [&registry](const std::string& record) {
+        auto change = changeOf(record);
+        return change && registry.replay(std::move(*change));
+    };
+}
+
 }  // namespace
 
 std::string journalRecord(const Change& change) {
@@ -32,14 +37,8 @@ std::string journalRecord(const Change& change) {
     return record + change.path + change.name + change.data;
 }
 
-// Opened before it is locked, since a lock that is refused does not say why.
 JournalRegistry::JournalRegistry(const std::string& path, Environment environment, Disk& disk)
-    : EmbeddedRegistry(std::move(environment)), file_(path, disk), lock_(disk.lock(path)) {
-    if (!lock_) throw Refusal(Refusal::Kind::refused, "The file \"" + path + "\" is in use by another program");
-    file_.start([this](const std::string& record) {
-        auto change = changeOf(record);
-        return change && replay(std::move(*change));
-    });
+    : EmbeddedRegistry(std::move(environment)), file_(path, disk, replayer(*this)) {
     compactIfWorthwhile();
 }
 
@@ -59,10 +58,7 @@ RegistryStatus JournalRegistry::persist(const Change& change) {
 
 JournalSnapshot::JournalSnapshot(const std::string& path, Environment environment, Disk& disk)
     : EmbeddedRegistry(std::move(environment)) {
-    journal::read(path, disk, [this](const std::string& record) {
-        auto change = changeOf(record);
-        return change && replay(std::move(*change));
-    });
+    journal::read(path, disk, replayer(*this));
 }
 
 }  // namespace vrix

@@ -7,11 +7,10 @@ namespace vrix {
 
 Delete1::Delete1(Toolkit& owner) : Page(owner, "Delete1", "Select A Product", deleteTask) {
     NextBtn.action = [this] { goToDelete2(); };
-    BackBtn.action = [this] { returnToMain(); };
-    ExitBtn.action = [this] { returnToMain(); };
+    BackBtn.action = [this] { goToMain(); };
 }
 
-void Delete1::initDelete1() { fillProductList(toolkit, ProductList); }
+void Delete1::initThis() { fillProductList(toolkit, ProductList); }
 
 void Delete1::goToDelete2() {
     goTo(toolkit.delete2);

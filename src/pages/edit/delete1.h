@@ -11,12 +11,10 @@ public:
     ComboBox ProductList{Frame2, "ProductList", {0, 22, 400, 24}};  // installed tree first, then develop tree
 
     explicit Delete1(Toolkit& owner);
-    void initDelete1();
+    void initThis() override;
 
 private:
-    void load() override { initDelete1(); }
     void goToDelete2();
-    void returnToMain() { goToMain(); }
 };
 
 }  // namespace vrix

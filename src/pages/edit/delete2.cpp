@@ -11,8 +11,7 @@ Delete2::Delete2(Toolkit& owner) : Page(owner, "Delete2", "Confirm Product Delet
     firstFocus = &BackBtn;  // Enter alone deletes nothing
     NextBtnLbl.setCaption("Finish");
     NextBtn.action = [this] { DeleteProduct(); };
-    BackBtn.action = [this] { returnToDelete1(); };
-    ExitBtn.action = [this] { exitToMain(); };
+    BackBtn.action = [this] { goTo(toolkit.delete1); };
 }
 
 // Keys go before their parents, since a key with subkeys is not deleted. The list row goes last: after an interrupted
@@ -28,7 +27,5 @@ void Delete2::DeleteProduct() {
     settings.DeleteSetting(application, product.listSection(), list.text());
     goToMain();
 }
-
-void Delete2::returnToDelete1() { goTo(toolkit.delete1); }
 
 }  // namespace vrix

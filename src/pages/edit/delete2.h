@@ -20,8 +20,6 @@ public:
 
 private:
     void DeleteProduct();
-    void returnToDelete1();
-    void exitToMain() { goToMain(); }
 };
 
 }  // namespace vrix

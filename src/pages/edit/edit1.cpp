@@ -7,11 +7,10 @@ namespace vrix {
 
 Edit1::Edit1(Toolkit& owner) : Page(owner, "Edit1", "Select A Product", editTask) {
     NextBtn.action = [this] { nextEdit1(); };
-    BackBtn.action = [this] { backEdit1(); };
-    ExitBtn.action = [this] { backEdit1(); };
+    BackBtn.action = [this] { goToMain(); };
 }
 
-void Edit1::initEdit1() {
+void Edit1::initThis() {
     ProductRegKey.clear();
     fillProductList(toolkit, ProductList);
 }

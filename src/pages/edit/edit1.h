@@ -15,12 +15,10 @@ public:
     std::string& ProductRegKey = toolkit.selectedProduct.ProductRegKey;
 
     explicit Edit1(Toolkit& owner);
-    void initEdit1();
+    void initThis() override;
 
 private:
-    void load() override { initEdit1(); }
     void nextEdit1();
-    void backEdit1() { goToMain(); }
 };
 
 }  // namespace vrix

@@ -18,21 +18,20 @@ namespace vrix {
 
 Edit2::Edit2(Toolkit& owner) : Page(owner, "Edit2", "Product Name", editTask) {
     NextBtnLbl.setCaption("Finish");
-    NextBtn.action = [this] { finishEdit2(); };
-    BackBtn.action = [this] { backEdit2(); };
-    ExitBtn.action = [this] { finishEdit2(); };
+    NextBtn.action = [this] { goToMain(); };
+    BackBtn.action = [this] { goTo(toolkit.edit1); };
     ProductSettingsBtn.action = [this] { openProductSettings(); };
-    CoverPagesBtn.action = [this] { open(toolkit.create3, &Create3::initThis3); };
-    ContentSummaryBtn.action = [this] { open(toolkit.create5, &Create5::initThis); };
-    TableOfContentsBtn.action = [this] { open(toolkit.create6, &Create6::initThis); };
-    ConclusionBtn.action = [this] { open(toolkit.create7, &Create7::initThis); };
-    TopicsBtn.action = [this] { open(toolkit.create8, &Create8::initThis8); };
-    TopicOrderBtn.action = [this] { open(toolkit.create20, &Create20::initThis20); };
+    CoverPagesBtn.action = [this] { open(toolkit.create3); };
+    ContentSummaryBtn.action = [this] { open(toolkit.create5); };
+    TableOfContentsBtn.action = [this] { open(toolkit.create6); };
+    ConclusionBtn.action = [this] { open(toolkit.create7); };
+    TopicsBtn.action = [this] { open(toolkit.create8); };
+    TopicOrderBtn.action = [this] { open(toolkit.create20); };
     DependenciesBtn.action = [this] { openDependencies(); };
-    UserDefinedFieldsBtn.action = [this] { open(toolkit.create10, &Create10::initThis); };
-    SmartFieldsBtn.action = [this] { open(toolkit.create19, &Create19::initThis19); };
-    MiscellaneousSettingsBtn.action = [this] { open(toolkit.create17, &Create17::initThis17); };
-    ExportSettingsBtn.action = [this] { open(toolkit.create18, &Create18::initThis18); };
+    UserDefinedFieldsBtn.action = [this] { open(toolkit.create10); };
+    SmartFieldsBtn.action = [this] { open(toolkit.create19); };
+    MiscellaneousSettingsBtn.action = [this] { open(toolkit.create17); };
+    ExportSettingsBtn.action = [this] { open(toolkit.create18); };
     // The hub opens at the button that was used last, for the next Product too.
     for (ImageButton* button : only<ImageButton>(Frame2.children())) {
         button->action = [this, button, open = button->action] {
@@ -42,10 +41,9 @@ Edit2::Edit2(Toolkit& owner) : Page(owner, "Edit2", "Product Name", editTask) {
     }
 }
 
-template <class OwnerPage, class Init>
-void Edit2::open(OwnerPage& page, Init init) {
+void Edit2::open(Page& page) {
     page.Edit = true;
-    goForward(page, init);
+    goForward(page);
 }
 
 void Edit2::openDependencies() {
@@ -54,7 +52,7 @@ void Edit2::openDependencies() {
     setEnabled(false);
     hide();
     page.show();
-    page.initThis9();
+    page.initThis();
     page.setEnabled(true);
 }
 
@@ -66,9 +64,7 @@ void Edit2::openProductSettings() {
     page.NextBtnLbl.setCaption("Finish");
     page.ProductKey.setEnabled(false);
     page.ProductKey.setText(toolkit.settings.GetSetting(application, toolkit.selectedProduct.listSection(), name, ""));
-    page.initThis2();
+    page.initThis();
 }
-
-void Edit2::backEdit2() { goTo(toolkit.edit1); }
 
 }  // namespace vrix

@@ -25,12 +25,9 @@ public:
 
 private:
     // Opens the first page of a group: edit mode on, the hub left, the page shown, its start routine called.
-    template <class OwnerPage, class Init>
-    void open(OwnerPage& page, Init init);
+    void open(Page& page);
     void openDependencies();
     void openProductSettings();
-    void backEdit2();
-    void finishEdit2() { goToMain(); }
 };
 
 }  // namespace vrix

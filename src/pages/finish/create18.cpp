@@ -13,12 +13,11 @@ Create18::Create18(Toolkit& owner) : Page(owner, "Create18", "Finish") {
     NextBtnLbl.setCaption("Finish");
     Browse1Btn.action = [this] { browse1This18(); };
     NextBtn.action = [this] { nextThis18(); };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create17); };
-    ExitBtn.action = [this] { exitGroup(Edit); };
+    BackBtn.action = [this] { backInGroup(toolkit.create17); };
 }
 
-void Create18::initThis18() {
-    showTask(Edit);
+void Create18::initThis() {
+    showTask();
     Label2.setCaption(Edit ? "Export Settings" : "Finish");
     Label3.setCaption(Edit ? "Please select a filename to export the settings for this Product to."
                            : "This Product is now complete. Please click finish to save these settings and select a "
@@ -61,7 +60,7 @@ void Create18::exportProduct() {
     if (SettingsPath.text().empty()) return;
     ProductExport(toolkit.settings, toolkit.selectedProduct)
         .write(toolkit.platform.files, SettingsPath.text(), toolkit.edit1.ProductList.text());
-    endEdit(Edit);
+    endEdit();
 }
 
 }  // namespace vrix

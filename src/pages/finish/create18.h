@@ -14,15 +14,13 @@ public:
 
     CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Export File", "Kelmarsh Settings (*.kls)|*.kls",
                                ".kls"};
-    bool Edit = false;
 
     explicit Create18(Toolkit& owner);
-    void initThis18();
+    void initThis() override;
     // A path as it stands in a settings file.
     static std::string regslashes(const std::string& path);
 
 private:
-    void load() override { initThis18(); }
     void browse1This18();
     void nextThis18();
     void finish();

@@ -19,17 +19,16 @@ Create19::Create19(Toolkit& owner) : Page(owner, "Create19", "SmartFields") {
     UpdateBtn.action = [this] { updateThis19(); };
     DeleteBtn.action = [this] { deleteThis19(); };
     NextBtn.action = [this] { nextThis19(); };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create16); };
-    ExitBtn.action = [this] { exitGroup(Edit); };
+    BackBtn.action = [this] { backInGroup(toolkit.create16); };
 }
 
 TextTable& Create19::list() { return toolkit.smartFieldModule.SmartFieldList; }
 
-void Create19::initThis19() {
+void Create19::initThis() {
     SmartFieldCount = 0;
     SmartFields.clear();
     list().sizeTo(0);
-    showTaskOfLastPage(Edit);
+    showTaskOfLastPage();
     if (Edit) loadFromStore();
 }
 
@@ -124,9 +123,9 @@ void Create19::compact() {
 void Create19::nextThis19() {
     if (Edit) {
         save();
-        endEdit(Edit);
+        endEdit();
     } else {
-        goForward(toolkit.create17, &Create17::initThis17);
+        goForward(toolkit.create17);
     }
 }
 

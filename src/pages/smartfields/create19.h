@@ -23,13 +23,11 @@ public:
     CheckBox SmartFieldsDefault{Frame2, "SmartFieldsDefault", {0, 196, 0, 22}, "SmartFields Updated By Default"};
 
     std::int16_t SmartFieldCount = 0;
-    bool Edit = false;
 
     explicit Create19(Toolkit& owner);
-    void initThis19();
+    void initThis() override;
 
 private:
-    void load() override { initThis19(); }
     void loadFromStore();
     void showCurrent();
     std::string delimited() const;

@@ -32,7 +32,7 @@ void ToolkitMain::startCreate(bool inside) {
 void ToolkitMain::startEdit(bool inside) {
     if (inside) {
         leaveFor(*this, toolkit_.edit1);
-        toolkit_.edit1.initEdit1();
+        toolkit_.edit1.initThis();
     }
     returnIfNoProducts(EditImg, toolkit_.edit1, "Edit");
 }
@@ -40,7 +40,7 @@ void ToolkitMain::startEdit(bool inside) {
 void ToolkitMain::startDelete(bool inside) {
     if (inside) {
         leaveFor(*this, toolkit_.delete1);
-        toolkit_.delete1.initDelete1();
+        toolkit_.delete1.initThis();
     }
     returnIfNoProducts(DeleteImg, toolkit_.delete1, "Delete");
 }

@@ -31,17 +31,17 @@ Create20::Create20(Toolkit& owner) : Page(owner, "Create20", "Reorder Topics") {
                  {Key::home, [this] { moveTo(0, MoveDownBtn); }},
                  {Key::end, [this] { moveTo(toolkit.topicOrderModule.OrderRowCount - 1, MoveUpBtn); }}};
     NextBtn.action = [this] { nextThis20(); };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create8); };
+    BackBtn.action = [this] { backInGroup(toolkit.create8); };
     ExitBtn.action = [this] { exitThis20(); };
 }
 
 // When editing, only the hub's call starts the page.
 void Create20::load() {
-    if (!Edit) initThis20();
+    if (!Edit) initThis();
 }
 
-void Create20::initThis20() {
-    showTaskOfLastPage(Edit);
+void Create20::initThis() {
+    showTaskOfLastPage();
     toolkit.topicOrderModule.loadOrderTable();
 }
 
@@ -58,7 +58,7 @@ void Create20::moveTo(int row, const ImageButton& button) {
 void Create20::nextThis20() {
     if (Edit) {
         rewriteTopicKeys();
-        endEdit(Edit);
+        endEdit();
         return;
     }
     const TopicOrderModule::Columns& ordered = toolkit.topicOrderModule.OrderTable;
@@ -66,7 +66,7 @@ void Create20::nextThis20() {
     toolkit.create8.TopicPaths = ordered.paths;
     setEnabled(false);
     hide();
-    toolkit.create9.initThis9();
+    toolkit.create9.initThis();
     toolkit.create9.show();
     toolkit.create9.setEnabled(true);
 }
@@ -80,7 +80,8 @@ void Create20::rewriteTopicKeys() {
 // On purpose this ends the edit mode of Create19, and not its own.
 void Create20::exitThis20() {
     if (Edit) {
-        endEdit(toolkit.create19.Edit);
+        goToHub();
+        toolkit.create19.Edit = false;
     } else {
         goToMain();
     }

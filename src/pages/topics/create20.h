@@ -31,10 +31,9 @@ public:
     std::int16_t OrderCurrentView = 0;   // the page on show, from 1
     std::int16_t OrderChosenOption = 0;  // the chosen row on the page
     std::int16_t ordermodulecount = 0;   // a public member that nothing uses
-    bool Edit = false;
 
     explicit Create20(Toolkit& owner);
-    void initThis20();
+    void initThis() override;
 
 private:
     void load() override;

@@ -22,14 +22,13 @@ Create8::Create8(Toolkit& owner) : Page(owner, "Create8", "Topics") {
     DeleteBtn.action = [this] { deleteThis8(); };
     NextBtn.action = [this] { nextThis8(); };
     BackBtn.action = [this] { backThis8(); };
-    ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
-void Create8::initThis8() {
+void Create8::initThis() {
     Topics.clear();
     TopicNames = TextTable();
     TopicPaths = TextTable();
-    showTaskOfLastPage(Edit);
+    showTaskOfLastPage();
     if (Edit) {
         loadTopics();
     } else {
@@ -177,14 +176,14 @@ void Create8::nextThis8() {
     }
     if (Edit) {
         rewriteTopicKeys();
-        endEdit(Edit);
+        endEdit();
         return;
     }
     ignoring([&] { thisTopicCount = count16(TopicNames.count() - 1); });
     if (thisTopicCount > 1) {
-        goForward(toolkit.create20, &Create20::initThis20);
+        goForward(toolkit.create20);
     } else {
-        goForward(toolkit.create10, &Create10::initThis);
+        goForward(toolkit.create10);
     }
 }
 
@@ -195,7 +194,7 @@ void Create8::rewriteTopicKeys() {
 
 void Create8::backThis8() {
     emptyBoxes();
-    backInGroup(Edit, toolkit.create7);
+    backInGroup(toolkit.create7);
 }
 
 }  // namespace vrix

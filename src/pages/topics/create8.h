@@ -28,16 +28,14 @@ public:
     TextTable TopicPaths;
     std::int16_t i = 0;               // the number of rows, and the next free one
     std::int16_t thisTopicCount = 0;  // elements of TopicNames less 1, set by Next alone
-    bool Edit = false;
 
     explicit Create8(Toolkit& owner);
-    void initThis8();
+    void initThis() override;
     // Adds the Topics of a text file, one "name:stem" line each; the files lie in the folder of the text file. Failures
     // as in Files, and 9 for a line without ":"; the Topics before it stay.
     void ImportFile(const std::string& path);
 
 private:
-    void load() override { initThis8(); }
     void loadTopics();
     void showCurrentTopic();
     void emptyBoxes();

@@ -18,14 +18,13 @@ Create9::Create9(Toolkit& owner) : Page(owner, "Create9", "Topic Dependencies") 
     Topics.onClick = [this] { fillDependsList(toolkit, Topics.listIndex()); };
     DependsList.onClick = [this] { rebuildRow(); };
     NextBtn.action = [this] { nextThis9(); };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create20); };
-    ExitBtn.action = [this] { exitGroup(Edit); };
+    BackBtn.action = [this] { backInGroup(toolkit.create20); };
 }
 
-void Create9::initThis9() {
+void Create9::initThis() {
     DependsList.clear();
     Topics.clear();
-    showTaskOfLastPage(Edit);
+    showTaskOfLastPage();
     if (Edit) {
         loadTopics();
         loadMatrix();
@@ -72,7 +71,7 @@ void Create9::nextThis9() {
         save();
         goToHub();  // edit mode stays on, on purpose
     } else {
-        goForward(toolkit.create10, &Create10::initThis);
+        goForward(toolkit.create10);
     }
 }
 

@@ -15,12 +15,12 @@ public:
 
     TextTable Depends;         // the dependency row of each row of Topics: row numbers, separated by single blanks
     TextTable EditTopicNames;  // when editing, the Topics' names in list order
-    bool Edit = false;
 
     explicit Create9(Toolkit& owner);
-    void initThis9();
+    void initThis() override;
 
 private:
+    void load() override {}  // those who show the page start it
     void loadTopics();
     void loadMatrix();
     void rebuildRow();

@@ -5,9 +5,8 @@
 namespace vrix {
 
 Create1::Create1(Toolkit& owner) : Page(owner, "Create1", "Welcome Screen") {
-    NextBtn.action = [this] { goForward(toolkit.create2, &Create2::initThis2); };
+    NextBtn.action = [this] { goForward(toolkit.create2); };
     BackBtn.action = [this] { goToMain(); };
-    ExitBtn.action = [this] { goToMain(); };
 }
 
 }  // namespace vrix

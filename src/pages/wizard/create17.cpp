@@ -12,12 +12,12 @@ Create17::Create17(Toolkit& owner) : Page(owner, "Create17", "Document Control")
     Browse1Btn.action = [this] { browse1This17(); };
     Browse2Btn.action = [this] { browse2This17(); };
     NextBtn.action = [this] { nextThis17(); };
-    BackBtn.action = [this] { backInGroup(Edit, pageBefore()); };
+    BackBtn.action = [this] { backInGroup(pageBefore()); };
     ExitBtn.action = [this] { exitThis17(); };
 }
 
-void Create17::initThis17() {
-    showTaskOfLastPage(Edit);
+void Create17::initThis() {
+    showTaskOfLastPage();
     if (Edit) {
         toolkit.options.load({&TemplatePath, &DefaultOutputFile, &AllowChangeCourseName, &ShowCourseName});
     } else {
@@ -43,9 +43,9 @@ void Create17::browse2This17() {
 void Create17::nextThis17() {
     if (Edit) {
         toolkit.options.rewriteAll({&TemplatePath, &DefaultOutputFile, &AllowChangeCourseName, &ShowCourseName});
-        endEdit(Edit);
+        endEdit();
     } else {
-        goForward(toolkit.create18, &Create18::initThis18);
+        goForward(toolkit.create18);
     }
 }
 
@@ -58,7 +58,7 @@ Form& Create17::pageBefore() const {
 // When creating, this hides Create16 and not this page, which stays on the screen beside the main one.
 void Create17::exitThis17() {
     if (Edit) {
-        endEdit(Edit);
+        endEdit();
     } else {
         leaveFor(toolkit.create16, toolkit.toolkitMain);
     }

@@ -18,13 +18,11 @@ public:
     CheckBox ShowCourseName{Frame2, "ShowCourseName", {0, 168, 0, 22}, "Display Product Title On Screen"};
 
     CommonDialog CommonDialog1{toolkit.platform.fileDialog, "", "", ".doc"};  // one for both, with a title for each
-    bool Edit = false;
 
     explicit Create17(Toolkit& owner);
-    void initThis17();
+    void initThis() override;
 
 private:
-    void load() override { initThis17(); }
     void browse1This17();
     void browse2This17();
     void nextThis17();

@@ -12,12 +12,11 @@ namespace vrix {
 Create2::Create2(Toolkit& owner) : Page(owner, "Create2", "Initial Product Setup") {
     ProductName.onChange = [this] { nameChanged(); };
     NextBtn.action = [this] { nextThis2(); };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create1); };
-    ExitBtn.action = [this] { exitGroup(Edit); };
+    BackBtn.action = [this] { backInGroup(toolkit.create1); };
 }
 
-void Create2::initThis2() {
-    showTaskOfLastPage(Edit);
+void Create2::initThis() {
+    showTaskOfLastPage();
     ProductKey.setEnabled(!Edit);
     if (Edit) {
         const std::string name = toolkit.edit1.ProductList.text();
@@ -56,7 +55,7 @@ void Create2::nextThis2() {
         tell("Invalid Product Key", "Sorry - this Product key already exists. Please enter another, unique, key.");
         return;
     }
-    goForward(toolkit.create3, &Create3::initThis3);
+    goForward(toolkit.create3);
 }
 
 void Create2::rename() {

@@ -15,13 +15,10 @@ public:
     Label Label5{Frame2, "Label5", {0, 136, 0, 18}, "Enter a default Product title:"};
     TextBox DefaultCourseName{Frame2, "DefaultCourseName", {0, 158, 400, 24}};
 
-    bool Edit = false;
-
     explicit Create2(Toolkit& owner);
-    void initThis2();
+    void initThis() override;
 
 private:
-    void load() override { initThis2(); }
     void nameChanged();
     void nextThis2();
     void rename();

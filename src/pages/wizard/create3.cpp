@@ -17,16 +17,15 @@ Create3::Create3(Toolkit& owner) : Page(owner, "Create3", "Cover Page Options") 
     Browse2Btn.action = [this] { browse(CommonDialog1, CoverPage2); };
     Browse3Btn.action = [this] { browse(CommonDialog1, CoverPage3); };
     NextBtn.action = [this] { nextThis3(); };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create2); };
-    ExitBtn.action = [this] { exitGroup(Edit); };
+    BackBtn.action = [this] { backInGroup(toolkit.create2); };
 }
 
 std::vector<Control*> Create3::boxes() {
     return {&CoverPage1, &CoverPage2, &CoverPage3, &CoverPage1Name, &CoverPage2Name, &CoverPage3Name};
 }
 
-void Create3::initThis3() {
-    showTask(Edit);
+void Create3::initThis() {
+    showTask();
     if (Edit) {
         toolkit.options.load(boxes());
     } else {
@@ -61,7 +60,7 @@ void Create3::nextThis3() {
         tell("Missing Cover Page", "Please enter at least one cover page for your Product");
         return;
     }
-    goForward(toolkit.create4, &Create4::initThis4);
+    goForward(toolkit.create4);
 }
 
 }  // namespace vrix

@@ -30,15 +30,13 @@ public:
 
     // One for all three.
     CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Cover Page", wordDocuments, ".doc", "C:\\"};
-    bool Edit = false;
 
     explicit Create3(Toolkit& owner);
-    void initThis3();
+    void initThis() override;
     // The six boxes in the order in which they are stored.
     std::vector<Control*> boxes();
 
 private:
-    void load() override { initThis3(); }
     bool namesRepeat() const;
     bool nameMissing() const;
     void nextThis3();

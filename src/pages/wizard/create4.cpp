@@ -9,13 +9,14 @@ namespace vrix {
 Create4::Create4(Toolkit& owner) : Page(owner, "Create4", "Cover Page Options") {
     NextBtn.action = [this] { nextThis4(); };
     BackBtn.action = [this] { goTo(toolkit.create3); };
-    ExitBtn.action = [this] { exitGroup(toolkit.create3.Edit); };
 }
 
-void Create4::initThis4() {
+Page& Create4::group() { return toolkit.create3; }
+
+void Create4::initThis() {
     const Create3& names = toolkit.create3;
-    showTaskOfLastPage(names.Edit);
-    if (names.Edit) {
+    showTaskOfLastPage();
+    if (editing()) {
         toolkit.options.load({&AllowNoCoverPage, &AllowUseAlternateCoverPage, &DefaultCover});
     } else {
         AllowUseAlternateCoverPage.setValue(names.CoverPage2Name.text().empty() ? 0 : 1);
@@ -31,15 +32,14 @@ void Create4::initThis4() {
 }
 
 void Create4::nextThis4() {
-    Create3& owner = toolkit.create3;
-    if (owner.Edit) {
-        toolkit.options.rewriteEach(owner.boxes());
+    if (editing()) {
+        toolkit.options.rewriteEach(toolkit.create3.boxes());
         toolkit.options.rewriteEach({&AllowNoCoverPage, &AllowUseAlternateCoverPage, &DefaultCover, &DefaultCoverPage});
-        endEdit(owner.Edit);
+        endEdit();
         return;
     }
     NextBtnLbl.setCaption("Next >");
-    goForward(toolkit.create5, &Create5::initThis);
+    goForward(toolkit.create5);
 }
 
 }  // namespace vrix

@@ -17,10 +17,10 @@ public:
     ComboBox DefaultCoverPage{Frame2, "DefaultCoverPage", {0, 130, 400, 24}};
 
     explicit Create4(Toolkit& owner);
-    void initThis4();
+    void initThis() override;
 
 private:
-    void load() override { initThis4(); }
+    Page& group() override;
     void nextThis4();
 };
 

@@ -15,8 +15,9 @@ FieldOptionsPage::FieldOptionsPage(Toolkit& owner, std::string_view name, std::s
         boxes_.push_back(std::make_unique<CheckBox>(Frame2, box, place, ""));
         boxes_.back()->setEnabled(false);
     }
-    ExitBtn.action = [this] { exitGroup(toolkit.create10.Edit); };
 }
+
+Page& FieldOptionsPage::group() { return toolkit.create10; }
 
 std::vector<Control*> FieldOptionsPage::boxes() const {
     std::vector<Control*> all;
@@ -32,9 +33,8 @@ void FieldOptionsPage::initThis() {
         if (!field.path.text().empty()) box.setEnabled(true);
         box.setCaption(field.name.text());
     }
-    const bool edit = toolkit.create10.Edit;
-    showTask(edit);
-    if (edit) {
+    showTask();
+    if (editing()) {
         toolkit.options.load(boxes());
     } else {
         for (const auto& box : boxes_) box->setValue(0);
@@ -43,12 +43,12 @@ void FieldOptionsPage::initThis() {
 
 Create14::Create14(Toolkit& owner)
     : FieldOptionsPage(owner, "Create14", "Allow User To Disable:", "AllowNoUserDefined") {
-    NextBtn.action = [this] { goForward(toolkit.create15, &Create15::initThis); };
+    NextBtn.action = [this] { goForward(toolkit.create15); };
     BackBtn.action = [this] { goTo(toolkit.create13); };
 }
 
 Create15::Create15(Toolkit& owner) : FieldOptionsPage(owner, "Create15", "Selected By Default:", "DefaultUserDef") {
-    NextBtn.action = [this] { goForward(toolkit.create16, &Create16::initThis); };
+    NextBtn.action = [this] { goForward(toolkit.create16); };
     BackBtn.action = [this] { goTo(toolkit.create14); };
 }
 
@@ -59,7 +59,7 @@ Create16::Create16(Toolkit& owner)
 }
 
 // The sixty controls of the group, in the order in which they are written.
-std::vector<Control*> Create16::group() const {
+std::vector<Control*> Create16::groupControls() const {
     std::vector<Control*> names;
     std::vector<Control*> paths;
     std::vector<Control*> positions;
@@ -77,11 +77,11 @@ std::vector<Control*> Create16::group() const {
 }
 
 void Create16::nextThis16() {
-    if (toolkit.create10.Edit) {
-        toolkit.options.rewriteAll(group());
-        endEdit(toolkit.create10.Edit);
+    if (editing()) {
+        toolkit.options.rewriteAll(groupControls());
+        endEdit();
     } else {
-        goForward(toolkit.create19, &Create19::initThis19);
+        goForward(toolkit.create19);
     }
 }
 

@@ -12,7 +12,7 @@ class FieldOptionsPage : public Page {
 public:
     Label Label3;
 
-    void initThis();
+    void initThis() override;
     // The ten boxes, in number order.
     std::vector<Control*> boxes() const;
 
@@ -21,7 +21,7 @@ protected:
     FieldOptionsPage(Toolkit& owner, std::string_view name, std::string_view prompt, std::string_view boxName);
 
 private:
-    void load() override { initThis(); }
+    Page& group() override;
     std::vector<std::unique_ptr<CheckBox>> boxes_;
 };
 
@@ -41,7 +41,7 @@ public:
     explicit Create16(Toolkit& owner);
 
 private:
-    std::vector<Control*> group() const;
+    std::vector<Control*> groupControls() const;
     void nextThis16();
 };
 

@@ -34,8 +34,9 @@ FieldsPage::FieldsPage(Toolkit& owner, std::string_view name, int first, int las
         UserField& field = *fields_.emplace_back(std::make_unique<UserField>(Frame2, number, number - first));
         field.browse.action = [this, &field] { browse(CommonDialog1, field.path); };
     }
-    ExitBtn.action = [this] { exitGroup(toolkit.create10.Edit); };
 }
+
+Page& FieldsPage::group() { return toolkit.create10; }
 
 void FieldsPage::initThis() {
     for (const auto& field : fields_) field->pos.clear();
@@ -46,10 +47,9 @@ void FieldsPage::initThis() {
         }
         field->pos.setListIndex(0);
     }
-    const bool edit = toolkit.create10.Edit;
-    showTask(edit);
+    showTask();
     for (const auto& field : fields_) {
-        if (edit) {
+        if (editing()) {
             toolkit.options.load({&field->name, &field->path, &field->pos});
         } else {
             field->name.clear();
@@ -59,8 +59,8 @@ void FieldsPage::initThis() {
 }
 
 Create10::Create10(Toolkit& owner) : FieldsPage(owner, "Create10", 1, 3) {
-    NextBtn.action = [this] { goForward(toolkit.create11, &Create11::initThis); };
-    BackBtn.action = [this] { backInGroup(Edit, pageBefore()); };
+    NextBtn.action = [this] { goForward(toolkit.create11); };
+    BackBtn.action = [this] { backInGroup(pageBefore()); };
 }
 
 Form& Create10::pageBefore() const {
@@ -69,12 +69,12 @@ Form& Create10::pageBefore() const {
 }
 
 Create11::Create11(Toolkit& owner) : FieldsPage(owner, "Create11", 4, 5) {
-    NextBtn.action = [this] { goForward(toolkit.create12, &Create12::initThis); };
+    NextBtn.action = [this] { goForward(toolkit.create12); };
     BackBtn.action = [this] { goTo(toolkit.create10); };
 }
 
 Create12::Create12(Toolkit& owner) : FieldsPage(owner, "Create12", 6, 8) {
-    NextBtn.action = [this] { goForward(toolkit.create13, &Create13::initThis); };
+    NextBtn.action = [this] { goForward(toolkit.create13); };
     BackBtn.action = [this] { goTo(toolkit.create11); };
 }
 
@@ -85,20 +85,18 @@ Create13::Create13(Toolkit& owner) : FieldsPage(owner, "Create13", 9, 10) {
 
 void Create13::nextThis13() {
     if (anyFieldHasPath(toolkit)) {
-        goForward(toolkit.create14, &Create14::initThis);
+        goForward(toolkit.create14);
     } else {
-        goForward(toolkit.create19, &Create19::initThis19);
+        goForward(toolkit.create19);
     }
 }
 
-FieldsPage& fieldsPage(const Toolkit& toolkit, int number) {
-    if (number <= 3) return toolkit.create10;
-    if (number <= 5) return toolkit.create11;
-    if (number <= 8) return toolkit.create12;
-    return toolkit.create13;
+UserField& userField(const Toolkit& toolkit, int number) {
+    if (number <= 3) return toolkit.create10.field(number);
+    if (number <= 5) return toolkit.create11.field(number);
+    if (number <= 8) return toolkit.create12.field(number);
+    return toolkit.create13.field(number);
 }
-
-UserField& userField(const Toolkit& toolkit, int number) { return fieldsPage(toolkit, number).field(number); }
 
 bool anyFieldHasPath(const Toolkit& toolkit) {
     for (int number = 1; number <= userFieldCount; ++number) {

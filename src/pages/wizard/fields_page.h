@@ -28,21 +28,20 @@ public:
     // One for all fields.
     CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For User Defined Documents", wordDocuments, ".doc"};
 
-    void initThis();
+    void initThis() override;
     UserField& field(int number) { return *fields_[static_cast<std::size_t>(number - first_)]; }
 
 protected:
     FieldsPage(Toolkit& owner, std::string_view name, int first, int last);
 
 private:
-    void load() override { initThis(); }
+    Page& group() override;
     int first_;
     std::vector<std::unique_ptr<UserField>> fields_;
 };
 
 class Create10 final : public FieldsPage {
 public:
-    bool Edit = false;  // of the whole group
     explicit Create10(Toolkit& owner);
 
 private:
@@ -69,8 +68,7 @@ private:
 
 inline constexpr int userFieldCount = 10;
 
-// The field of that number, from 1, and the page on which it lies.
-FieldsPage& fieldsPage(const Toolkit& toolkit, int number);
+// The field of that number, from 1.
 UserField& userField(const Toolkit& toolkit, int number);
 
 // Whether any field has a path. A name alone does not count.

@@ -15,7 +15,6 @@ OptionalSection::OptionalSection(Toolkit& owner, const SectionNames& names)
       byDefault(Frame2, names.byDefault, {0, 136, 0, 22}, names.title + " Selected By Default") {
     path.onChange = [this] { pathChanged(); };
     Browse1Btn.action = [this] { browse(CommonDialog1, path); };
-    ExitBtn.action = [this] { exitGroup(Edit); };
 }
 
 // When editing, only the hub's call starts the page. The first load of a path sets all switches; a second one would
@@ -25,7 +24,7 @@ void OptionalSection::load() {
 }
 
 void OptionalSection::initThis() {
-    showTaskOfLastPage(Edit);
+    showTaskOfLastPage();
     if (Edit) {
         toolkit.options.load({&mayDisable, &display, &byDefault, &path});
     } else {
@@ -39,11 +38,13 @@ void OptionalSection::pathChanged() {
     for (CheckBox* box : {&mayDisable, &display, &byDefault}) box->setValue(1);
 }
 
-bool OptionalSection::finishEdit() {
-    if (!Edit) return false;
-    toolkit.options.rewriteEach({&mayDisable, &display, &byDefault, &path});
-    endEdit(Edit);
-    return true;
+void OptionalSection::goOn(Page& next) {
+    if (Edit) {
+        toolkit.options.rewriteEach({&mayDisable, &display, &byDefault, &path});
+        endEdit();
+    } else {
+        goForward(next);
+    }
 }
 
 Create5::Create5(Toolkit& owner)
@@ -53,10 +54,8 @@ Create5::Create5(Toolkit& owner)
                               .mayDisable = "AllowNoCourseBriefing",
                               .display = "ShowCourseBriefing",
                               .byDefault = "DefaultCourseBrief"}) {
-    NextBtn.action = [this] {
-        if (!finishEdit()) goForward(toolkit.create6, &Create6::initThis);
-    };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create4); };
+    NextBtn.action = [this] { goOn(toolkit.create6); };
+    BackBtn.action = [this] { backInGroup(toolkit.create4); };
 }
 
 Create6::Create6(Toolkit& owner)
@@ -66,10 +65,8 @@ Create6::Create6(Toolkit& owner)
                               .mayDisable = "AllowNoTOC",
                               .display = "ShowTOC",
                               .byDefault = "DefaultTOC"}) {
-    NextBtn.action = [this] {
-        if (!finishEdit()) goForward(toolkit.create7, &Create7::initThis);
-    };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create5); };
+    NextBtn.action = [this] { goOn(toolkit.create7); };
+    BackBtn.action = [this] { backInGroup(toolkit.create5); };
 }
 
 Create7::Create7(Toolkit& owner)
@@ -79,10 +76,8 @@ Create7::Create7(Toolkit& owner)
                               .mayDisable = "AllowNoConclusion",
                               .display = "ShowConclusion",
                               .byDefault = "DefaultConclusion"}) {
-    NextBtn.action = [this] {
-        if (!finishEdit()) goForward(toolkit.create8, &Create8::initThis8);
-    };
-    BackBtn.action = [this] { backInGroup(Edit, toolkit.create6); };
+    NextBtn.action = [this] { goOn(toolkit.create8); };
+    BackBtn.action = [this] { backInGroup(toolkit.create6); };
 }
 
 }  // namespace vrix

@@ -25,14 +25,13 @@ public:
     CheckBox byDefault;
 
     CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Course Briefing", wordDocuments, ".doc"};
-    bool Edit = false;
 
-    void initThis();
+    void initThis() override;
 
 protected:
     OptionalSection(Toolkit& owner, const SectionNames& names);
-    // Next when editing: stores the section and returns to the hub. False when creating, where nothing happens.
-    bool finishEdit();
+    // Next: stores the section and returns to the hub when editing, goes on to that page otherwise.
+    void goOn(Page& next);
 
 private:
     void load() override;
