@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vrix {
@@ -11,6 +12,7 @@ namespace vrix {
 class TextTable {
 public:
     TextTable() = default;  // a table with no element
+    explicit TextTable(std::vector<std::string> elements) : elements_(std::move(elements)) {}
 
     void becomeEmptyText();
     bool isTable() const { return isTable_; }

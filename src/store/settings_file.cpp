@@ -16,8 +16,7 @@ void SettingsFile::header(const std::string& key) {
 }
 
 void SettingsFile::entry(const std::string& name, const std::string& data) {
-    line_.assign(1, '"').append(wholeCharacters(name)).append("\"=\"").append(wholeCharacters(data)).append(1, '"');
-    stream_->writeLine(line_);
+    stream_->writeLine('"' + wholeCharacters(name) + "\"=\"" + wholeCharacters(data) + '"');
 }
 
 void SettingsFile::blank() { stream_->writeLine(""); }

@@ -22,7 +22,6 @@ public:
 
 private:
     std::unique_ptr<TextStream> stream_;
-    std::string line_;  // a member, so that all entries use the same memory
 };
 
 // A path as the data of an entry: every backslash doubled. A network path starts with four; anything in front of its

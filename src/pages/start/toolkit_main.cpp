@@ -14,8 +14,8 @@ namespace vrix {
 ToolkitMain::ToolkitMain(Toolkit& toolkit)
     : Form(toolkit.platform.screen, "ToolkitMain", programTitle, {520, 480}), toolkit_(toolkit) {
     CreateImg.onRelease = [this](bool inside) { startCreate(inside); };
-    EditImg.onRelease = [this](bool inside) { startEdit(inside); };
-    DeleteImg.onRelease = [this](bool inside) { startDelete(inside); };
+    EditImg.onRelease = [this](bool inside) { startWithProducts(inside, EditImg, toolkit_.edit1, "Edit"); };
+    DeleteImg.onRelease = [this](bool inside) { startWithProducts(inside, DeleteImg, toolkit_.delete1, "Delete"); };
     Image2.onClick = [this] { DeleteImg.setPressed(true); };
     content = &Frame2;
     Label3.presses = &CreateImg;
@@ -29,23 +29,11 @@ void ToolkitMain::startCreate(bool inside) {
     CreateImg.setPressed(false);
 }
 
-void ToolkitMain::startEdit(bool inside) {
+void ToolkitMain::startWithProducts(bool inside, TaskPicture& picture, Page& page, const std::string& option) {
     if (inside) {
-        leaveFor(*this, toolkit_.edit1);
-        toolkit_.edit1.initThis();
+        leaveFor(*this, page);
+        page.initThis();
     }
-    returnIfNoProducts(EditImg, toolkit_.edit1, "Edit");
-}
-
-void ToolkitMain::startDelete(bool inside) {
-    if (inside) {
-        leaveFor(*this, toolkit_.delete1);
-        toolkit_.delete1.initThis();
-    }
-    returnIfNoProducts(DeleteImg, toolkit_.delete1, "Delete");
-}
-
-void ToolkitMain::returnIfNoProducts(TaskPicture& picture, Form& page, const std::string& option) {
     if (toolkit_.productReg.CountProducts == 0) {
         screen().ask(
             "Vrix Administrative Toolkit has been unable to detect any installed Products.\r\n\r\n"

@@ -37,11 +37,9 @@ public:
 
 private:
     void startCreate(bool inside);
-    void startEdit(bool inside);
-    void startDelete(bool inside);
     // Runs at every release of the Edit or the Delete picture, inside or outside: while no Product is known, it tells
     // so and comes back from the page.
-    void returnIfNoProducts(TaskPicture& picture, Form& page, const std::string& option);
+    void startWithProducts(bool inside, TaskPicture& picture, class Page& page, const std::string& option);
     Toolkit& toolkit_;
 };
 

@@ -1,9 +1,8 @@
 #include "pages/topics/dependencies.h"
 
-#include <charconv>
-#include <limits>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "common/runtime_failure.h"
@@ -24,32 +23,19 @@ void listOtherTopics(Toolkit& toolkit, int topicRow) {
     }
 }
 
-// The number that the text stands for, if it is written as the program writes it: digits, without a leading zero. Any
-// other text gives a number that no row carries.
-std::size_t rowNumber(std::string_view text) {
-    constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
-    const bool plain = !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-    if (!plain || (text[0] == '0' && text.size() > 1)) return none;
-    std::size_t number = none;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
-
-// The rows of the list that a dependency row marks, in its order. A number that no row carries marks the row of the
-// number before it again, or the first row if it is the first number.
+// The rows of the list that a dependency row marks, in its order. Numbers are compared as texts. One that no row
+// carries marks the row of the number before it again, or the first row if it is the first number.
 std::vector<int> rowsToMark(const MarkList& list, std::string_view dependencies) {
-    std::vector<int> rowOf;  // by the number that the row carries
-    for (int j = 0; j < list.count(); ++j) {
-        const auto number = static_cast<std::size_t>(list.rows()[static_cast<std::size_t>(j)].itemData);
-        if (number >= rowOf.size()) rowOf.resize(number + 1, -1);
-        rowOf[number] = j;
+    std::unordered_map<std::string, int> rowOf;  // by the number that the row carries
+    for (const MarkList::Row& row : list.rows()) {
+        rowOf.emplace(std::to_string(row.itemData), static_cast<int>(rowOf.size()));
     }
     std::vector<int> marks;
     int hit = 0;
     while (true) {
         const auto blank = dependencies.find(' ');
-        const auto number = rowNumber(dependencies.substr(0, blank));
-        if (number < rowOf.size() && rowOf[number] >= 0) hit = rowOf[number];
+        const auto found = rowOf.find(std::string(dependencies.substr(0, blank)));
+        if (found != rowOf.end()) hit = found->second;
         marks.push_back(hit);
         if (blank == std::string_view::npos) return marks;
         dependencies.remove_prefix(blank + 1);

@@ -1,5 +1,7 @@
 #include "pages/topics/topic_order.h"
 
+#include <map>
+#include <numeric>
 #include <string>
 
 #include "common/number.h"
@@ -13,9 +15,12 @@ namespace vrix {
 
 void TopicOrderModule::loadOrderTable() {
     if (toolkit_.create20.Edit) {
-        loadFromStore();
+        ProductReg& reg = toolkit_.productReg;
+        reg.GetTopics(toolkit_.selectedProduct.ProductRegKey);
+        fill(reg.CountTopics, [&](int r) { return reg.topic(r); });
     } else {
-        loadFromPage();
+        const Create8& topics = toolkit_.create8;
+        fill(topics.i, [&](int r) { return Topic{topics.TopicNames.at(r), topics.TopicPaths.at(r)}; });
     }
     OrderRowCount = 0;
     countOrderRows();
@@ -26,31 +31,16 @@ void TopicOrderModule::loadOrderTable() {
     page.OrderChosenOption = 0;
 }
 
-void TopicOrderModule::loadFromPage() {
-    const Create8& topics = toolkit_.create8;
-    sizeColumns(topics.i - 1);
-    for (int r = 0; r < topics.i; ++r) {
-        OrderTable.names.at(r) = topics.TopicNames.at(r);
-        OrderTable.paths.at(r) = topics.TopicPaths.at(r);
-    }
-}
-
-void TopicOrderModule::loadFromStore() {
-    ProductReg& reg = toolkit_.productReg;
-    reg.GetTopics(toolkit_.selectedProduct.ProductRegKey);
-    sizeColumns(reg.CountTopics - 1);
-    for (int r = 0; r < reg.CountTopics; ++r) {
-        const Topic topic = reg.topic(r);
+void TopicOrderModule::fill(int rows, const std::function<Topic(int row)>& topicAt) {
+    OrderTable.names.sizeTo(rows - 1);
+    OrderTable.paths.sizeTo(rows - 1);
+    OrderTable.numbers.resize(OrderTable.names.count());
+    std::iota(OrderTable.numbers.begin(), OrderTable.numbers.end(), std::int16_t{0});
+    for (int r = 0; r < rows; ++r) {
+        const Topic topic = topicAt(r);
         OrderTable.names.at(r) = topic.name;
         OrderTable.paths.at(r) = topic.path;
     }
-}
-
-void TopicOrderModule::sizeColumns(int upper) {
-    OrderTable.names.sizeTo(upper);
-    OrderTable.paths.sizeTo(upper);
-    OrderTable.numbers.resize(OrderTable.names.count());
-    for (int r = 0; r <= upper; ++r) OrderTable.numbers[static_cast<std::size_t>(r)] = add16(0, r);
 }
 
 void TopicOrderModule::countOrderRows() { OrderRowCount = add16(OrderRowCount, count16(OrderTable.names.count())); }
@@ -129,27 +119,24 @@ void TopicOrderModule::followUp(int a) {
 
 // Touches only the rows that another row comes to. Where two numbers are equal, the later row comes.
 void TopicOrderModule::applyOrderNumbers() {
-    constexpr int none = -1;
-    std::vector<int> coming(static_cast<std::size_t>(OrderRowCount), none);  // for each place, the row that comes to it
-    for (int row = 0; row < static_cast<int>(OrderTable.numbers.size()); ++row) {
-        const int place = OrderTable.numbers[static_cast<std::size_t>(row)];
-        if (place >= 0 && place < OrderRowCount) coming[static_cast<std::size_t>(place)] = row;
-    }
     struct Row {
-        int place;
         std::string name;
         std::string path;
     };
-    std::vector<Row> moved;
-    for (int place = 0; place < OrderRowCount; ++place) {
-        const int row = coming[static_cast<std::size_t>(place)];
-        if (row == none || row == place) continue;
-        moved.push_back({place, OrderTable.names.at(row), OrderTable.paths.at(row)});
+    std::map<int, Row> coming;  // by the place that a row comes to
+    const int rows = static_cast<int>(OrderTable.numbers.size());
+    for (int row = 0; row < rows; ++row) {
+        const int place = OrderTable.numbers[static_cast<std::size_t>(row)];
+        if (place == row) {
+            coming.erase(place);
+        } else if (place >= 0 && place < OrderRowCount) {
+            coming[place] = {OrderTable.names.at(row), OrderTable.paths.at(row)};
+        }
     }
-    for (const Row& row : moved) {
-        OrderTable.names.at(row.place) = row.name;
-        OrderTable.numbers[static_cast<std::size_t>(row.place)] = static_cast<std::int16_t>(row.place);
-        OrderTable.paths.at(row.place) = row.path;
+    for (const auto& [place, row] : coming) {
+        OrderTable.names.at(place) = row.name;
+        OrderTable.numbers[static_cast<std::size_t>(place)] = static_cast<std::int16_t>(place);
+        OrderTable.paths.at(place) = row.path;
     }
     showOrderPage(toolkit_.create20.OrderCurrentView);
 }

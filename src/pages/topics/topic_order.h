@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -42,9 +43,7 @@ public:
     static std::string doubleAmpersands(const std::string& text);
 
 private:
-    void loadFromPage();
-    void loadFromStore();
-    void sizeColumns(int upper);
+    void fill(int rows, const std::function<struct Topic(int row)>& topicAt);
     void followDown(int a);
     void followUp(int a);
     void choose(int option);

@@ -6,13 +6,14 @@
 
 namespace vrix {
 
-OptionalSection::OptionalSection(Toolkit& owner, const SectionNames& names)
-    : Page(owner, names.page, names.title + " Options"),
-      Label3(Frame2, "Label3", {0, 0, 0, 18}, names.title + " File:"),
-      path(Frame2, names.path, {0, 22, -102, 24}),
-      mayDisable(Frame2, names.mayDisable, {0, 72, 0, 22}, "Allow User To Disable The " + names.title),
-      display(Frame2, names.display, {0, 104, 0, 22}, "Display " + names.title + " Option"),
-      byDefault(Frame2, names.byDefault, {0, 136, 0, 22}, names.title + " Selected By Default") {
+OptionalSection::OptionalSection(Toolkit& owner, std::string_view name, const std::string& title,
+                                 const std::string& stem, const std::string& switchStem)
+    : Page(owner, name, title + " Options"),
+      Label3(Frame2, "Label3", {0, 0, 0, 18}, title + " File:"),
+      path(Frame2, stem + "Path", {0, 22, -102, 24}),
+      mayDisable(Frame2, "AllowNo" + switchStem, {0, 72, 0, 22}, "Allow User To Disable The " + title),
+      display(Frame2, "Show" + switchStem, {0, 104, 0, 22}, "Display " + title + " Option"),
+      byDefault(Frame2, "Default" + stem, {0, 136, 0, 22}, title + " Selected By Default") {
     path.onChange = [this] { pathChanged(); };
     Browse1Btn.action = [this] { browse(CommonDialog1, path); };
 }
@@ -48,34 +49,17 @@ void OptionalSection::goOn(Page& next) {
 }
 
 Create5::Create5(Toolkit& owner)
-    : OptionalSection(owner, {.page = "Create5",
-                              .title = "Content Summary",
-                              .path = "CourseBriefPath",
-                              .mayDisable = "AllowNoCourseBriefing",
-                              .display = "ShowCourseBriefing",
-                              .byDefault = "DefaultCourseBrief"}) {
+    : OptionalSection(owner, "Create5", "Content Summary", "CourseBrief", "CourseBriefing") {
     NextBtn.action = [this] { goOn(toolkit.create6); };
     BackBtn.action = [this] { backInGroup(toolkit.create4); };
 }
 
-Create6::Create6(Toolkit& owner)
-    : OptionalSection(owner, {.page = "Create6",
-                              .title = "Table of Contents",
-                              .path = "TOCPath",
-                              .mayDisable = "AllowNoTOC",
-                              .display = "ShowTOC",
-                              .byDefault = "DefaultTOC"}) {
+Create6::Create6(Toolkit& owner) : OptionalSection(owner, "Create6", "Table of Contents", "TOC", "TOC") {
     NextBtn.action = [this] { goOn(toolkit.create7); };
     BackBtn.action = [this] { backInGroup(toolkit.create5); };
 }
 
-Create7::Create7(Toolkit& owner)
-    : OptionalSection(owner, {.page = "Create7",
-                              .title = "Conclusion",
-                              .path = "ConclusionPath",
-                              .mayDisable = "AllowNoConclusion",
-                              .display = "ShowConclusion",
-                              .byDefault = "DefaultConclusion"}) {
+Create7::Create7(Toolkit& owner) : OptionalSection(owner, "Create7", "Conclusion", "Conclusion", "Conclusion") {
     NextBtn.action = [this] { goOn(toolkit.create8); };
     BackBtn.action = [this] { backInGroup(toolkit.create6); };
 }

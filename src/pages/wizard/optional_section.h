@@ -4,16 +4,6 @@
 
 namespace vrix {
 
-// What one optional section of a document is called, on its page and in its controls' names.
-struct SectionNames {
-    std::string_view page;
-    std::string title;
-    std::string_view path;
-    std::string_view mayDisable;
-    std::string_view display;
-    std::string_view byDefault;
-};
-
 // A page for one optional section of a document: its file, and three switches. A group of its own.
 class OptionalSection : public Page {
 public:
@@ -29,7 +19,9 @@ public:
     void initThis() override;
 
 protected:
-    OptionalSection(Toolkit& owner, const SectionNames& names);
+    // The controls' names are made of the stems: that of the file and the default, and that of the other switches.
+    OptionalSection(Toolkit& owner, std::string_view name, const std::string& title, const std::string& stem,
+                    const std::string& switchStem);
     // Next: stores the section and returns to the hub when editing, goes on to that page otherwise.
     void goOn(Page& next);
 
