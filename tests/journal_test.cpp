@@ -179,7 +179,7 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
         other.syncs = syncs;
         JournalFile file(path + "2", other, [](const std::string&) { return true; });
         ASSERT_TRUE(file.append("x"));
-        file.rewrite([](const journal::Writer&) {});
+        file.rewrite("");
         EXPECT_EQ(other.log, syncs ? "sync replace " : "sync ");
         EXPECT_EQ(bytesOf(path + "2").size() == signature, syncs);
     }

@@ -9,7 +9,6 @@
 #include "pages/edit/edit2.h"
 #include "pages/finish/create18.h"
 #include "pages/smartfields/create19.h"
-#include "pages/smartfields/smart_field_module.h"
 #include "pages/start/splash_screen.h"
 #include "pages/start/toolkit_main.h"
 #include "pages/topics/create20.h"

@@ -12,6 +12,8 @@ namespace {
 const std::string signature = "Vrix registry journal 2\n";
 const std::string olderSignature = "Vrix registry journal 1\n";
 
+constexpr std::size_t headSize = 12;
+
 constexpr std::array<std::uint32_t, 256> crcTable() {
     std::array<std::uint32_t, 256> table{};
     for (std::uint32_t i = 0; i < table.size(); ++i) {
@@ -28,11 +30,6 @@ std::uint32_t crc32(const std::string& bytes) {
     std::uint32_t value = ~0u;
     for (const char c : bytes) value = (value >> 8) ^ table[(value ^ static_cast<unsigned char>(c)) & 0xFFu];
     return ~value;
-}
-
-std::string framed(const std::string& record) {
-    const std::string length = packed(static_cast<std::uint32_t>(record.size()));
-    return length + packed(crc32(length)) + packed(crc32(record)) + record;
 }
 
 Refusal refusal(const std::string& path, const std::string& what, Refusal::Kind kind = Refusal::Kind::refused) {
@@ -55,6 +52,11 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
     std::uint32_t number = 0;
     for (unsigned i = 0; i < 4; ++i) number |= std::uint32_t{static_cast<unsigned char>(bytes[from + i])} << (8 * i);
     return number;
+}
+
+std::string journal::framed(const std::string& record) {
+    const std::string length = packed(static_cast<std::uint32_t>(record.size()));
+    return length + packed(crc32(length)) + packed(crc32(record)) + record;
 }
 
 journal::Extent journal::read(const std::string& path, Disk& disk, const Reader& reader) {
@@ -102,9 +104,8 @@ journal::Extent journal::read(const std::string& path, Disk& disk, const Reader&
     return {*whole, false};
 }
 
-std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk, const Content& content) {
-    std::string bytes = signature;
-    content([&](const std::string& record) { bytes += framed(record); });
+std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk, const std::string& records) {
+    const std::string bytes = signature + records;
     const std::string fresh = path + ".new";
     const auto file = disk.open(fresh, FileUse::replace);
     // On the disk before it takes the old one's place: else a loss of power could leave neither.
@@ -138,7 +139,7 @@ std::unique_ptr<DiskFile> JournalFile::opened() const {
 
 bool JournalFile::append(const std::string& record) {
     if (torn_ && !truncateToWhole()) return false;
-    const std::string frame = framed(record);
+    const std::string frame = journal::framed(record);
     synced_ = false;
     if (file_->write(frame)) {
         size_ += frame.size();
@@ -158,9 +159,9 @@ bool JournalFile::truncateToWhole() {
     return !torn_;
 }
 
-void JournalFile::rewrite(const journal::Content& content) {
+void JournalFile::rewrite(const std::string& records) {
     file_.reset();
-    if (const auto size = journal::write(path_, disk_, content)) size_ = *size;
+    if (const auto size = journal::write(path_, disk_, records)) size_ = *size;
     file_ = opened();
 }
 

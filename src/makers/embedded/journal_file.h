@@ -18,11 +18,7 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from);
 // the length, a check sum of the content (four bytes each, lowest first), and the content.
 namespace journal {
 
-inline constexpr std::size_t headSize = 12;
-
 using Reader = std::function<bool(const std::string& record)>;  // answers whether the record makes sense
-using Writer = std::function<void(const std::string& record)>;
-using Content = std::function<void(const Writer& writer)>;
 
 struct Extent {
     std::uint64_t size = 0;  // up to the end of the last whole record
@@ -34,9 +30,12 @@ struct Extent {
 // The file is left as it was, and the sentence is for an administrator.
 Extent read(const std::string& path, Disk& disk, const Reader& reader);
 
-// Makes a journal of what `content` hands to its writer. A file that is there stays until the new one is whole and on
+// A record as it stands in the file.
+std::string framed(const std::string& record);
+
+// Makes a journal of framed records, one behind the other. A file that is there stays until the new one is whole and on
 // the disk itself. Gives its size; nothing if the disk refuses, and nothing has changed then.
-std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const Content& content);
+std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const std::string& records);
 
 }  // namespace journal
 
@@ -57,9 +56,9 @@ public:
     // again.
     bool sync();
 
-    // Replaces the file by one of that content; if the disk refuses, nothing changes. Throws Refusal if the file
-    // cannot be opened again.
-    void rewrite(const journal::Content& content);
+    // Replaces the file by one of these framed records; if the disk refuses, nothing changes. Throws Refusal if the
+    // file cannot be opened again.
+    void rewrite(const std::string& records);
 
 private:
     std::unique_ptr<DiskFile> opened() const;

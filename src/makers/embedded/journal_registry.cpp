@@ -44,12 +44,9 @@ JournalRegistry::JournalRegistry(const std::string& path, Environment environmen
 
 void JournalRegistry::compactIfWorthwhile() {
     constexpr std::uint64_t smallFile = 16'384;
-    std::uint64_t needed = 0;
-    forEachChange([&](const Change& change) { needed += journal::headSize + journalRecord(change).size(); });
-    if (file_.size() <= smallFile + 2 * needed) return;
-    file_.rewrite([this](const journal::Writer& write) {
-        forEachChange([&](const Change& change) { write(journalRecord(change)); });
-    });
+    std::string needed;
+    forEachChange([&](const Change& change) { needed += journal::framed(journalRecord(change)); });
+    if (file_.size() > smallFile + 2 * needed.size()) file_.rewrite(needed);
 }
 
 RegistryStatus JournalRegistry::persist(const Change& change) {

@@ -4,7 +4,6 @@
 
 #include "forms/control.h"
 #include "pages/smartfields/create19.h"
-#include "pages/smartfields/smart_field_module.h"
 #include "pages/topics/create8.h"
 #include "pages/topics/create9.h"
 #include "pages/wizard/create2.h"

@@ -3,7 +3,6 @@
 #include "common/code_page.h"
 #include "common/number.h"
 #include "common/runtime_failure.h"
-#include "pages/smartfields/smart_field_module.h"
 #include "pages/wizard/create17.h"
 #include "pages/wizard/field_options_page.h"
 #include "pages/wizard/product_options.h"

@@ -7,6 +7,12 @@
 
 namespace vrix {
 
+// The SmartFields of the Product at work, with their delimiters. How many there are, Create19 counts; elements behind
+// them hold old text.
+struct SmartFieldModule {
+    TextTable SmartFieldList;
+};
+
 // The SmartFields of a Product: replacement texts that stand in documents as "<!" text "!>". They are listed and stored
 // with these delimiters and typed without.
 class Create19 final : public Page {

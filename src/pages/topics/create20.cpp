@@ -8,8 +8,6 @@
 #include "pages/topics/create9.h"
 #include "pages/topics/topic_order.h"
 #include "pages/topics/topic_rewrite.h"
-#include "store/product_reg.h"
-#include "store/selected_product.h"
 
 namespace vrix {
 
@@ -56,12 +54,13 @@ void Create20::moveTo(int row, const ImageButton& button) {
 }
 
 void Create20::nextThis20() {
+    const TopicOrderModule::Columns& ordered = toolkit.topicOrderModule.OrderTable;
     if (Edit) {
-        rewriteTopicKeys();
+        TopicRewrite(toolkit, FailuresAre::fatal)
+            .run({ordered.names, ordered.paths, toolkit.topicOrderModule.OrderRowCount});
         endEdit();
         return;
     }
-    const TopicOrderModule::Columns& ordered = toolkit.topicOrderModule.OrderTable;
     toolkit.create8.TopicNames = ordered.names;
     toolkit.create8.TopicPaths = ordered.paths;
     setEnabled(false);
@@ -69,12 +68,6 @@ void Create20::nextThis20() {
     toolkit.create9.initThis();
     toolkit.create9.show();
     toolkit.create9.setEnabled(true);
-}
-
-void Create20::rewriteTopicKeys() {
-    const TopicOrderModule& order = toolkit.topicOrderModule;
-    TopicRewrite(toolkit.settings, toolkit.selectedProduct, toolkit.productReg.standardRows(), FailuresAre::fatal)
-        .run({order.OrderTable.names, order.OrderTable.paths, order.OrderRowCount});
 }
 
 // On purpose this ends the edit mode of Create19, and not its own.

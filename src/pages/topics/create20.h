@@ -41,7 +41,6 @@ private:
     // Moves the chosen Topic to a row, one step of the button after the other.
     void moveTo(int row, const ImageButton& button);
     void nextThis20();
-    void rewriteTopicKeys();
     void exitThis20();
 };
 

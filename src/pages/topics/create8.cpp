@@ -175,7 +175,7 @@ void Create8::nextThis8() {
         return;
     }
     if (Edit) {
-        rewriteTopicKeys();
+        TopicRewrite(toolkit, FailuresAre::ignored).run({TopicNames, TopicPaths, i});
         endEdit();
         return;
     }
@@ -185,11 +185,6 @@ void Create8::nextThis8() {
     } else {
         goForward(toolkit.create10);
     }
-}
-
-void Create8::rewriteTopicKeys() {
-    TopicRewrite(toolkit.settings, toolkit.selectedProduct, toolkit.productReg.standardRows(), FailuresAre::ignored)
-        .run({TopicNames, TopicPaths, i});
 }
 
 void Create8::backThis8() {

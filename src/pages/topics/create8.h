@@ -48,7 +48,6 @@ private:
     void compact();
     void countDeleted(int row);
     void nextThis8();
-    void rewriteTopicKeys();
     void backThis8();
 };
 

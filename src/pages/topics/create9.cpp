@@ -1,12 +1,14 @@
 #include "pages/topics/create9.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 #include "common/number.h"
 #include "common/runtime_failure.h"
 #include "pages/topics/create20.h"
 #include "pages/topics/create8.h"
-#include "pages/topics/dependencies.h"
 #include "pages/wizard/fields_page.h"
 #include "store/cregistry_functions.h"
 #include "store/product_reg.h"
@@ -14,8 +16,31 @@
 
 namespace vrix {
 
+namespace {
+
+// The rows of the list that a dependency row marks, in its order. Numbers are compared as texts. One that no row
+// carries marks the row of the number before it again, or the first row if it is the first number.
+std::vector<int> rowsToMark(const MarkList& list, std::string_view dependencies) {
+    std::unordered_map<std::string, int> rowOf;  // by the number that the row carries
+    for (const MarkList::Row& row : list.rows()) {
+        rowOf.emplace(std::to_string(row.itemData), static_cast<int>(rowOf.size()));
+    }
+    std::vector<int> marks;
+    int hit = 0;
+    while (true) {
+        const auto blank = dependencies.find(' ');
+        const auto found = rowOf.find(std::string(dependencies.substr(0, blank)));
+        if (found != rowOf.end()) hit = found->second;
+        marks.push_back(hit);
+        if (blank == std::string_view::npos) return marks;
+        dependencies.remove_prefix(blank + 1);
+    }
+}
+
+}  // namespace
+
 Create9::Create9(Toolkit& owner) : Page(owner, "Create9", "Topic Dependencies") {
-    Topics.onClick = [this] { fillDependsList(toolkit, Topics.listIndex()); };
+    Topics.onClick = [this] { fillDependsList(Topics.listIndex()); };
     DependsList.onClick = [this] { rebuildRow(); };
     NextBtn.action = [this] { nextThis9(); };
     BackBtn.action = [this] { backInGroup(toolkit.create20); };
@@ -35,7 +60,7 @@ void Create9::initThis() {
         for (int r = 0; r < elements; ++r) Topics.addItem(topics.TopicNames.at(r));
     }
     Topics.setListIndex(0);
-    fillDependsList(toolkit, 0);
+    fillDependsList(0);
 }
 
 void Create9::loadTopics() {
@@ -53,6 +78,19 @@ void Create9::loadMatrix() {
     const int rows = halved(count16(matrix.cellCount()));
     Depends.sizeTo(Topics.count());
     for (int r = 0; r < rows; ++r) Depends.at(toInt16(matrix.name(r))) = matrix.text(r);
+}
+
+void Create9::fillDependsList(int topicRow) {
+    DependsList.clear();
+    const TextTable& names = Edit ? EditTopicNames : toolkit.create8.TopicNames;
+    const int count = Edit ? toolkit.productReg.CountTopics : toolkit.create8.i;
+    for (int r = 0; r < count; ++r) {
+        if (r != topicRow) DependsList.addItem(names.at(r), r);
+    }
+    std::string dependencies;
+    ignoring([&] { dependencies = Depends.at(topicRow); });
+    if (dependencies.empty()) return;
+    ignoring([&] { DependsList.mark(rowsToMark(DependsList, dependencies)); });
 }
 
 // Makes the shown Topic's row from the marks.

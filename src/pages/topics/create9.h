@@ -23,6 +23,9 @@ private:
     void load() override {}  // those who show the page start it
     void loadTopics();
     void loadMatrix();
+    // Fills DependsList with every Topic but the one at that row, and marks those on which that one depends. Failure 9
+    // or 13 for rows that the list of Topics does not have; a row outside Depends marks nothing.
+    void fillDependsList(int topicRow);
     void rebuildRow();
     void nextThis9();
     void save();

@@ -2,6 +2,8 @@
 
 #include "common/number.h"
 #include "store/cregistry_functions.h"
+#include "store/product_reg.h"
+#include "store/selected_product.h"
 
 namespace vrix {
 
@@ -13,6 +15,13 @@ constexpr const char* indexTableKey = "\\Dependencies\\IndexTable";
 constexpr const char* matrixKey = "\\Dependencies\\Matrix";
 
 }  // namespace
+
+TopicRewrite::TopicRewrite(const Toolkit& toolkit, FailuresAre failures)
+    : settings_(toolkit.settings),
+      root_(toolkit.selectedProduct.ProductRegKey),
+      isDeveloper_(toolkit.selectedProduct.isDeveloper),
+      standardRows_(toolkit.productReg.standardRows()),
+      statement_{failures == FailuresAre::ignored} {}
 
 void TopicRewrite::run(const TopicRows& topics) {
     const auto kept = settings_.keepKeys();

@@ -5,11 +5,9 @@
 
 #include "common/runtime_failure.h"
 #include "common/text_table.h"
-#include "store/selected_product.h"
+#include "shell/toolkit.h"
 
 namespace vrix {
-
-class cRegistryFunctions;
 
 // A list of Topics: names and paths by row, and the number of rows.
 struct TopicRows {
@@ -26,14 +24,9 @@ enum class FailuresAre { ignored, fatal };
 // Otherwise a failure ends the routine, and the keys stay half written.
 class TopicRewrite {
 public:
-    // Rows below `standardRows` belong to the standard set of an installed Product. In the develop tree all rows count
-    // alike.
-    TopicRewrite(cRegistryFunctions& settings, const SelectedProduct& product, int standardRows, FailuresAre failures)
-        : settings_(settings),
-          root_(product.ProductRegKey),
-          isDeveloper_(product.isDeveloper),
-          standardRows_(standardRows),
-          statement_{failures == FailuresAre::ignored} {}
+    // For the selected Product. Rows of the standard set of an installed Product are told by their place; in the
+    // develop tree all rows count alike.
+    TopicRewrite(const Toolkit& toolkit, FailuresAre failures);
 
     void run(const TopicRows& topics);
 
