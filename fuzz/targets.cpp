@@ -110,8 +110,8 @@ void edit(Input& input, const std::string& group) {
         const std::string key = tree + (group.empty() && input.ConsumeBool() ? "Products" : section);
         const auto type = input.ConsumeIntegralInRange<std::uint32_t>(0, 11);
         const std::string name = input.ConsumeRandomLengthString();
-        store->replay(Change(Change::Kind::makeKey, key));
-        store->replay(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
+        store->replay({Change::Kind::makeKey, key});
+        store->replay({Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()});
     }
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     if (!group.empty()) walk.editProduct(isDeveloper ? 1 : 0).user.press(group);

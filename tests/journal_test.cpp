@@ -76,14 +76,14 @@ TEST_F(JournalTest, BeginsWithItsSignatureAndARecordOfKnownBytes) {
 // What fits no tree, or what no call could have made: the number of the kind, the path, and the name behind "=".
 TEST(EmbeddedRegistry, ReplaysOnlyChangesThatItCouldHaveMade) {
     StubRegistry store;
-    ASSERT_TRUE(store.replay(Change(Change::Kind::makeKey, "Software\\a\\b")));
+    ASSERT_TRUE(store.replay({Change::Kind::makeKey, "Software\\a\\b"}));
     const std::string n256(256, 'n'), v16k(16'384, 'v');
     for (const std::string& told :
          {"1\\Software\\x"s, "1x"s, "1Software\\a"s, "1Software\\a\\" + n256, "1Software\\c\\" + n256,
           "1Software\\x\0y"s, "2Software\\a"s, "2Software"s, "2Software\\x"s, "3Software\\x=v"s, "3Software\\a=" + v16k,
           "3Software\\a=v\0"s, "4Software\\a=v"s, "5Software\\a=v"s}) {
         const std::string path = told.substr(1, told.find('=') - 1);
-        const Change change(Change::Kind(told[0] - '0'), path, told.substr(std::min(path.size() + 2, told.size())));
+        const Change change{Change::Kind(told[0] - '0'), path, told.substr(std::min(path.size() + 2, told.size()))};
         EXPECT_FALSE(store.replay(change)) << told.substr(0, 20);
     }
     EXPECT_EQ(listing(store, hive::localMachine), "Software{Classes{};a{b{};};};");

@@ -29,9 +29,9 @@ std::string recordsOf(Registry& registry) {
     const auto add = [&](const Change& change) { records += journal::framed(journalRecord(change)); };
     ProductStore(registry).walk({}, [&](StoredKey key) {
         const std::string place = joined(joinedPaths({"Software", "Vrix"}, key.path));
-        add(Change(Change::Kind::makeKey, place));
+        add({Change::Kind::makeKey, place});
         for (StoredValue& value : key.values) {
-            add(Change(Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data)));
+            add({Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data)});
         }
     });
     return records;

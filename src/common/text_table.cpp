@@ -1,5 +1,6 @@
 #include "common/text_table.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "common/runtime_failure.h"
@@ -18,10 +19,9 @@ void TextTable::sizeTo(int upper) {
 }
 
 void TextTable::growTo(int upper) {
-    if (!isTable_) throw RuntimeFailure(FailureNumber::typeMismatch);
+    const std::size_t held = count();
     if (upper < 0) throw RuntimeFailure(FailureNumber::subscript);
-    const std::size_t size = static_cast<std::size_t>(upper) + 1;
-    if (size > elements_.size()) elements_.resize(size);
+    elements_.resize(std::max(held, static_cast<std::size_t>(upper) + 1));
 }
 
 std::size_t TextTable::count() const {
@@ -30,8 +30,8 @@ std::size_t TextTable::count() const {
 }
 
 const std::string& TextTable::at(int row) const {
-    if (!isTable_) throw RuntimeFailure(FailureNumber::typeMismatch);
-    if (row < 0 || static_cast<std::size_t>(row) >= elements_.size()) throw RuntimeFailure(FailureNumber::subscript);
+    const std::size_t rows = count();
+    if (row < 0 || static_cast<std::size_t>(row) >= rows) throw RuntimeFailure(FailureNumber::subscript);
     return elements_[static_cast<std::size_t>(row)];
 }
 

@@ -57,9 +57,7 @@ std::string settingsText(Registry& registry, const ProductId& id) {
     TextInMemory files;
     cRegistryFunctions settings(registry);
     const bool isDeveloper = id.tree == Tree::toolkit;
-    ProductExport(settings, {isDeveloper, (isDeveloper ? "Toolkit\\" : "") + id.key})
-        .ignoringFailures()
-        .write(files, "", id.name);
+    ProductExport(settings, {isDeveloper, (isDeveloper ? "Toolkit\\" : "") + id.key}, true).write(files, "", id.name);
     return files.text;
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 #include "common/code_page.h"
@@ -36,6 +37,32 @@ std::vector<std::uint8_t> arrayIn(const std::string& bytes) {
     std::vector<std::uint8_t> array(bytes.begin(), bytes.end());
     array.push_back(0);
     return array;
+}
+
+std::int32_t SwapEndian(std::int32_t value) {
+    auto bytes = std::bit_cast<std::array<std::uint8_t, sizeof value>>(value);
+    std::reverse(bytes.begin(), bytes.end());
+    return std::bit_cast<std::int32_t>(bytes);
+}
+
+ValueData textData(const std::string& text) {
+    return {isExpandable(text) ? valuetype::expandString : valuetype::string, text + '\0'};
+}
+
+std::optional<ValueData> bytesData(const Variant& value) {
+    const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value);
+    if (bytes == nullptr || bytes->size() < 2) return std::nullopt;
+    return ValueData{valuetype::binary, {bytes->begin(), bytes->end() - 2}};
+}
+
+std::optional<ValueData> numberData(const Variant& value) {
+    const auto* small = std::get_if<std::int16_t>(&value);
+    const auto* large = std::get_if<std::int32_t>(&value);
+    if (small == nullptr && large == nullptr) return std::nullopt;
+    const std::int32_t number = small != nullptr ? *small : *large;
+    ValueData data{valuetype::dword, std::string(sizeof number, '\0')};
+    std::memcpy(data.bytes.data(), &number, sizeof number);
+    return data;
 }
 
 RegistryStatus nothing(RegistryKey /*key*/) { return RegistryStatus::success; }
@@ -72,11 +99,6 @@ RegistryStatus cRegistry::onKey(std::uint32_t rights, const Call& call, IfMissin
     return status;
 }
 
-template <class Call>
-RegistryStatus cRegistry::onMadeKey(const Call& call) {
-    return onKey(access::change, call, IfMissing::make);
-}
-
 void cRegistry::letGo() {
     for (const Kept& one : kept_) registry_.closeKey(one.key);
     kept_.clear();
@@ -89,7 +111,7 @@ bool cRegistry::KeyExists() {
 
 bool cRegistry::CreateKey() {
     letGo();
-    return onMadeKey(nothing) == RegistryStatus::success;
+    return onKey(access::change, nothing, IfMissing::make) == RegistryStatus::success;
 }
 
 bool cRegistry::DeleteKey() {
@@ -127,7 +149,7 @@ Variant cRegistry::asRead(ValueData value) {
     switch (value.type) {
         case valuetype::string:
         case valuetype::multiString: return textIn(std::move(value.bytes));
-        case valuetype::expandString: return ExpandEnvStr(textIn(std::move(value.bytes)));
+        case valuetype::expandString: return registry_.expandEnvironment(textIn(std::move(value.bytes)));
         case valuetype::dword: return numberIn(value.bytes);
         case valuetype::dwordBigEndian: return SwapEndian(numberIn(value.bytes));
         default: return arrayIn(value.bytes);
@@ -135,40 +157,22 @@ Variant cRegistry::asRead(ValueData value) {
 }
 
 void cRegistry::Value(Variant value) {
-    onMadeKey([&](RegistryKey key) {
-        switch (static_cast<std::uint32_t>(ValueType)) {
-            case valuetype::string:
-            case valuetype::expandString: return writeText(key, textOf(value));
-            case valuetype::binary: return writeBytes(key, value);
-            case valuetype::dword:
-            case valuetype::dwordBigEndian: return writeNumber(key, value);
-            default: return RegistryStatus::success;
-        }
-    });
+    const std::optional<ValueData> data = asWritten(value);
+    const auto write = [&](RegistryKey key) {
+        return data ? registry_.setValue(key, ValueKey, data->type, data->bytes) : RegistryStatus::success;
+    };
+    onKey(access::change, write, IfMissing::make);
 }
 
-RegistryStatus cRegistry::writeText(RegistryKey key, const std::string& text) {
-    return write(key, isExpandable(text) ? valuetype::expandString : valuetype::string, text + '\0');
-}
-
-RegistryStatus cRegistry::writeBytes(RegistryKey key, const Variant& value) {
-    const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value);
-    if (bytes == nullptr || bytes->size() < 2) return RegistryStatus::success;
-    return write(key, valuetype::binary, {bytes->begin(), bytes->end() - 2});
-}
-
-RegistryStatus cRegistry::writeNumber(RegistryKey key, const Variant& value) {
-    const auto* small = std::get_if<std::int16_t>(&value);
-    const auto* large = std::get_if<std::int32_t>(&value);
-    if (small == nullptr && large == nullptr) return RegistryStatus::success;
-    const std::int32_t number = small != nullptr ? *small : *large;
-    std::string bytes(sizeof number, '\0');
-    std::memcpy(bytes.data(), &number, sizeof number);
-    return write(key, valuetype::dword, bytes);
-}
-
-RegistryStatus cRegistry::write(RegistryKey key, std::uint32_t type, const std::string& bytes) {
-    return registry_.setValue(key, ValueKey, type, bytes);
+std::optional<ValueData> cRegistry::asWritten(const Variant& value) const {
+    switch (static_cast<std::uint32_t>(ValueType)) {
+        case valuetype::string:
+        case valuetype::expandString: return textData(textOf(value));
+        case valuetype::binary: return bytesData(value);
+        case valuetype::dword:
+        case valuetype::dwordBigEndian: return numberData(value);
+        default: return std::nullopt;
+    }
 }
 
 bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount) {
@@ -177,12 +181,6 @@ bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_
     onKey(access::queryValue, [&](RegistryKey key) { return registry_.listValues(key, sKeyNames); });
     iKeyCount = static_cast<std::int32_t>(sKeyNames.size());
     return true;
-}
-
-std::int32_t cRegistry::SwapEndian(std::int32_t value) {
-    auto bytes = std::bit_cast<std::array<std::uint8_t, sizeof value>>(value);
-    std::reverse(bytes.begin(), bytes.end());
-    return std::bit_cast<std::int32_t>(bytes);
 }
 
 }  // namespace vrix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -88,11 +89,8 @@ private:
     void setClassDefault(const std::string& section, const std::string& text);
     void setVerb(const std::string& section, const std::string& menuText, const std::string& command);
     Variant asRead(ValueData value);
-    // Each gives the status of the call.
-    RegistryStatus writeText(RegistryKey key, const std::string& text);
-    RegistryStatus writeBytes(RegistryKey key, const Variant& value);
-    RegistryStatus writeNumber(RegistryKey key, const Variant& value);
-    RegistryStatus write(RegistryKey key, std::uint32_t type, const std::string& bytes);
+    // What is written for a value; nothing where it does not fit ValueType.
+    std::optional<ValueData> asWritten(const Variant& value) const;
 
     struct Kept {
         std::int32_t hive;
@@ -104,12 +102,7 @@ private:
     // Runs a call on the key at SectionKey.
     template <class Call>
     RegistryStatus onKey(std::uint32_t rights, const Call& call, IfMissing ifMissing = IfMissing::refuse);
-    template <class Call>
-    RegistryStatus onMadeKey(const Call& call);
     void letGo();
-
-    std::string ExpandEnvStr(const std::string& text) { return registry_.expandEnvironment(text); }
-    static std::int32_t SwapEndian(std::int32_t value);
 
     Registry& registry_;
     int runs_ = 0;  // that keep keys

@@ -69,8 +69,4 @@ const std::vector<OptionRow>& optionTable();
 // The option of exactly that name, or null.
 const OptionRow* findOption(std::string_view name);
 
-// The names of a family: its pattern with each number from 1 to `count` in the place of "#", or the pattern itself
-// where it counts none.
-std::vector<std::string> numbered(std::string_view pattern, int count);
-
 }  // namespace vrix

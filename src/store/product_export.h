@@ -15,14 +15,9 @@ class SettingsFile;
 // Writes the settings file of a stored Product.
 class ProductExport {
 public:
-    ProductExport(cRegistryFunctions& settings, const SelectedProduct& product)
-        : settings_(settings), product_(product) {}
-
-    // From the start each statement that fails is skipped: a section without values stays empty.
-    ProductExport& ignoringFailures() {
-        statement_.ignoreFailures = true;
-        return *this;
-    }
+    // `ignoresFailures`: from the start each statement that fails is skipped, and a section without values stays empty.
+    ProductExport(cRegistryFunctions& settings, const SelectedProduct& product, bool ignoresFailures = false)
+        : settings_(settings), product_(product), statement_{ignoresFailures} {}
 
     // `name` is the Product's in its list. Failures as in Files, and 13 or 9 for a listing without values; what was
     // written until then stays in the file. From some point to the end each statement that fails is skipped: in the

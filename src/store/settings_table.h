@@ -27,7 +27,10 @@ public:
 
     // The cells in the order of storage: all names, then all texts.
     std::size_t cellCount() const { return 2 * names_.count(); }
-    const std::string& cell(std::size_t index) const;
+    const std::string& cell(std::size_t index) const {
+        const std::size_t rows = names_.count();
+        return index < rows ? names_.at(static_cast<int>(index)) : texts_.at(static_cast<int>(index - rows));
+    }
 
 private:
     TextTable names_;

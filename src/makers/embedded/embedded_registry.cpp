@@ -22,6 +22,8 @@ std::string cut(const std::string& text) { return text.substr(0, text.find('\0')
 
 bool isHive(RegistryKey key) { return key == hive::localMachine || key == hive::classesRoot; }
 
+RegistryStatus refusedIf(bool isRefused, RegistryStatus status) { return isRefused ? status : RegistryStatus::success; }
+
 }  // namespace
 
 EmbeddedRegistry::EmbeddedRegistry(Environment environment)
@@ -192,7 +194,7 @@ std::string EmbeddedRegistry::pathOf(const Key& key) {
 RegistryStatus EmbeddedRegistry::change(PathMatch& place, Change::Kind kind, const std::string& name,
                                         std::uint32_t type, std::string data) {
     const auto* known = place.key->values.find(name);
-    Change change(kind, pathOf(*place.key), known == nullptr ? name : known->name, type, std::move(data));
+    Change change{kind, pathOf(*place.key), known == nullptr ? name : known->name, type, std::move(data)};
     for (const std::string& part : place.missing) change.path += '\\' + part;
     RegistryStatus status = check(place, change);
     if (status == RegistryStatus::success) status = persist(change);
@@ -216,13 +218,11 @@ RegistryStatus EmbeddedRegistry::check(const PathMatch& place, const Change& cha
     if (!place.missing.empty()) return RegistryStatus::fileNotFound;
     switch (change.kind) {
         case Change::Kind::removeKey:
-            return key.permanent || !key.keys.entries().empty() ? RegistryStatus::accessDenied
-                                                                : RegistryStatus::success;
+            return refusedIf(key.permanent || !key.keys.entries().empty(), RegistryStatus::accessDenied);
         case Change::Kind::setValue:
-            return utf16Size(change.name) > valueNameLimit ? RegistryStatus::invalidParameter : RegistryStatus::success;
+            return refusedIf(utf16Size(change.name) > valueNameLimit, RegistryStatus::invalidParameter);
         case Change::Kind::removeValue:
-            return place.key->values.findExactly(change.name) == nullptr ? RegistryStatus::fileNotFound
-                                                                         : RegistryStatus::success;
+            return refusedIf(key.values.findExactly(change.name) == nullptr, RegistryStatus::fileNotFound);
         default: return RegistryStatus::invalidParameter;
     }
 }
@@ -233,7 +233,7 @@ RegistryStatus EmbeddedRegistry::checkNewKeys(const PathMatch& place) {
     const bool tooDeep = place.key->level + place.missing.size() > levelLimit;
     const bool tooLong = std::any_of(place.missing.begin(), place.missing.end(),
                                      [](const std::string& part) { return utf16Size(part) > keyNameLimit; });
-    return isThere || inHive || tooDeep || tooLong ? RegistryStatus::invalidParameter : RegistryStatus::success;
+    return refusedIf(isThere || inHive || tooDeep || tooLong, RegistryStatus::invalidParameter);
 }
 
 void EmbeddedRegistry::apply(PathMatch& place, Change change) {
@@ -264,9 +264,9 @@ EmbeddedRegistry::KeyPointer EmbeddedRegistry::makeKey(Key& parent, const std::s
 
 void EmbeddedRegistry::forEachChange(const Key& key, const Listener& listener) {
     const std::string path = pathOf(key);
-    if (!key.permanent) listener(Change(Change::Kind::makeKey, path));
+    if (!key.permanent) listener({Change::Kind::makeKey, path});
     for (const auto& [name, value] : key.values.entries()) {
-        listener(Change(Change::Kind::setValue, path, name, value.type, value.bytes));
+        listener({Change::Kind::setValue, path, name, value.type, value.bytes});
     }
     for (const auto& below : key.keys.entries()) forEachChange(*below.item, listener);
 }

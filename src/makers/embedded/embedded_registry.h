@@ -23,14 +23,11 @@ using Environment = std::function<std::optional<std::string>(const std::string& 
 struct Change {
     enum class Kind : std::uint8_t { makeKey = 1, removeKey, setValue, removeValue };
 
-    Change(Kind kind_, std::string path_, std::string name_ = {}, std::uint32_t type_ = 0, std::string data_ = {})
-        : kind(kind_), path(std::move(path_)), name(std::move(name_)), type(type_), data(std::move(data_)) {}
-
     Kind kind;
     std::string path;
-    std::string name;
-    std::uint32_t type;
-    std::string data;
+    std::string name{};
+    std::uint32_t type = 0;
+    std::string data{};
 };
 
 // A registry of our own, in memory, that behaves as the platform's. Its texts are UTF-8. The classes hive is the

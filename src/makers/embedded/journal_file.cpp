@@ -122,13 +122,11 @@ std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk,
 JournalFile::JournalFile(const std::string& path, Disk& disk, const journal::Reader& reader)
     : path_(path), disk_(disk), file_(opened()), lock_(disk.lock(path)) {
     if (!lock_) throw refusal(path, "is in use by another program");
-    const journal::Extent extent = journal::read(path_, disk_, reader);
-    size_ = extent.size;
-    torn_ = extent.torn;
-    if (torn_ && !truncateToWhole()) throw refusal(path_, "cannot be written");
-    if (size_ > 0) return;
+    whole_ = journal::read(path_, disk_, reader);
+    if (whole_.torn && !truncateToWhole()) throw refusal(path_, "cannot be written");
+    if (whole_.size > 0) return;
     if (!file_->write(signature)) throw refusal(path_, "cannot be written");
-    size_ = signature.size();
+    whole_.size = signature.size();
 }
 
 std::unique_ptr<DiskFile> JournalFile::opened() const {
@@ -138,11 +136,11 @@ std::unique_ptr<DiskFile> JournalFile::opened() const {
 }
 
 bool JournalFile::append(const std::string& record) {
-    if (torn_ && !truncateToWhole()) return false;
+    if (whole_.torn && !truncateToWhole()) return false;
     const std::string frame = journal::framed(record);
     synced_ = false;
     if (file_->write(frame)) {
-        size_ += frame.size();
+        whole_.size += frame.size();
         return true;
     }
     truncateToWhole();
@@ -155,13 +153,13 @@ bool JournalFile::sync() {
 }
 
 bool JournalFile::truncateToWhole() {
-    torn_ = !file_->cut(size_);
-    return !torn_;
+    whole_.torn = !file_->cut(whole_.size);
+    return !whole_.torn;
 }
 
 void JournalFile::rewrite(const std::string& records) {
     file_.reset();
-    if (const auto size = journal::write(path_, disk_, records)) size_ = *size;
+    if (const auto size = journal::write(path_, disk_, records)) whole_.size = *size;
     file_ = opened();
 }
 

@@ -22,7 +22,7 @@ using Reader = std::function<bool(const std::string& record)>;  // answers wheth
 
 struct Extent {
     std::uint64_t size = 0;  // up to the end of the last whole record
-    bool torn = false;       // a part of a record stands behind it
+    bool torn = false;       // a part of a record may stand behind it
 };
 
 // Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws Refusal:
@@ -47,7 +47,7 @@ public:
     // then.
     JournalFile(const std::string& path, Disk& disk, const journal::Reader& reader);
 
-    std::uint64_t size() const { return size_; }
+    std::uint64_t size() const { return whole_.size; }
 
     // Appends a record and hands it to the system. False, with nothing appended, if the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
@@ -68,9 +68,8 @@ private:
     Disk& disk_;
     std::unique_ptr<DiskFile> file_;
     std::shared_ptr<void> lock_;
-    std::uint64_t size_ = 0;  // up to the end of the last whole record
-    bool torn_ = false;       // a part of a record may stand behind it
-    bool synced_ = true;      // all of it is on the disk itself
+    journal::Extent whole_;
+    bool synced_ = true;  // all of it is on the disk itself
 };
 
 }  // namespace vrix

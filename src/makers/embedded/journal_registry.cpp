@@ -16,8 +16,8 @@ std::optional<Change> changeOf(const std::string& record) {
     const std::size_t name = unpacked(record, 9);
     const std::size_t rest = record.size() - fixedSize;
     if (path > rest || name > rest - path) return std::nullopt;
-    return Change(static_cast<Change::Kind>(record[0]), record.substr(fixedSize, path),
-                  record.substr(fixedSize + path, name), unpacked(record, 1), record.substr(fixedSize + path + name));
+    return Change{static_cast<Change::Kind>(record[0]), record.substr(fixedSize, path),
+                  record.substr(fixedSize + path, name), unpacked(record, 1), record.substr(fixedSize + path + name)};
 }
 
 journal::Reader replayer(EmbeddedRegistry& registry) {

@@ -26,11 +26,7 @@ std::vector<Control*> Create3::boxes() {
 
 void Create3::initThis() {
     showTask();
-    if (Edit) {
-        toolkit.options.load(boxes());
-    } else {
-        for (Control* box : boxes()) box->clear();
-    }
+    toolkit.options.start(boxes(), Edit);
 }
 
 bool Create3::namesRepeat() const {

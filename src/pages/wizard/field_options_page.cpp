@@ -34,11 +34,7 @@ void FieldOptionsPage::initThis() {
         box.setCaption(field.name.text());
     }
     showTask();
-    if (editing()) {
-        toolkit.options.load(boxes());
-    } else {
-        for (const auto& box : boxes_) box->setValue(0);
-    }
+    toolkit.options.start(boxes(), editing());
 }
 
 Create14::Create14(Toolkit& owner)
@@ -60,19 +56,13 @@ Create16::Create16(Toolkit& owner)
 
 // The sixty controls of the group, in the order in which they are written.
 std::vector<Control*> Create16::groupControls() const {
-    std::vector<Control*> names;
-    std::vector<Control*> paths;
-    std::vector<Control*> positions;
-    for (int number = 1; number <= userFieldCount; ++number) {
-        UserField& field = userField(toolkit, number);
-        names.push_back(&field.name);
-        paths.push_back(&field.path);
-        positions.push_back(&field.pos);
-    }
-    std::vector<Control*> all;
-    for (const auto& family : {toolkit.create15.boxes(), boxes(), names, paths, positions, toolkit.create14.boxes()}) {
-        all.insert(all.end(), family.begin(), family.end());
-    }
+    std::vector<Control*> all = toolkit.create15.boxes();
+    const auto add = [&](const std::vector<Control*>& boxes) { all.insert(all.end(), boxes.begin(), boxes.end()); };
+    add(boxes());
+    for (int number = 1; number <= userFieldCount; ++number) all.push_back(&userField(toolkit, number).name);
+    for (int number = 1; number <= userFieldCount; ++number) all.push_back(&userField(toolkit, number).path);
+    for (int number = 1; number <= userFieldCount; ++number) all.push_back(&userField(toolkit, number).pos);
+    add(toolkit.create14.boxes());
     return all;
 }
 

@@ -26,11 +26,7 @@ void OptionalSection::load() {
 
 void OptionalSection::initThis() {
     showTaskOfLastPage();
-    if (Edit) {
-        toolkit.options.load({&mayDisable, &display, &byDefault, &path});
-    } else {
-        for (Control* control : std::vector<Control*>{&mayDisable, &display, &byDefault, &path}) control->clear();
-    }
+    toolkit.options.start({&mayDisable, &display, &byDefault, &path}, Edit);
 }
 
 // A file turns the whole section on, at each change of its path.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <string_view>
 #include <utility>
 
 #include "forms/form.h"
@@ -14,19 +15,16 @@ namespace vrix {
 
 namespace {
 
-// An option's control is called as its value, but for these.
+// An option's control is called as its value, but for these and for the user defined fields.
 constexpr std::array otherNames{
-    std::pair{"AllowNoContentSummary", "AllowNoCourseBriefing"},
-    std::pair{"ContentSummaryPath", "CourseBriefPath"},
-    std::pair{"DefaultContentSummary", "DefaultCourseBrief"},
-    std::pair{"DefaultSmartFields", "SmartFieldsDefault"},
+    std::pair{"AllowNoContentSummary", "AllowNoCourseBriefing"}, std::pair{"ContentSummaryPath", "CourseBriefPath"},
+    std::pair{"DefaultContentSummary", "DefaultCourseBrief"},    std::pair{"DefaultSmartFields", "SmartFieldsDefault"},
     std::pair{"ShowContentSummary", "ShowCourseBriefing"},
-    std::pair{"UserDefined#", "UserDef#"},
-    std::pair{"UserDefined#Path", "UserDef#Path"},
-    std::pair{"UserDefined#Pos", "UserDef#Pos"},
 };
 
-std::string_view controlName(std::string_view option) {
+std::string controlName(const std::string& option) {
+    constexpr std::string_view field = "UserDefined";
+    if (option.starts_with(field)) return "UserDef" + option.substr(field.size());
     const auto* const other =
         std::find_if(otherNames.begin(), otherNames.end(), [&](const auto& names) { return names.first == option; });
     return other == otherNames.end() ? option : other->second;
@@ -39,12 +37,8 @@ ProductOptions::ProductOptions(const Toolkit& toolkit) : toolkit_(toolkit) {
     for (const Form* form : toolkit.forms) {
         for (Control* control : form->controls()) controls.emplace(control->name(), control);
     }
-    for (const OptionFamily& family : optionFamilies) {
-        const auto values = numbered(family.pattern, family.count);
-        const auto names = numbered(controlName(family.pattern), family.count);
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            options_.push_back({values[i], controls.at(names[i]), family.kind == OptionKind::path});
-        }
+    for (const OptionRow& row : optionTable()) {
+        options_.push_back({row.name, controls.at(controlName(row.name)), row.kind == OptionKind::path});
     }
 }
 
@@ -57,6 +51,14 @@ std::string ProductOptions::section() const { return toolkit_.selectedProduct.Pr
 void ProductOptions::load(const std::vector<Control*>& controls) const {
     for (Control* control : controls) {
         control->restore(toolkit_.settings.GetSetting(application, section(), of(*control).name, ""));
+    }
+}
+
+void ProductOptions::start(const std::vector<Control*>& controls, bool editing) const {
+    if (editing) {
+        load(controls);
+    } else {
+        for (Control* control : controls) control->clear();
     }
 }
 

@@ -25,6 +25,8 @@ public:
 
     // Each takes its controls in the order given. A load fails with 13, 6 or 380 at a text that its control refuses.
     void load(const std::vector<Control*>& controls) const;
+    // The same when editing; the controls of a new Product are emptied.
+    void start(const std::vector<Control*>& controls, bool editing) const;
     void remove(const std::vector<Control*>& controls) const;
     void save(const std::vector<Control*>& controls) const;
     // Deletes and saves each value before the next.
