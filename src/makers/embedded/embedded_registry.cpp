@@ -182,11 +182,9 @@ RegistryKey EmbeddedRegistry::open(const KeyPointer& key, std::uint32_t rights) 
 }
 
 std::string EmbeddedRegistry::pathOf(const Key& key) {
-    std::string path = key.name;
-    for (const Key* above = key.parent; above != nullptr && above->parent != nullptr; above = above->parent) {
-        path.insert(0, above->name + '\\');
-    }
-    return path;
+    if (key.parent == nullptr) return {};
+    const std::string above = pathOf(*key.parent);
+    return above.empty() ? key.name : above + '\\' + key.name;
 }
 
 // ---- Changes ----

@@ -11,7 +11,9 @@ namespace vrix {
 
 Create18::Create18(Toolkit& owner) : Page(owner, "Create18", "Finish") {
     NextBtnLbl.setCaption("Finish");
-    Browse1Btn.action = [this] { browse1This18(); };
+    Browse1Btn.action = [this] {
+        if (CommonDialog1.ShowSave()) SettingsPath.setText(CommonDialog1.FileName);
+    };
     NextBtn.action = [this] { nextThis18(); };
     BackBtn.action = [this] { backInGroup(toolkit.create17); };
 }
@@ -26,10 +28,6 @@ void Create18::initThis() {
 }
 
 std::string Create18::regslashes(const std::string& path) { return escapedPath(path); }
-
-void Create18::browse1This18() {
-    if (CommonDialog1.ShowSave()) SettingsPath.setText(CommonDialog1.FileName);
-}
 
 void Create18::nextThis18() {
     Answer answer = Answer::ok;

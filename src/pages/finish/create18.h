@@ -21,7 +21,6 @@ public:
     static std::string regslashes(const std::string& path);
 
 private:
-    void browse1This18();
     void nextThis18();
     void finish();
     void exportProduct();

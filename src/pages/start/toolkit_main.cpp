@@ -13,7 +13,10 @@ namespace vrix {
 
 ToolkitMain::ToolkitMain(Toolkit& toolkit)
     : Form(toolkit.platform.screen, "ToolkitMain", programTitle, {520, 480}), toolkit_(toolkit) {
-    CreateImg.onRelease = [this](bool inside) { startCreate(inside); };
+    CreateImg.onRelease = [this](bool inside) {
+        if (inside) leaveFor(*this, toolkit_.create1);
+        CreateImg.setPressed(false);
+    };
     EditImg.onRelease = [this](bool inside) { startWithProducts(inside, EditImg, toolkit_.edit1, "Edit"); };
     DeleteImg.onRelease = [this](bool inside) { startWithProducts(inside, DeleteImg, toolkit_.delete1, "Delete"); };
     Image2.onClick = [this] { DeleteImg.setPressed(true); };
@@ -22,11 +25,6 @@ ToolkitMain::ToolkitMain(Toolkit& toolkit)
     Label4.presses = &EditImg;
     Label5.presses = &DeleteImg;
     ExitBtn.action = [this] { screen().quit(); };
-}
-
-void ToolkitMain::startCreate(bool inside) {
-    if (inside) leaveFor(*this, toolkit_.create1);
-    CreateImg.setPressed(false);
 }
 
 void ToolkitMain::startWithProducts(bool inside, TaskPicture& picture, Page& page, const std::string& option) {

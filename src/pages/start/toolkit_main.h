@@ -36,7 +36,6 @@ public:
     void closed() override { screen().quit(); }
 
 private:
-    void startCreate(bool inside);
     // Runs at every release of the Edit or the Delete picture, inside or outside: while no Product is known, it tells
     // so and comes back from the page.
     void startWithProducts(bool inside, TaskPicture& picture, class Page& page, const std::string& option);

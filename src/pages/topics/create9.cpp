@@ -118,11 +118,11 @@ void Create9::save() {
     const auto kept = toolkit.settings.keepKeys();
     const int topics = toolkit.productReg.CountTopics;
     const std::string root = toolkit.selectedProduct.ProductRegKey + "\\Dependencies";
-    const auto saveRow = [&](int row, const std::string& index) {
-        toolkit.settings.SaveSetting(application, root + "\\IndexTable", EditTopicNames.at(row), index);
-        toolkit.settings.SaveSetting(application, root + "\\Matrix", index, topics < 2 ? "" : Depends.at(row));
-    };
-    for (int r = 0; r < std::max(topics, 1); ++r) saveRow(r, std::to_string(r));
+    for (int r = 0; r < std::max(topics, 1); ++r) {
+        const std::string index = std::to_string(r);
+        toolkit.settings.SaveSetting(application, root + "\\IndexTable", EditTopicNames.at(r), index);
+        toolkit.settings.SaveSetting(application, root + "\\Matrix", index, topics < 2 ? "" : Depends.at(r));
+    }
 }
 
 }  // namespace vrix

@@ -10,7 +10,10 @@
 namespace vrix {
 
 Create2::Create2(Toolkit& owner) : Page(owner, "Create2", "Initial Product Setup") {
-    ProductName.onChange = [this] { nameChanged(); };
+    // While a new Product's name is typed, its key follows.
+    ProductName.onChange = [this] {
+        if (!Edit) ProductKey.setText(ProductName.text());
+    };
     NextBtn.action = [this] { nextThis2(); };
     BackBtn.action = [this] { backInGroup(toolkit.create1); };
 }
@@ -28,11 +31,6 @@ void Create2::initThis() {
         ProductName.clear();
         DefaultCourseName.clear();
     }
-}
-
-// While a new Product's name is typed, its key follows.
-void Create2::nameChanged() {
-    if (!Edit) ProductKey.setText(ProductName.text());
 }
 
 void Create2::nextThis2() {

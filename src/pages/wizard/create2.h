@@ -19,7 +19,6 @@ public:
     void initThis() override;
 
 private:
-    void nameChanged();
     void nextThis2();
     void rename();
 };

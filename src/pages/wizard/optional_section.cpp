@@ -14,7 +14,11 @@ OptionalSection::OptionalSection(Toolkit& owner, std::string_view name, const st
       mayDisable(Frame2, "AllowNo" + switchStem, {0, 72, 0, 22}, "Allow User To Disable The " + title),
       display(Frame2, "Show" + switchStem, {0, 104, 0, 22}, "Display " + title + " Option"),
       byDefault(Frame2, "Default" + stem, {0, 136, 0, 22}, title + " Selected By Default") {
-    path.onChange = [this] { pathChanged(); };
+    // A file turns the whole section on, at each change of its path.
+    path.onChange = [this] {
+        if (path.text().empty()) return;
+        for (CheckBox* box : {&mayDisable, &display, &byDefault}) box->setValue(1);
+    };
     Browse1Btn.action = [this] { browse(CommonDialog1, path); };
 }
 
@@ -27,12 +31,6 @@ void OptionalSection::load() {
 void OptionalSection::initThis() {
     showTaskOfLastPage();
     toolkit.options.start({&mayDisable, &display, &byDefault, &path}, Edit);
-}
-
-// A file turns the whole section on, at each change of its path.
-void OptionalSection::pathChanged() {
-    if (path.text().empty()) return;
-    for (CheckBox* box : {&mayDisable, &display, &byDefault}) box->setValue(1);
 }
 
 void OptionalSection::goOn(Page& next) {

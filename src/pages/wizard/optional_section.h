@@ -27,7 +27,6 @@ protected:
 
 private:
     void load() override;
-    void pathChanged();
 };
 
 // The content summary, in its controls still called by its older name.
