@@ -110,8 +110,8 @@ void edit(Input& input, const std::string& group) {
         const std::string key = tree + (group.empty() && input.ConsumeBool() ? "Products" : section);
         const auto type = input.ConsumeIntegralInRange<std::uint32_t>(0, 11);
         const std::string name = input.ConsumeRandomLengthString();
-        store->replay(Change(Change::Kind::makeKey, key));
-        store->replay(Change(Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()));
+        store->replay({Change::Kind::makeKey, key});
+        store->replay({Change::Kind::setValue, key, name, type, input.ConsumeRandomLengthString()});
     }
     store->answer = input.ConsumeBool() ? RegistryStatus::accessDenied : RegistryStatus::success;
     if (!group.empty()) walk.editProduct(isDeveloper ? 1 : 0).user.press(group);
@@ -134,8 +134,7 @@ void journal(Input& input) {
     StubDisk disk;
     const std::string path = (std::filesystem::temp_directory_path() / "vrix_fuzz.journal").string();
     std::filesystem::remove(path);
-    JournalFile file(path, disk);
-    file.start([](const std::string&) { return true; });
+    JournalFile file(path, disk, [](const std::string&) { return true; });
     while (input.ConsumeBool()) promise(file.append(input.ConsumeRandomLengthString()));
     std::ofstream(path, input.ConsumeBool() ? std::ios::app : std::ios::trunc) << input.ConsumeRemainingBytesAsString();
     std::filesystem::last_write_time(path, {});

@@ -69,21 +69,21 @@ TEST_F(JournalTest, ConformsAndHoldsTheSameAsMemoryWheneverItIsOpened) {
 // A journal must still be read by later versions.
 TEST_F(JournalTest, BeginsWithItsSignatureAndARecordOfKnownBytes) {
     EXPECT_EQ(whole.substr(0, 64),
-              "Vrix registry journal 1\n\x1C\0\0\0\x3B\x37\x8B\x3B\x74\xF0\x2D\x52"
+              "Vrix registry journal 2\n\x1C\0\0\0\x3B\x37\x8B\x3B\x74\xF0\x2D\x52"
               "\1\0\0\0\0\xF\0\0\0\0\0\0\0Software\\Vrix.T"s);
 }
 
 // What fits no tree, or what no call could have made: the number of the kind, the path, and the name behind "=".
 TEST(EmbeddedRegistry, ReplaysOnlyChangesThatItCouldHaveMade) {
     StubRegistry store;
-    ASSERT_TRUE(store.replay(Change(Change::Kind::makeKey, "Software\\a\\b")));
+    ASSERT_TRUE(store.replay({Change::Kind::makeKey, "Software\\a\\b"}));
     const std::string n256(256, 'n'), v16k(16'384, 'v');
     for (const std::string& told :
          {"1\\Software\\x"s, "1x"s, "1Software\\a"s, "1Software\\a\\" + n256, "1Software\\c\\" + n256,
           "1Software\\x\0y"s, "2Software\\a"s, "2Software"s, "2Software\\x"s, "3Software\\x=v"s, "3Software\\a=" + v16k,
           "3Software\\a=v\0"s, "4Software\\a=v"s, "5Software\\a=v"s}) {
         const std::string path = told.substr(1, told.find('=') - 1);
-        const Change change(Change::Kind(told[0] - '0'), path, told.substr(std::min(path.size() + 2, told.size())));
+        const Change change{Change::Kind(told[0] - '0'), path, told.substr(std::min(path.size() + 2, told.size()))};
         EXPECT_FALSE(store.replay(change)) << told.substr(0, 20);
     }
     EXPECT_EQ(listing(store, hive::localMachine), "Software{Classes{};a{b{};};};");
@@ -105,8 +105,7 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
          {""s, std::string(12, '\1'), std::string(13, '\xFF'), "\5" + std::string(12, '\0')}) {
         writeBytes(path, whole);  // whole in itself, but no change that makes sense
         StubDisk disk;
-        JournalFile file(path, disk);
-        file.start([](const std::string&) { return true; });
+        JournalFile file(path, disk, [](const std::string&) { return true; });
         ASSERT_TRUE(file.append(record));
         EXPECT_EQ(outcome(path), damaged) << record;
     }
@@ -129,11 +128,15 @@ TEST_F(JournalTest, CutAnywhereHoldsEveryWholeRecordAndGoesOn) {
 }
 
 TEST_F(JournalTest, RefusesWhatItCannotUse) {
-    for (const std::string other : {"x", "Vrix registry journal 2\n", "Vrix registry\n", "\n", "MZ\x90"}) {
+    for (const std::string other : {"x", "Vrix registry journal 3\n", "Vrix registry\n", "\n", "MZ\x90"}) {
         EXPECT_EQ(outcomeOf(other), foreign) << other;
         EXPECT_EQ(outcome(path, false), refused + "is in use by another program");
         EXPECT_EQ(bytesOf(path), other);
     }
+    whole[signature - 2] = '1';
+    EXPECT_EQ(outcomeOf(whole),
+              refused + "is a journal of an older version, whose texts are not UTF-8. It was left as it is");
+    EXPECT_EQ(bytesOf(path), whole);
     EXPECT_EQ(outcome(path + "/x"), "The file \"" + path + "/x\" cannot be opened for writing");
     EXPECT_EQ(outcome(folder.path(".")), "The file \"" + folder.path(".") + "\" cannot be opened for writing");
 }
@@ -174,10 +177,9 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
     for (const bool syncs : {false, true}) {
         StubDisk other;
         other.syncs = syncs;
-        JournalFile file(path + "2", other);
-        file.start([](const std::string&) { return true; });
+        JournalFile file(path + "2", other, [](const std::string&) { return true; });
         ASSERT_TRUE(file.append("x"));
-        file.rewrite([](const journal::Writer&) {});
+        file.rewrite("");
         EXPECT_EQ(other.log, syncs ? "sync replace " : "sync ");
         EXPECT_EQ(bytesOf(path + "2").size() == signature, syncs);
     }

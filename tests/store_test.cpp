@@ -59,7 +59,7 @@ TEST_F(StoreTest, ReadsEveryTypeAsText) {
     for (const auto& [name, text] : cases) EXPECT_EQ(settings.GetSetting(application, "S", name, "x"), text) << name;
     putRaw("S", "number of 64 bits", 4, "\1\2\3\4\5\6\7\b");
     const SettingsTable table = settings.GetAllSettings(application, "S");
-    ASSERT_EQ(table.rowCount(), 7);
+    ASSERT_EQ(table.cellCount(), 14);
     for (int row = 0; row < 7; ++row)
         EXPECT_EQ(table.text(row), settings.GetSetting(application, "S", table.name(row), ""));
 }
@@ -96,13 +96,13 @@ TEST_F(StoreTest, AnUnnamedValueShiftsTheTextsBehindIt) {
     EXPECT_FALSE(settings.GetAllSettings(application, "S").isTable());
     for (const char* name : {"a", "", "b", "c"}) walk.put("S", name, std::string("of ") + name);
     const SettingsTable table = settings.GetAllSettings(application, "S");
-    ASSERT_EQ(table.rowCount(), 3);
+    ASSERT_EQ(table.cellCount(), 6);
     EXPECT_EQ(table.name(0) + '=' + table.text(0), "a=of a");
     EXPECT_EQ(table.name(1) + '=' + table.text(1) + table.name(2) + '=' + table.text(2), "=of bb=of c");
     walk.put("U", "", "alone");
     EXPECT_EQ(ignoring([&] { settings.GetAllSettings(application, "U"); }), FailureNumber::subscript);
     EXPECT_EQ(ignoring([&] { table.name(3); }), FailureNumber::subscript);
-    EXPECT_EQ(ignoring([] { SettingsTable().rowCount(); }), FailureNumber::typeMismatch);
+    EXPECT_EQ(ignoring([] { SettingsTable().cellCount(); }), FailureNumber::typeMismatch);
 }
 
 TEST_F(StoreTest, DeletesOneValueOrAKeyWithoutSubkeys) {

@@ -13,7 +13,6 @@ namespace vrix {
 class StubRegistry final : public EmbeddedRegistry {
 public:
     explicit StubRegistry(Environment environment = {}) : EmbeddedRegistry(std::move(environment)) {}
-    using EmbeddedRegistry::replay;
     void copy(const StubRegistry& other) {
         other.forEachChange([this](const Change& change) { replay(change); });
     }

@@ -103,7 +103,7 @@ protected:
     void write(const std::string& name, const std::string& text,
                const std::string& section = "Toolkit\\SampleKey\\Options") {
         ASSERT_TRUE(host.wide.replay(
-            Change(Change::Kind::setValue, "Software\\Vrix\\" + section, name, valuetype::string, text + '\0')));
+            {Change::Kind::setValue, "Software\\Vrix\\" + section, name, valuetype::string, text + '\0'}));
     }
     std::string latest() {
         run({"backups", "--json"});

@@ -194,7 +194,7 @@ TEST_F(Vrix, PrintsLinesOfWholeCharactersWhateverTheStoreHolds) {
         write("N" + keys.back(), keys.back(), "Toolkit\\Products");
         for (const char* section : {"", "\\Options", "\\Topics", "\\Dependencies\\Matrix", "\\SmartFields"}) {
             const std::string path = "Toolkit\\" + keys.back() + section;
-            ASSERT_TRUE(host.wide.replay(Change(Change::Kind::makeKey, "Software\\Vrix\\" + path)));
+            ASSERT_TRUE(host.wide.replay({Change::Kind::makeKey, "Software\\Vrix\\" + path}));
             write(text(), text(), path);
             write("SmartField1", text(), path);
         }

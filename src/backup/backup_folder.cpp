@@ -23,16 +23,18 @@ std::string timeText(std::time_t time) {
     return text.data();
 }
 
-// Hands the family key, if it is there, and all below it to the journal.
-void copyFamily(Registry& registry, const journal::Writer& write) {
+// The family key, if it is there, and all below it, as records of a journal.
+std::string recordsOf(Registry& registry) {
+    std::string records;
+    const auto add = [&](const Change& change) { records += journal::framed(journalRecord(change)); };
     ProductStore(registry).walk({}, [&](StoredKey key) {
         const std::string place = joined(joinedPaths({"Software", "Vrix"}, key.path));
-        write(journalRecord(Change(Change::Kind::makeKey, place)));
+        add({Change::Kind::makeKey, place});
         for (StoredValue& value : key.values) {
-            write(journalRecord(
-                Change(Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data))));
+            add({Change::Kind::setValue, place, std::move(value.name), value.type, std::move(value.data)});
         }
     });
+    return records;
 }
 
 }  // namespace
@@ -61,8 +63,7 @@ std::optional<std::string> BackupFolder::find(const std::string& text) const {
 
 std::string BackupFolder::keep(Registry& registry, std::time_t time) {
     const std::string name = unusedName(time);
-    const auto copy = [&](const journal::Writer& write) { copyFamily(registry, write); };
-    if (!journal::write(pathOf(name), disk_, copy)) {
+    if (!journal::write(pathOf(name), disk_, recordsOf(registry))) {
         throw Refusal(Refusal::Kind::refused, "The backup \"" + pathOf(name) + "\" could not be written");
     }
     removeOldest();

@@ -73,12 +73,11 @@ std::u16string toUtf16(std::string_view text) {
     std::u16string result;
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
-        const auto [number, size] = codePointAt(text, at);
+        const auto [found, size] = codePointAt(text, at);
+        const char32_t number = found == CodePoint::none ? replacement : found;
         at += size;
         if (number < 0x10000) {
             result += static_cast<char16_t>(number);
-        } else if (number == CodePoint::none) {
-            result += static_cast<char16_t>(replacement);
         } else {
             result += static_cast<char16_t>(0xD800 + ((number - 0x10000) >> 10));
             result += static_cast<char16_t>(0xDC00 + ((number - 0x10000) & 0x3FF));

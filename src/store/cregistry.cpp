@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 #include "common/code_page.h"
@@ -38,6 +39,34 @@ std::vector<std::uint8_t> arrayIn(const std::string& bytes) {
     return array;
 }
 
+std::int32_t SwapEndian(std::int32_t value) {
+    auto bytes = std::bit_cast<std::array<std::uint8_t, sizeof value>>(value);
+    std::reverse(bytes.begin(), bytes.end());
+    return std::bit_cast<std::int32_t>(bytes);
+}
+
+ValueData textData(const std::string& text) {
+    return {isExpandable(text) ? valuetype::expandString : valuetype::string, text + '\0'};
+}
+
+std::optional<ValueData> bytesData(const Variant& value) {
+    const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value);
+    if (bytes == nullptr || bytes->size() < 2) return std::nullopt;
+    return ValueData{valuetype::binary, {bytes->begin(), bytes->end() - 2}};
+}
+
+std::optional<ValueData> numberData(const Variant& value) {
+    const auto* small = std::get_if<std::int16_t>(&value);
+    const auto* large = std::get_if<std::int32_t>(&value);
+    if (small == nullptr && large == nullptr) return std::nullopt;
+    const std::int32_t number = small != nullptr ? *small : *large;
+    ValueData data{valuetype::dword, std::string(sizeof number, '\0')};
+    std::memcpy(data.bytes.data(), &number, sizeof number);
+    return data;
+}
+
+RegistryStatus nothing(RegistryKey /*key*/) { return RegistryStatus::success; }
+
 }  // namespace
 
 std::string textOf(Variant value) {
@@ -51,8 +80,8 @@ std::string textOf(Variant value) {
 
 // ---- Keys ----
 
-template <class Open, class Call>
-RegistryStatus cRegistry::onKey(std::uint32_t rights, const Open& open, const Call& call) {
+template <class Call>
+RegistryStatus cRegistry::onKey(std::uint32_t rights, const Call& call, IfMissing ifMissing) {
     const auto kept = std::find_if(kept_.begin(), kept_.end(), [&](const Kept& one) {
         return one.hive == ClassKey && one.rights == rights && one.path == SectionKey;
     });
@@ -63,22 +92,11 @@ RegistryStatus cRegistry::onKey(std::uint32_t rights, const Open& open, const Ca
         kept_.erase(kept);
     }
     OpenKey opened(registry_);
-    const RegistryStatus refused = open(opened.key);
-    const RegistryStatus status = refused == RegistryStatus::success ? call(opened.key) : refused;
+    RegistryStatus status = ifMissing == IfMissing::make ? registry_.createKey(ClassKey, SectionKey, rights, opened.key)
+                                                         : registry_.openKey(ClassKey, SectionKey, rights, opened.key);
+    if (status == RegistryStatus::success) status = call(opened.key);
     if (runs_ > 0 && opened.key != 0) kept_.push_back({ClassKey, SectionKey, rights, std::exchange(opened.key, 0)});
     return status;
-}
-
-template <class Call>
-RegistryStatus cRegistry::onKey(std::uint32_t rights, const Call& call) {
-    const auto open = [&](RegistryKey& key) { return registry_.openKey(ClassKey, SectionKey, rights, key); };
-    return onKey(rights, open, call);
-}
-
-template <class Call>
-RegistryStatus cRegistry::onMadeKey(const Call& call) {
-    const auto make = [&](RegistryKey& key) { return registry_.createKey(ClassKey, SectionKey, access::change, key); };
-    return onKey(access::change, make, call);
 }
 
 void cRegistry::letGo() {
@@ -86,12 +104,33 @@ void cRegistry::letGo() {
     kept_.clear();
 }
 
-// ---- Values ----
+bool cRegistry::KeyExists() {
+    letGo();
+    return onKey(access::queryValue, nothing) == RegistryStatus::success;
+}
+
+bool cRegistry::CreateKey() {
+    letGo();
+    return onKey(access::change, nothing, IfMissing::make) == RegistryStatus::success;
+}
 
 bool cRegistry::DeleteKey() {
     letGo();
     return registry_.deleteKey(ClassKey, SectionKey) == RegistryStatus::success;
 }
+
+bool cRegistry::EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount) {
+    sSect.clear();
+    onKey(access::enumerateSubKeys, [&](RegistryKey key) { return registry_.listKeys(key, sSect); });
+    // There is room for 254 bytes. A longer name ends the list.
+    constexpr std::size_t room = 255;
+    const auto isTooLong = [](const std::string& name) { return name.size() >= room; };
+    sSect.erase(std::find_if(sSect.begin(), sSect.end(), isTooLong), sSect.end());
+    iSectCount = static_cast<std::int32_t>(sSect.size());
+    return true;
+}
+
+// ---- Values ----
 
 bool cRegistry::DeleteValue() {
     return onKey(access::change, [&](RegistryKey key) { return registry_.deleteValue(key, ValueKey); }) ==
@@ -110,7 +149,7 @@ Variant cRegistry::asRead(ValueData value) {
     switch (value.type) {
         case valuetype::string:
         case valuetype::multiString: return textIn(std::move(value.bytes));
-        case valuetype::expandString: return ExpandEnvStr(textIn(std::move(value.bytes)));
+        case valuetype::expandString: return registry_.expandEnvironment(textIn(std::move(value.bytes)));
         case valuetype::dword: return numberIn(value.bytes);
         case valuetype::dwordBigEndian: return SwapEndian(numberIn(value.bytes));
         default: return arrayIn(value.bytes);
@@ -118,44 +157,22 @@ Variant cRegistry::asRead(ValueData value) {
 }
 
 void cRegistry::Value(Variant value) {
-    onMadeKey([&](RegistryKey key) {
-        switch (static_cast<std::uint32_t>(ValueType)) {
-            case valuetype::string:
-            case valuetype::expandString: return writeText(key, textOf(value));
-            case valuetype::binary: return writeBytes(key, value);
-            case valuetype::dword:
-            case valuetype::dwordBigEndian: return writeNumber(key, value);
-            default: return RegistryStatus::success;
-        }
-    });
+    const std::optional<ValueData> data = asWritten(value);
+    const auto write = [&](RegistryKey key) {
+        return data ? registry_.setValue(key, ValueKey, data->type, data->bytes) : RegistryStatus::success;
+    };
+    onKey(access::change, write, IfMissing::make);
 }
 
-void cRegistry::SetText(const std::string& text) {
-    onMadeKey([&](RegistryKey key) { return writeText(key, text); });
-}
-
-RegistryStatus cRegistry::writeText(RegistryKey key, const std::string& text) {
-    return write(key, isExpandable(text) ? valuetype::expandString : valuetype::string, text + '\0');
-}
-
-RegistryStatus cRegistry::writeBytes(RegistryKey key, const Variant& value) {
-    const auto* bytes = std::get_if<std::vector<std::uint8_t>>(&value);
-    if (bytes == nullptr || bytes->size() < 2) return RegistryStatus::success;
-    return write(key, valuetype::binary, {bytes->begin(), bytes->end() - 2});
-}
-
-RegistryStatus cRegistry::writeNumber(RegistryKey key, const Variant& value) {
-    const auto* small = std::get_if<std::int16_t>(&value);
-    const auto* large = std::get_if<std::int32_t>(&value);
-    if (small == nullptr && large == nullptr) return RegistryStatus::success;
-    const std::int32_t number = small != nullptr ? *small : *large;
-    std::string bytes(sizeof number, '\0');
-    std::memcpy(bytes.data(), &number, sizeof number);
-    return write(key, valuetype::dword, bytes);
-}
-
-RegistryStatus cRegistry::write(RegistryKey key, std::uint32_t type, const std::string& bytes) {
-    return registry_.setValue(key, ValueKey, type, bytes);
+std::optional<ValueData> cRegistry::asWritten(const Variant& value) const {
+    switch (static_cast<std::uint32_t>(ValueType)) {
+        case valuetype::string:
+        case valuetype::expandString: return textData(textOf(value));
+        case valuetype::binary: return bytesData(value);
+        case valuetype::dword:
+        case valuetype::dwordBigEndian: return numberData(value);
+        default: return std::nullopt;
+    }
 }
 
 bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_t& iKeyCount) {
@@ -164,12 +181,6 @@ bool cRegistry::EnumerateValues(std::vector<std::string>& sKeyNames, std::int32_
     onKey(access::queryValue, [&](RegistryKey key) { return registry_.listValues(key, sKeyNames); });
     iKeyCount = static_cast<std::int32_t>(sKeyNames.size());
     return true;
-}
-
-std::int32_t cRegistry::SwapEndian(std::int32_t value) {
-    auto bytes = std::bit_cast<std::array<std::uint8_t, sizeof value>>(value);
-    std::reverse(bytes.begin(), bytes.end());
-    return std::bit_cast<std::int32_t>(bytes);
 }
 
 }  // namespace vrix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,8 +69,6 @@ public:
     // least one character are stored as expandable. Bytes go without their last two; numbers of type 4 and 5 need an
     // integer. A write that fits no type, or that the registry refuses, stores nothing and tells nothing.
     void Value(Variant value);
-    // Writes text, whatever ValueType says, making the key if need be.
-    void SetText(const std::string& text);
 
     // Gives the names of all values in the order of the platform, the unnamed one among them. Always true; a key that
     // cannot be opened has none.
@@ -89,11 +88,8 @@ private:
     void setClassDefault(const std::string& section, const std::string& text);
     void setVerb(const std::string& section, const std::string& menuText, const std::string& command);
     Variant asRead(ValueData value);
-    // Each gives the status of the call.
-    RegistryStatus writeText(RegistryKey key, const std::string& text);
-    RegistryStatus writeBytes(RegistryKey key, const Variant& value);
-    RegistryStatus writeNumber(RegistryKey key, const Variant& value);
-    RegistryStatus write(RegistryKey key, std::uint32_t type, const std::string& bytes);
+    // What is written for a value; nothing where it does not fit ValueType.
+    std::optional<ValueData> asWritten(const Variant& value) const;
 
     struct Kept {
         std::int32_t hive;
@@ -101,16 +97,11 @@ private:
         std::uint32_t rights;
         RegistryKey key;
     };
+    enum class IfMissing { refuse, make };
+    // Runs a call on the key at SectionKey.
     template <class Call>
-    RegistryStatus onKey(std::uint32_t rights, const Call& call);
-    template <class Call>
-    RegistryStatus onMadeKey(const Call& call);
-    template <class Open, class Call>
-    RegistryStatus onKey(std::uint32_t rights, const Open& open, const Call& call);
+    RegistryStatus onKey(std::uint32_t rights, const Call& call, IfMissing ifMissing = IfMissing::refuse);
     void letGo();
-
-    std::string ExpandEnvStr(const std::string& text) { return registry_.expandEnvironment(text); }
-    static std::int32_t SwapEndian(std::int32_t value);
 
     Registry& registry_;
     int runs_ = 0;  // that keep keys

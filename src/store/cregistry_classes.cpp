@@ -1,7 +1,4 @@
-#include <algorithm>
-
 #include "store/cregistry.h"
-#include "store/open_key.h"
 
 namespace vrix {
 
@@ -18,31 +15,6 @@ std::string quoted(const std::string& path) {
 const std::string& orElse(const std::string& text, const std::string& usual) { return text.empty() ? usual : text; }
 
 }  // namespace
-
-bool cRegistry::KeyExists() {
-    OpenKey open(registry_);
-    return registry_.openKey(ClassKey, SectionKey, access::queryValue, open.key) == RegistryStatus::success;
-}
-
-bool cRegistry::CreateKey() {
-    OpenKey open(registry_);
-    return registry_.createKey(ClassKey, SectionKey, access::change, open.key) == RegistryStatus::success;
-}
-
-bool cRegistry::EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount) {
-    iSectCount = 0;
-    sSect.clear();
-    OpenKey open(registry_);
-    if (registry_.openKey(ClassKey, SectionKey, access::enumerateSubKeys, open.key) != RegistryStatus::success)
-        return true;
-    static_cast<void>(registry_.listKeys(open.key, sSect));
-    // There is room for 254 bytes. A longer name ends the list.
-    constexpr std::size_t room = 255;
-    const auto isTooLong = [](const std::string& name) { return name.size() >= room; };
-    sSect.erase(std::find_if(sSect.begin(), sSect.end(), isTooLong), sSect.end());
-    iSectCount = static_cast<std::int32_t>(sSect.size());
-    return true;
-}
 
 // Written twice, so that the classes view and its machine copy agree.
 void cRegistry::SetClassValue(const std::string& text) {

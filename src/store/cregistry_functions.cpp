@@ -18,9 +18,8 @@ std::string cRegistryFunctions::GetSetting(std::string_view sApplication, std::s
                                            const std::string& sKey, const std::string& fallback) {
     pointTo(sApplication, sSection);
     cursor_.ValueKey = sKey;
-    std::string text = textOf(cursor_.Value());
-    if (text.empty()) return fallback;
-    return text;
+    const std::string text = textOf(cursor_.Value());
+    return text.empty() ? fallback : text;
 }
 
 SettingsTable cRegistryFunctions::GetAllSettings(std::string_view sApplication, std::string_view sSection) {
@@ -58,7 +57,8 @@ void cRegistryFunctions::SaveSetting(std::string_view sApplication, std::string_
                                      const std::string& setting) {
     pointTo(sApplication, sSection);
     cursor_.ValueKey = wholeCharacters(sKey);
-    cursor_.SetText(wholeCharacters(setting));
+    cursor_.ValueType = static_cast<std::int32_t>(valuetype::string);
+    cursor_.Value(setting);
 }
 
 }  // namespace vrix

@@ -22,6 +22,8 @@ std::string cut(const std::string& text) { return text.substr(0, text.find('\0')
 
 bool isHive(RegistryKey key) { return key == hive::localMachine || key == hive::classesRoot; }
 
+RegistryStatus refusedIf(bool isRefused, RegistryStatus status) { return isRefused ? status : RegistryStatus::success; }
+
 }  // namespace
 
 EmbeddedRegistry::EmbeddedRegistry(Environment environment)
@@ -49,13 +51,8 @@ RegistryStatus EmbeddedRegistry::createKey(RegistryKey parent, const std::string
     key = 0;
     PathMatch place;
     RegistryStatus status = resolve(parent, path, place);
-    if (status == RegistryStatus::success) status = mayMake(place);
-    if (status == RegistryStatus::success && !place.missing.empty()) {
-        Change change(Change::Kind::makeKey, pathOf(*place.key));
-        for (const std::string& part : place.missing) change.path += '\\' + part;
-        status = persist(change);
-    }
-    if (status == RegistryStatus::success) key = open(makeKeys(place), rights);
+    if (status == RegistryStatus::success && !place.missing.empty()) status = change(place, Change::Kind::makeKey);
+    if (status == RegistryStatus::success) key = open(place.key, rights);
     return status;
 }
 
@@ -77,44 +74,33 @@ RegistryStatus EmbeddedRegistry::setValue(RegistryKey key, const std::string& na
                                           std::string_view bytes) {
     if (!isHive(key) && !open_.contains(key)) return RegistryStatus::invalidHandle;
     if (utf16Size(cut(name)) > valueNameLimit || bytes.size() > sizeLimit) return RegistryStatus::invalidParameter;
-    KeyPointer found;
-    if (const RegistryStatus status = resolveHandle(key, setValueRight, found); status != RegistryStatus::success)
-        return status;
-    Change change(Change::Kind::setValue, pathOf(*found), cut(name), type, std::string(bytes));
-    if (const auto* entry = found->values.find(change.name)) change.name = entry->name;
+    PathMatch place;
+    const RegistryStatus status = resolveHandle(key, setValueRight, place.key);
+    if (status != RegistryStatus::success) return status;
+    std::string data(bytes);
     // The platform adds a terminator that was not counted if it finds one behind the text. Here it is added always.
-    if (valuetype::isText(type) && !bytes.empty() && bytes.back() != '\0') change.data += '\0';
-    if (const RegistryStatus status = persist(change); status != RegistryStatus::success) return status;
-    put(*found, std::move(change));
-    return RegistryStatus::success;
+    if (valuetype::isText(type) && !data.empty() && data.back() != '\0') data += '\0';
+    return change(place, Change::Kind::setValue, cut(name), type, std::move(data));
 }
 
 RegistryStatus EmbeddedRegistry::deleteKey(RegistryKey parent, const std::string& path) {
     PathMatch place;
-    if (const RegistryStatus status = resolve(parent, path, place); status != RegistryStatus::success) return status;
-    if (!place.missing.empty()) return RegistryStatus::fileNotFound;
-    RegistryStatus status = mayRemove(*place.key);
-    if (status == RegistryStatus::success) status = persist(Change(Change::Kind::removeKey, pathOf(*place.key)));
-    if (status == RegistryStatus::success) removeKey(*place.key);
-    return status;
+    const RegistryStatus status = resolve(parent, path, place);
+    return status == RegistryStatus::success ? change(place, Change::Kind::removeKey) : status;
 }
 
 RegistryStatus EmbeddedRegistry::deleteValue(RegistryKey key, const std::string& name) {
-    KeyPointer found;
-    RegistryStatus status = resolveHandle(key, setValueRight, found);
-    const auto* entry = status == RegistryStatus::success ? found->values.find(cut(name)) : nullptr;
-    if (status == RegistryStatus::success && entry == nullptr) status = RegistryStatus::fileNotFound;
-    if (status != RegistryStatus::success) return status;
-    status = persist(Change(Change::Kind::removeValue, pathOf(*found), entry->name));
-    if (status == RegistryStatus::success) found->values.remove(entry->name);
-    return status;
+    PathMatch place;
+    const RegistryStatus status = resolveHandle(key, setValueRight, place.key);
+    return status == RegistryStatus::success ? change(place, Change::Kind::removeValue, cut(name)) : status;
 }
 
 RegistryStatus EmbeddedRegistry::listKeys(RegistryKey key, std::vector<std::string>& names) {
     names.clear();
     KeyPointer found;
     const RegistryStatus status = resolveHandle(key, access::enumerateSubKeys, found);
-    for (std::size_t i = 0; found && i < found->keys.size(); ++i) names.push_back(found->keys.at(i).name);
+    if (status != RegistryStatus::success) return status;
+    for (const auto& below : found->keys.entries()) names.push_back(below.name);
     return status;
 }
 
@@ -124,8 +110,8 @@ RegistryStatus EmbeddedRegistry::listValues(RegistryKey key, std::vector<std::st
     if (values != nullptr) values->clear();
     KeyPointer found;
     const RegistryStatus status = resolveHandle(key, access::queryValue, found);
-    for (std::size_t i = 0; found && i < found->values.size(); ++i) {
-        const auto& [name, value] = found->values.at(i);
+    if (status != RegistryStatus::success) return status;
+    for (const auto& [name, value] : found->values.entries()) {
         names.push_back(name);
         if (values != nullptr) values->push_back(value);
     }
@@ -165,17 +151,17 @@ RegistryStatus EmbeddedRegistry::resolveHandle(RegistryKey handle, std::uint32_t
 // The rights of the parent's handle do not matter for a path below it, as on the platform.
 RegistryStatus EmbeddedRegistry::resolve(RegistryKey parent, const std::string& path, PathMatch& place) const {
     const RegistryStatus status = resolveHandle(parent, 0, place.key);
-    return status == RegistryStatus::success ? walkPath(cut(path), place) : status;
+    return status == RegistryStatus::success ? walkPath(cut(path), Spelling::any, place) : status;
 }
 
-RegistryStatus EmbeddedRegistry::walkPath(const std::string& path, PathMatch& place) {
+RegistryStatus EmbeddedRegistry::walkPath(const std::string& path, Spelling spelling, PathMatch& place) {
     if (path.starts_with('\\')) return RegistryStatus::badPathName;
     std::size_t from = 0;
     while ((from = path.find_first_not_of('\\', from)) != std::string::npos) {
         const std::string part = path.substr(from, path.find('\\', from) - from);
         from += part.size();
         const auto* next = place.missing.empty() ? place.key->keys.find(part) : nullptr;
-        if (next != nullptr) {
+        if (next != nullptr && (spelling == Spelling::any || next->name == part)) {
             place.key = next->item;
         } else if (utf16Size(part) > keyNameLimit && place.missing.empty()) {
             return RegistryStatus::invalidParameter;
@@ -196,32 +182,73 @@ RegistryKey EmbeddedRegistry::open(const KeyPointer& key, std::uint32_t rights) 
 }
 
 std::string EmbeddedRegistry::pathOf(const Key& key) {
-    std::string path = key.name;
-    for (const Key* above = key.parent; above != nullptr && above->parent != nullptr; above = above->parent) {
-        path.insert(0, above->name + '\\');
-    }
-    return path;
+    if (key.parent == nullptr) return {};
+    const std::string above = pathOf(*key.parent);
+    return above.empty() ? key.name : above + '\\' + key.name;
 }
 
 // ---- Changes ----
 
-RegistryStatus EmbeddedRegistry::mayMake(const PathMatch& place) {
-    if (place.missing.empty()) return RegistryStatus::success;
+RegistryStatus EmbeddedRegistry::change(PathMatch& place, Change::Kind kind, const std::string& name,
+                                        std::uint32_t type, std::string data) {
+    const auto* known = place.key->values.find(name);
+    Change change{kind, pathOf(*place.key), known == nullptr ? name : known->name, type, std::move(data)};
+    for (const std::string& part : place.missing) change.path += '\\' + part;
+    RegistryStatus status = check(place, change);
+    if (status == RegistryStatus::success) status = persist(change);
+    if (status == RegistryStatus::success) apply(place, std::move(change));
+    return status;
+}
+
+bool EmbeddedRegistry::replay(Change change) {
+    // A name with a zero byte could not be reached by any call.
+    if (cut(change.path) != change.path || cut(change.name) != change.name) return false;
+    PathMatch place{machine_, {}};
+    if (walkPath(change.path, Spelling::exact, place) != RegistryStatus::success) return false;
+    if (check(place, change) != RegistryStatus::success) return false;
+    apply(place, std::move(change));
+    return true;
+}
+
+RegistryStatus EmbeddedRegistry::check(const PathMatch& place, const Change& change) {
+    const Key& key = *place.key;
+    if (change.kind == Change::Kind::makeKey) return checkNewKeys(place);
+    if (!place.missing.empty()) return RegistryStatus::fileNotFound;
+    switch (change.kind) {
+        case Change::Kind::removeKey:
+            return refusedIf(key.permanent || !key.keys.entries().empty(), RegistryStatus::accessDenied);
+        case Change::Kind::setValue:
+            return refusedIf(utf16Size(change.name) > valueNameLimit, RegistryStatus::invalidParameter);
+        case Change::Kind::removeValue:
+            return refusedIf(key.values.findExactly(change.name) == nullptr, RegistryStatus::fileNotFound);
+        default: return RegistryStatus::invalidParameter;
+    }
+}
+
+RegistryStatus EmbeddedRegistry::checkNewKeys(const PathMatch& place) {
+    const bool isThere = place.missing.empty();
     const bool inHive = place.key->parent == nullptr;
     const bool tooDeep = place.key->level + place.missing.size() > levelLimit;
     const bool tooLong = std::any_of(place.missing.begin(), place.missing.end(),
                                      [](const std::string& part) { return utf16Size(part) > keyNameLimit; });
-    return inHive || tooDeep || tooLong ? RegistryStatus::invalidParameter : RegistryStatus::success;
+    return refusedIf(isThere || inHive || tooDeep || tooLong, RegistryStatus::invalidParameter);
 }
 
-RegistryStatus EmbeddedRegistry::mayRemove(const Key& key) {
-    return key.permanent || key.keys.size() > 0 ? RegistryStatus::accessDenied : RegistryStatus::success;
-}
-
-EmbeddedRegistry::KeyPointer EmbeddedRegistry::makeKeys(const PathMatch& place) {
-    KeyPointer key = place.key;
-    for (const std::string& part : place.missing) key = makeKey(*key, part);
-    return key;
+void EmbeddedRegistry::apply(PathMatch& place, Change change) {
+    Key& key = *place.key;
+    switch (change.kind) {
+        case Change::Kind::makeKey:
+            for (const std::string& part : place.missing) place.key = makeKey(*place.key, part);
+            break;
+        case Change::Kind::removeKey:
+            key.removed = true;
+            key.parent->keys.remove(key.name);
+            break;
+        case Change::Kind::setValue:
+            key.values.set(std::move(change.name), {change.type, std::move(change.data)});
+            break;
+        case Change::Kind::removeValue: key.values.remove(change.name); break;
+    }
 }
 
 EmbeddedRegistry::KeyPointer EmbeddedRegistry::makeKey(Key& parent, const std::string& name) {
@@ -229,67 +256,17 @@ EmbeddedRegistry::KeyPointer EmbeddedRegistry::makeKey(Key& parent, const std::s
     key->name = name;
     key->parent = &parent;
     key->level = parent.level + 1;
-    parent.keys.add(name, key);
+    parent.keys.set(name, key);
     return key;
 }
 
-void EmbeddedRegistry::removeKey(Key& key) {
-    key.removed = true;
-    key.parent->keys.remove(key.name);
-}
-
-void EmbeddedRegistry::put(Key& key, Change change) {
-    if (auto* entry = key.values.find(change.name)) {
-        entry->item = {change.type, std::move(change.data)};
-        return;
+void EmbeddedRegistry::forEachChange(const Key& key, const Listener& listener) {
+    const std::string path = pathOf(key);
+    if (!key.permanent) listener({Change::Kind::makeKey, path});
+    for (const auto& [name, value] : key.values.entries()) {
+        listener({Change::Kind::setValue, path, name, value.type, value.bytes});
     }
-    key.values.add(std::move(change.name), {change.type, std::move(change.data)});
-}
-
-bool EmbeddedRegistry::replay(Change change) {
-    // A name with a zero byte could not be reached by any call.
-    if (cut(change.path) != change.path || cut(change.name) != change.name) return false;
-    PathMatch place{machine_, {}};
-    if (walkPath(change.path, place) != RegistryStatus::success) return false;
-    const bool makes = change.kind == Change::Kind::makeKey;
-    // Where the change was stored, two letters may be known that are one here: their keys become one.
-    const bool isTwin = makes && place.missing.empty() && pathOf(*place.key) != change.path;
-    if (makes == place.missing.empty() && !isTwin) return false;
-    switch (change.kind) {
-        case Change::Kind::makeKey:
-            if (mayMake(place) != RegistryStatus::success) return false;
-            makeKeys(place);
-            return true;
-        case Change::Kind::removeKey:
-            if (mayRemove(*place.key) != RegistryStatus::success) return false;
-            removeKey(*place.key);
-            return true;
-        case Change::Kind::setValue:
-            if (utf16Size(change.name) > valueNameLimit) return false;
-            put(*place.key, std::move(change));
-            return true;
-        case Change::Kind::removeValue:
-            if (place.key->values.find(change.name) == nullptr) return false;
-            place.key->values.remove(change.name);
-            return true;
-    }
-    return false;
-}
-
-void EmbeddedRegistry::forEachChange(const Listener& listener) const { forEachChange(*machine_, "", listener); }
-
-void EmbeddedRegistry::forEachChange(const Key& key, const std::string& path, const Listener& listener) const {
-    if (!key.permanent) listener(Change(Change::Kind::makeKey, path));
-    for (std::size_t i = 0; i < key.values.size(); ++i) {
-        const auto& [name, value] = key.values.at(i);
-        listener(Change(Change::Kind::setValue, path, name, value.type, value.bytes));
-    }
-    for (std::size_t i = 0; i < key.keys.size(); ++i) {
-        const auto& [name, below] = key.keys.at(i);
-        std::string pathBelow = path;
-        if (!path.empty()) pathBelow += '\\';
-        forEachChange(*below, pathBelow + name, listener);
-    }
+    for (const auto& below : key.keys.entries()) forEachChange(*below.item, listener);
 }
 
 }  // namespace vrix

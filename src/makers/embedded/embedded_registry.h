@@ -23,15 +23,11 @@ using Environment = std::function<std::optional<std::string>(const std::string& 
 struct Change {
     enum class Kind : std::uint8_t { makeKey = 1, removeKey, setValue, removeValue };
 
-    explicit Change(Kind kind_, std::string path_, std::string name_ = {}, std::uint32_t type_ = 0,
-                    std::string data_ = {})
-        : kind(kind_), path(std::move(path_)), name(std::move(name_)), type(type_), data(std::move(data_)) {}
-
     Kind kind;
     std::string path;
-    std::string name;
-    std::uint32_t type;
-    std::string data;
+    std::string name{};
+    std::uint32_t type = 0;
+    std::string data{};
 };
 
 // A registry of our own, in memory, that behaves as the platform's. Its texts are UTF-8. The classes hive is the
@@ -55,16 +51,18 @@ public:
                               std::vector<ValueData>* values = nullptr) final;
     std::string expandEnvironment(const std::string& text) final;
 
+    // Makes a change that was stored earlier. False, with nothing changed, if it does not fit what is there or if no
+    // call could have made it. Names are taken as they are spelled: so the keys are the same wherever they are read,
+    // even if two names are one by the letters that are known here.
+    bool replay(Change change);
+
 protected:
     // Called with each change before it is made. Any status but success refuses the change: nothing is changed then.
     virtual RegistryStatus persist(const Change&) { return RegistryStatus::success; }
 
-    // Makes a change that was stored earlier. False, with nothing changed, if it does not fit what is there or if no
-    // call could have made it.
-    bool replay(Change change);
     // The changes that lead from an empty registry to this one, in order.
     using Listener = std::function<void(const Change&)>;
-    void forEachChange(const Listener& listener) const;
+    void forEachChange(const Listener& listener) const { forEachChange(*machine_, listener); }
 
 private:
     struct Key;
@@ -88,19 +86,23 @@ private:
         std::uint32_t rights = 0;
     };
 
+    // Whether a name is found in any case, or as it was written alone.
+    enum class Spelling { any, exact };
+
     RegistryStatus resolveHandle(RegistryKey handle, std::uint32_t rights, KeyPointer& key) const;
     RegistryStatus resolve(RegistryKey parent, const std::string& path, PathMatch& place) const;
     RegistryKey open(const KeyPointer& key, std::uint32_t rights);
-    void forEachChange(const Key& key, const std::string& path, const Listener& listener) const;
+    // Checks a change, has it stored and makes it. Where keys are made, the place becomes the last of them.
+    RegistryStatus change(PathMatch& place, Change::Kind kind, const std::string& name = {}, std::uint32_t type = 0,
+                          std::string data = {});
 
-    static RegistryStatus walkPath(const std::string& path, PathMatch& place);
-    static RegistryStatus mayMake(const PathMatch& place);
-    static RegistryStatus mayRemove(const Key& key);
-    static std::string pathOf(const Key& key);
-    static KeyPointer makeKeys(const PathMatch& place);
+    static RegistryStatus walkPath(const std::string& path, Spelling spelling, PathMatch& place);
+    static RegistryStatus check(const PathMatch& place, const Change& change);
+    static RegistryStatus checkNewKeys(const PathMatch& place);
+    static void apply(PathMatch& place, Change change);
     static KeyPointer makeKey(Key& parent, const std::string& name);
-    static void removeKey(Key& key);
-    static void put(Key& key, Change change);
+    static std::string pathOf(const Key& key);
+    static void forEachChange(const Key& key, const Listener& listener);
 
     Environment environment_;
     KeyPointer machine_;

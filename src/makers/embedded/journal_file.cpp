@@ -9,7 +9,10 @@ namespace vrix {
 
 namespace {
 
-const std::string signature = "Vrix registry journal 1\n";
+const std::string signature = "Vrix registry journal 2\n";
+const std::string olderSignature = "Vrix registry journal 1\n";
+
+constexpr std::size_t headSize = 12;
 
 constexpr std::array<std::uint32_t, 256> crcTable() {
     std::array<std::uint32_t, 256> table{};
@@ -29,17 +32,12 @@ std::uint32_t crc32(const std::string& bytes) {
     return ~value;
 }
 
-std::string framed(const std::string& record) {
-    const std::string length = packed(static_cast<std::uint32_t>(record.size()));
-    return length + packed(crc32(length)) + packed(crc32(record)) + record;
-}
-
-Refusal refusal(Refusal::Kind kind, const std::string& path, const std::string& what) {
+Refusal refusal(const std::string& path, const std::string& what, Refusal::Kind kind = Refusal::Kind::refused) {
     return {kind, "The file \"" + path + "\" " + what};
 }
 
-Refusal refused(const std::string& path, const std::string& what) {
-    return refusal(Refusal::Kind::refused, path, what);
+Refusal malformed(const std::string& path, const std::string& what) {
+    return refusal(path, what, Refusal::Kind::malformed);
 }
 
 }  // namespace
@@ -56,9 +54,14 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from) {
     return number;
 }
 
+std::string journal::framed(const std::string& record) {
+    const std::string length = packed(static_cast<std::uint32_t>(record.size()));
+    return length + packed(crc32(length)) + packed(crc32(record)) + record;
+}
+
 journal::Extent journal::read(const std::string& path, Disk& disk, const Reader& reader) {
     const auto file = disk.open(path, FileUse::read);
-    const auto unreadable = refused(path, "cannot be read");
+    const auto unreadable = refusal(path, "cannot be read");
     const auto whole = file ? file->size() : std::nullopt;
     if (!whole) throw unreadable;
     // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
@@ -68,13 +71,15 @@ journal::Extent journal::read(const std::string& path, Disk& disk, const Reader&
         return *std::move(bytes);
     };
     const std::string first = take(std::min<std::uint64_t>(*whole, signature.size()));
+    if (first == olderSignature) {
+        throw malformed(path, "is a journal of an older version, whose texts are not UTF-8. It was left as it is");
+    }
     if (!signature.starts_with(first)) {
-        throw refusal(Refusal::Kind::malformed, path, "is not a journal of this program. It was left as it is");
+        throw malformed(path, "is not a journal of this program. It was left as it is");
     }
     if (first.size() < signature.size()) return {0, !first.empty()};
 
-    const auto damaged = refusal(Refusal::Kind::malformed, path,
-                                 "is damaged and was left as it is. Restore it from a copy or move it away");
+    const auto damaged = malformed(path, "is damaged and was left as it is. Restore it from a copy or move it away");
     const std::string bytes = take(*whole - signature.size());
     for (std::size_t at = 0; at < bytes.size();) {
         const Extent torn{signature.size() + at, true};
@@ -99,9 +104,8 @@ journal::Extent journal::read(const std::string& path, Disk& disk, const Reader&
     return {*whole, false};
 }
 
-std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk, const Content& content) {
-    std::string bytes = signature;
-    content([&](const std::string& record) { bytes += framed(record); });
+std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk, const std::string& records) {
+    const std::string bytes = signature + records;
     const std::string fresh = path + ".new";
     const auto file = disk.open(fresh, FileUse::replace);
     // On the disk before it takes the old one's place: else a loss of power could leave neither.
@@ -114,29 +118,29 @@ std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk,
     return std::nullopt;
 }
 
-JournalFile::JournalFile(const std::string& path, Disk& disk) : path_(path), disk_(disk) { open(); }
-
-void JournalFile::start(const journal::Reader& reader) {
-    const journal::Extent extent = journal::read(path_, disk_, reader);
-    size_ = extent.size;
-    torn_ = extent.torn;
-    if (torn_ && !truncateToWhole()) throw refused(path_, "cannot be written");
-    if (size_ > 0) return;
-    if (!file_->write(signature)) throw refused(path_, "cannot be written");
-    size_ = signature.size();
+// Opened before it is locked, since a lock that is refused does not say why.
+JournalFile::JournalFile(const std::string& path, Disk& disk, const journal::Reader& reader)
+    : path_(path), disk_(disk), file_(opened()), lock_(disk.lock(path)) {
+    if (!lock_) throw refusal(path, "is in use by another program");
+    whole_ = journal::read(path_, disk_, reader);
+    if (whole_.torn && !truncateToWhole()) throw refusal(path_, "cannot be written");
+    if (whole_.size > 0) return;
+    if (!file_->write(signature)) throw refusal(path_, "cannot be written");
+    whole_.size = signature.size();
 }
 
-void JournalFile::open() {
-    file_ = disk_.open(path_, FileUse::append);
-    if (!file_) throw refused(path_, "cannot be opened for writing");
+std::unique_ptr<DiskFile> JournalFile::opened() const {
+    auto file = disk_.open(path_, FileUse::append);
+    if (!file) throw refusal(path_, "cannot be opened for writing");
+    return file;
 }
 
 bool JournalFile::append(const std::string& record) {
-    if (torn_ && !truncateToWhole()) return false;
-    const std::string frame = framed(record);
+    if (whole_.torn && !truncateToWhole()) return false;
+    const std::string frame = journal::framed(record);
     synced_ = false;
     if (file_->write(frame)) {
-        size_ += frame.size();
+        whole_.size += frame.size();
         return true;
     }
     truncateToWhole();
@@ -149,14 +153,14 @@ bool JournalFile::sync() {
 }
 
 bool JournalFile::truncateToWhole() {
-    torn_ = !file_->cut(size_);
-    return !torn_;
+    whole_.torn = !file_->cut(whole_.size);
+    return !whole_.torn;
 }
 
-void JournalFile::rewrite(const journal::Content& content) {
+void JournalFile::rewrite(const std::string& records) {
     file_.reset();
-    if (const auto size = journal::write(path_, disk_, content)) size_ = *size;
-    open();
+    if (const auto size = journal::write(path_, disk_, records)) whole_.size = *size;
+    file_ = opened();
 }
 
 }  // namespace vrix

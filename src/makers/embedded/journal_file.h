@@ -18,15 +18,11 @@ std::uint32_t unpacked(const std::string& bytes, std::size_t from);
 // the length, a check sum of the content (four bytes each, lowest first), and the content.
 namespace journal {
 
-inline constexpr std::size_t headSize = 12;
-
 using Reader = std::function<bool(const std::string& record)>;  // answers whether the record makes sense
-using Writer = std::function<void(const std::string& record)>;
-using Content = std::function<void(const Writer& writer)>;
 
 struct Extent {
     std::uint64_t size = 0;  // up to the end of the last whole record
-    bool torn = false;       // a part of a record stands behind it
+    bool torn = false;       // a part of a record may stand behind it
 };
 
 // Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws Refusal:
@@ -34,23 +30,24 @@ struct Extent {
 // The file is left as it was, and the sentence is for an administrator.
 Extent read(const std::string& path, Disk& disk, const Reader& reader);
 
-// Makes a journal of what `content` hands to its writer. A file that is there stays until the new one is whole and on
+// A record as it stands in the file.
+std::string framed(const std::string& record);
+
+// Makes a journal of framed records, one behind the other. A file that is there stays until the new one is whole and on
 // the disk itself. Gives its size; nothing if the disk refuses, and nothing has changed then.
-std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const Content& content);
+std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const std::string& records);
 
 }  // namespace journal
 
 // A journal that grows.
 class JournalFile {
 public:
-    // Opens the file, or makes an empty one, and changes nothing. Throws Refusal when it cannot be written.
-    JournalFile(const std::string& path, Disk& disk);
+    // Opens the file, or makes an empty one, hands its records to `reader`, and cuts off a last one that is not whole.
+    // Throws as journal::read does, and Refusal when the file is in use or cannot be written; it is left as it was
+    // then.
+    JournalFile(const std::string& path, Disk& disk, const journal::Reader& reader);
 
-    // Reads the file and makes it ready for more. A last record that is not whole is cut off. Throws as journal::read
-    // does; the file is left as it was then.
-    void start(const journal::Reader& reader);
-
-    std::uint64_t size() const { return size_; }
+    std::uint64_t size() const { return whole_.size; }
 
     // Appends a record and hands it to the system. False, with nothing appended, if the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
@@ -59,20 +56,20 @@ public:
     // again.
     bool sync();
 
-    // Replaces the file by one of that content; if the disk refuses, nothing changes. Throws Refusal if the file
-    // cannot be opened again.
-    void rewrite(const journal::Content& content);
+    // Replaces the file by one of these framed records; if the disk refuses, nothing changes. Throws Refusal if the
+    // file cannot be opened again.
+    void rewrite(const std::string& records);
 
 private:
-    void open();
+    std::unique_ptr<DiskFile> opened() const;
     bool truncateToWhole();
 
     std::string path_;
     Disk& disk_;
     std::unique_ptr<DiskFile> file_;
-    std::uint64_t size_ = 0;  // up to the end of the last whole record
-    bool torn_ = false;       // a part of a record may stand behind it
-    bool synced_ = true;      // all of it is on the disk itself
+    std::shared_ptr<void> lock_;
+    journal::Extent whole_;
+    bool synced_ = true;  // all of it is on the disk itself
 };
 
 }  // namespace vrix

@@ -3,8 +3,6 @@
 #include <optional>
 #include <utility>
 
-#include "common/refusal.h"
-
 namespace vrix {
 
 namespace {
@@ -18,8 +16,15 @@ std::optional<Change> changeOf(const std::string& record) {
     const std::size_t name = unpacked(record, 9);
     const std::size_t rest = record.size() - fixedSize;
     if (path > rest || name > rest - path) return std::nullopt;
-    return Change(static_cast<Change::Kind>(record[0]), record.substr(fixedSize, path),
-                  record.substr(fixedSize + path, name), unpacked(record, 1), record.substr(fixedSize + path + name));
+    return Change{static_cast<Change::Kind>(record[0]), record.substr(fixedSize, path),
+                  record.substr(fixedSize + path, name), unpacked(record, 1), record.substr(fixedSize + path + name)};
+}
+
+journal::Reader replayer(EmbeddedRegistry& registry) {
+    return [&registry](const std::string& record) {
+        auto change = changeOf(record);
+        return change && registry.replay(std::move(*change));
+    };
 }
 
 }  // namespace
@@ -32,25 +37,16 @@ std::string journalRecord(const Change& change) {
     return record + change.path + change.name + change.data;
 }
 
-// Opened before it is locked, since a lock that is refused does not say why.
 JournalRegistry::JournalRegistry(const std::string& path, Environment environment, Disk& disk)
-    : EmbeddedRegistry(std::move(environment)), file_(path, disk), lock_(disk.lock(path)) {
-    if (!lock_) throw Refusal(Refusal::Kind::refused, "The file \"" + path + "\" is in use by another program");
-    file_.start([this](const std::string& record) {
-        auto change = changeOf(record);
-        return change && replay(std::move(*change));
-    });
+    : EmbeddedRegistry(std::move(environment)), file_(path, disk, replayer(*this)) {
     compactIfWorthwhile();
 }
 
 void JournalRegistry::compactIfWorthwhile() {
     constexpr std::uint64_t smallFile = 16'384;
-    std::uint64_t needed = 0;
-    forEachChange([&](const Change& change) { needed += journal::headSize + journalRecord(change).size(); });
-    if (file_.size() <= smallFile + 2 * needed) return;
-    file_.rewrite([this](const journal::Writer& write) {
-        forEachChange([&](const Change& change) { write(journalRecord(change)); });
-    });
+    std::string needed;
+    forEachChange([&](const Change& change) { needed += journal::framed(journalRecord(change)); });
+    if (file_.size() > smallFile + 2 * needed.size()) file_.rewrite(needed);
 }
 
 RegistryStatus JournalRegistry::persist(const Change& change) {
@@ -59,10 +55,7 @@ RegistryStatus JournalRegistry::persist(const Change& change) {
 
 JournalSnapshot::JournalSnapshot(const std::string& path, Environment environment, Disk& disk)
     : EmbeddedRegistry(std::move(environment)) {
-    journal::read(path, disk, [this](const std::string& record) {
-        auto change = changeOf(record);
-        return change && replay(std::move(*change));
-    });
+    journal::read(path, disk, replayer(*this));
 }
 
 }  // namespace vrix

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "makers/embedded/embedded_registry.h"
@@ -30,7 +29,6 @@ private:
     void compactIfWorthwhile();
 
     JournalFile file_;
-    std::shared_ptr<void> lock_;
 };
 
 // What a journal holds when this is made, for reading: the file stays as it is, and another program may be at work on

@@ -1,4 +1,3 @@
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -7,6 +6,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "common/fixed.h"
@@ -79,17 +80,15 @@ public:
         return file >= 0 && flock(file, LOCK_EX | LOCK_NB) == 0 ? held : nullptr;
     }
     bool makeFolder(const std::string& path) override {
-        if (mkdir(path.c_str(), folderForAll) == 0 || kindOf(path) == PathKind::folder) return true;
-        const std::size_t above = path.find_last_of('/');
-        if (above == std::string::npos || above == 0 || !makeFolder(path.substr(0, above))) return false;
-        return mkdir(path.c_str(), folderForAll) == 0 || kindOf(path) == PathKind::folder;
+        std::error_code refused;
+        std::filesystem::create_directories(path, refused);
+        return !refused;
     }
     std::vector<std::string> namesIn(const std::string& folder) override {
-        const auto close = [](DIR* open) { closedir(open); };
-        const std::unique_ptr<DIR, decltype(close)> open(opendir(folder.c_str()), close);
+        std::error_code refused;
         std::vector<std::string> names;
-        while (const dirent* entry = open ? readdir(open.get()) : nullptr) {
-            if (entry->d_type != DT_DIR) names.emplace_back(entry->d_name);
+        for (const auto& entry : std::filesystem::directory_iterator(folder, refused)) {
+            if (!entry.is_directory(refused)) names.push_back(entry.path().filename());
         }
         return names;
     }

@@ -11,8 +11,10 @@ namespace vrix {
 
 namespace {
 
+// Null on a system without that locale: there each letter is its own.
 char32_t smallLetter(char32_t letter) {
     static const locale_t letters = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (letters == nullptr) return letter;
     return static_cast<char32_t>(towlower_l(static_cast<std::wint_t>(letter), letters));
 }
 

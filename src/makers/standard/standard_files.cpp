@@ -54,34 +54,26 @@ private:
     bool isLost_ = false;
 };
 
+// The whole file as it was when it was opened. What the disk does not give counts as its end.
 class Reader final : public TextStream {
 public:
-    explicit Reader(std::unique_ptr<DiskFile> file) : file_(std::move(file)) {}
+    explicit Reader(const std::unique_ptr<DiskFile>& file) {
+        for (auto part = file->read(portion); part && !part->empty(); part = file->read(portion)) bytes_ += *part;
+    }
 
     void writeLine(const std::string&) override { refuse(FailureNumber::permissionDenied); }
     std::string readLine() override {
         if (atEnd()) refuse(FailureNumber::inputPastEnd);
-        std::string line;
-        std::size_t end = std::string::npos;
-        while (end == std::string::npos && !atEnd()) {
-            end = bytes_.find('\n', at_);
-            line.append(bytes_, at_, end - at_);
-            at_ = end == std::string::npos ? bytes_.size() : end + 1;
-        }
+        const std::size_t end = bytes_.find('\n', at_);
+        std::string line = bytes_.substr(at_, end - at_);
+        at_ = end == std::string::npos ? bytes_.size() : end + 1;
         if (end != std::string::npos && line.ends_with('\r')) line.pop_back();
         return line;
     }
-    bool atEnd() override {
-        if (file_ && at_ == bytes_.size()) {
-            bytes_ = file_->read(portion).value_or("");
-            at_ = 0;
-        }
-        return !file_ || bytes_.empty();
-    }
-    void close() override { file_.reset(); }
+    bool atEnd() override { return at_ >= bytes_.size(); }
+    void close() override { bytes_.clear(); }
 
 private:
-    std::unique_ptr<DiskFile> file_;
     std::string bytes_;
     std::size_t at_ = 0;  // the first of them that was not read
 };
