@@ -28,16 +28,16 @@ use_wine() {
     export WINEPREFIX
     local try
     [ ! -f "${2:-}/ready" ] || [ -f "$WINEPREFIX/ready" ] || cp -a "$2" "$WINEPREFIX"
-    for try in 1 2; do
+    for try in 1 2 3; do
         if [ -f "$WINEPREFIX/ready" ] && timeout 60 wine cmd /c exit >/dev/null 2>&1; then return 0; fi
         timeout 10 wineserver -k >/dev/null 2>&1 || true
         rm -rf "$WINEPREFIX"
         mkdir -p "$WINEPREFIX"
-        if ! timeout 180 wineboot -i >/dev/null 2>&1 </dev/null || ! timeout 60 wineserver -w; then continue; fi
+        timeout 180 wineboot -i >"$WINEPREFIX/log" 2>&1 </dev/null && timeout 60 wineserver -w || continue
         cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"  # Wine does not find them where they lie
         : >"$WINEPREFIX/ready"
     done
-    fail "Wine could not be set up in $1 (try $try)."
+    fail "Wine could not be set up in $1 (try $try): $(tail -n 3 "$WINEPREFIX/log")"
 }
 
 # Windows of all programs lie on one desktop of Wine's own, which gives them frames and keeps track of the focus.
