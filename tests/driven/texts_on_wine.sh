@@ -88,7 +88,10 @@ product["topics"] = [topic for topic in product["topics"] if topic["name"] != "�
 json.dump(product, sys.stdout)' >"$out/whole.json"
     vrix apply "$out/whole.json" >/dev/null
     vrix export 予定表 "$out/utf8.kls" --code-page 65001 >/dev/null
-    [ "$(vrix apply "$out/utf8.kls" --code-page 65001 --merge | grep -c ': nothing to change$')" = 1 ]
+    vrix remove --yes Ключ >/dev/null
+    vrix apply "$out/utf8.kls" --code-page 65001 >/dev/null
+    vrix show 予定表 | grep -E '^  Введение +C:\\Документы\\安全.doc$' >/dev/null
+    [ "$(vrix apply "$out/utf8.kls" --code-page 65001 | grep -c ': nothing to change$')" = 1 ]
     code=0
     vrix export 予定表 "$out/no.kls" >"$out/said" 2>&1 || code=$?
     [ "$code" = 5 ] && grep 'U+' "$out/said" >/dev/null && [ ! -e "$out/no.kls" ]

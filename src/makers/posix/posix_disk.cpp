@@ -18,7 +18,6 @@ namespace vrix {
 namespace {
 
 constexpr mode_t forAll = 0666;
-constexpr mode_t folderForAll = 0777;
 
 class PosixFile final : public DiskFile, Fixed {
 public:
