@@ -75,7 +75,7 @@ TEST(Check, FindsWhatIsSharp) {
     EXPECT_THROW(planApply(products, {{Tree::toolkit, "Inside", "New"}, {}}, Unnamed::removed), Refusal);
 }
 
-// Whatever ends the Toolkit when it opens a page of a Product, or exports it, was found before.
+// Whatever ends the Toolkit on opening a page of a Product, or on exporting it, is a finding.
 TEST(Check, ForeseesWhatEndsTheToolkit) {
     int ended = 0;
     for (unsigned seed = 0; seed < 60; ++seed) {

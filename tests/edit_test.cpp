@@ -14,8 +14,8 @@ std::string report(int number) {
            failureText(static_cast<FailureNumber>(number));
 }
 
-// A walk to the hub of a Product with the key K whose Topics stand as a line tells: "T" its Topics, "A" the added ones,
-// "I" the index table, "M" the matrix, each with name=text pairs in which "_" is a blank.
+// A walk to the hub of a Product with the key K. A line gives its Topics: "T" its own, "A" the added ones, "I" the
+// index table, "M" the matrix, each with name=text pairs in which "_" is a space.
 class StoredTopics : public Walk {
 public:
     StoredTopics(const std::string& line, bool develop) : root_(develop ? "Toolkit\\K" : "K") {

@@ -37,7 +37,7 @@ TEST(Finish, AsksBeforeItGoesOnWithoutAFile) {
 
     Walk exported;
     exported.start().createProduct("Manual").editProduct().act("ExportSettingsBtn").message();
-    EXPECT_EQ(exported.act("NextBtn").message(), noFile);  // OK leads nowhere
+    EXPECT_EQ(exported.act("NextBtn").message(), noFile);  // OK stays on the page
     EXPECT_EQ(exported.front(), "Create18");
 }
 

@@ -175,7 +175,7 @@ TEST(Encoding, ConvertsExactlyOrNotAtAll) {
         const bool isHalf = codePage != 1252 && codePage != 1251;
         EXPECT_EQ(encoding->toUtf8(bytes.substr(0, 1)).has_value(), !isHalf) << codePage;
     }
-    EXPECT_EQ(western->fromUtf8("Ａ"), std::nullopt);  // never a similar one
+    EXPECT_EQ(western->fromUtf8("Ａ"), std::nullopt);  // no best fit
     EXPECT_EQ(testEncoding(1), nullptr);
 }
 

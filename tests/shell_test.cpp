@@ -25,7 +25,7 @@ TEST(Shell, TheSplashGivesWayOnce) {
 TEST(Shell, EditAndDeleteNeedAProduct) {
     Walk walk;
     walk.start();
-    // Let go outside at the start of a run: no Product is known yet.
+    // A release outside, at the start of a run: no Product is known yet.
     walk.user.pressTask("EditImg", false);
     EXPECT_EQ(walk.message(), std::string(noProducts) + "Edit option.");
     EXPECT_EQ(walk.act("DeleteImg").message(), std::string(noProducts) + "Delete option.");

@@ -6,8 +6,8 @@
 
 namespace vrix {
 
-// A table of texts with rows from 0, or empty text in its place. A row outside the table is failure 9, any use of empty
-// text as a table failure 13.
+// A table of texts with rows from 0, or empty text instead of a table. A row outside the table is failure 9, any use of
+// empty text as a table failure 13.
 class TextTable {
 public:
     TextTable() = default;  // a table with no element

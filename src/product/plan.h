@@ -20,9 +20,9 @@ struct StoreChange {
     std::optional<StoredValue> before{};  // of a value to set: what stands there now
 };
 
-// The changes in the order in which they are made: rows of the list, keys that go, values. Cut off anywhere, they leave
-// a Product that the next plan of the same kind repairs. A removed Product loses its row last, so it is never half
-// there unlisted.
+// The changes in the order in which they are made: rows of the list, removed keys, values. If interrupted anywhere,
+// they leave a Product that the next plan of the same kind repairs. A removed Product loses its row last, so a partly
+// removed one is still listed.
 using Plan = std::vector<StoreChange>;
 
 // What becomes of values and keys that the Product does not name.

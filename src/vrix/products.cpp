@@ -10,7 +10,7 @@ namespace vrix {
 
 namespace {
 
-// A text names a Product by its name, or by its key, and may say the tree in front.
+// The Products that a text names: by name or by key, with an optional prefix for the tree.
 std::vector<ProductId> candidates(const ProductStore& store, std::string_view text) {
     std::optional<Tree> tree;
     for (const Tree one : {Tree::installed, Tree::toolkit}) {

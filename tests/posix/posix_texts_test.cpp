@@ -56,7 +56,7 @@ TEST_F(SystemTexts, ProductsAreFoundInAnyCaseOfTheirNames) {
     }
 }
 
-// Names that are one by the letters known here, and two by those that are known there.
+// Names that this system's case folding makes equal, and another's keeps apart.
 TEST_F(SystemTexts, AJournalReadsTheSameWhateverLettersAreKnown) {
     using enum Do;
     useLetterFolder(nullptr);

@@ -57,7 +57,7 @@ HWND windowOf(const Control& control) {
     return nullptr;
 }
 
-// Lets the windows work until something is so, or for two seconds.
+// Runs the message loop until a condition holds, at most two seconds.
 template <class Condition>
 bool comes(const Condition& condition) {
     for (int looks = 0; looks < 200 && !condition(); ++looks, Sleep(10)) {
@@ -79,7 +79,7 @@ void setTextScale(DWORD percent) {
     }
 }
 
-// The size that a control's text takes at its font.
+// The size of a control's text in its font.
 SIZE textSize(HWND control, int width, UINT format) {
     const auto font = reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0));
     return measured(font, windowText(control) + L' ', width, format);
@@ -93,7 +93,7 @@ protected:
     }
     void TearDown() override {
         screen.quit();
-        screen.run();  // which takes the windows away
+        screen.run();  // which destroys the windows
         MSG end;
         PeekMessageA(&end, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     }
@@ -133,7 +133,8 @@ void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& 
     const Control& control = window.control();
     if (is<Label>(control)) {
         const bool presses = dynamic_cast<const Label&>(control).presses != nullptr;
-        const bool cut = !presses && (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // and whole in a tip
+        const bool cut =
+            !presses && (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // with the whole text in a tooltip
         EXPECT_EQ(cut, narrow(windowText(handle)) == endless);
         if (cut) return;
         const SIZE size = textSize(handle, room.cx, DT_WORDBREAK | DT_NOPREFIX);
@@ -268,7 +269,7 @@ TEST_F(ScreenTest, EndsAButtonsHoverAndItsPressWhenThePointerIsLost) {
     const auto has = [&](ImageButton::Face face) { return comes([&] { return button.face() == face; }); };
     SetCursorPos(area.left + 2, area.top + 2);
     EXPECT_TRUE(has(ImageButton::Face::hover));
-    SetCursorPos(0, 0);  // at once, and over nothing of the page on the way
+    SetCursorPos(0, 0);  // in one step, without crossing the page
     EXPECT_TRUE(has(ImageButton::Face::normal));
     SendMessageA(windowOf(button), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
     EXPECT_TRUE(has(ImageButton::Face::pressed));
@@ -296,7 +297,7 @@ TEST_F(ScreenTest, ReportsAFailureAndTakesNothingMeanwhile) {
     EXPECT_TRUE(program.toolkit().create5.visible());
 }
 
-// Any program can send a message, and take a window away.
+// Any program can send a message, or destroy a window.
 TEST_F(ScreenTest, LooksUpWhateverWindowAMessageNames) {
     Toolkit& pages = program.toolkit();
     screen.event([&] { pages.create5.show(); });
@@ -341,7 +342,7 @@ TEST_F(ScreenTest, KeepsTheCurrentFolderWhateverADialogDoes) {
     EXPECT_EQ(folder(), before);
 }
 
-// What a screen reader hears of a control comes from its window: the class, the text, the style and the state.
+// A screen reader takes everything about a control from its window: the class, the text, the style and the state.
 TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
     const auto isA = [](HWND window, const char* kind) {
         char name[20]{};

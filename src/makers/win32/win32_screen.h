@@ -27,7 +27,7 @@ class FrameWindow;
 class Styles;
 class TimerWindow;
 
-// Sets a flag while it lasts.
+// Sets a flag for its lifetime.
 class FlagGuard : Fixed {
 public:
     FlagGuard(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
@@ -73,7 +73,7 @@ public:
             pause();
         });
     }
-    // While it lasts, the program changes the screen, and events that this causes are ignored.
+    // While the result lives, events caused by the program's own changes to the screen are ignored.
     FlagGuard quietly() { return {quiet_, true}; }
     bool quiet() const { return quiet_; }
 
@@ -97,7 +97,7 @@ private:
     std::unique_ptr<Styles> styles_;
     std::map<Form*, std::unique_ptr<FormWindow>> forms_;
     std::vector<std::unique_ptr<FrameWindow>> frames_;  // also those that are hidden at present; they go first
-    std::vector<const Form*> way_;                      // the forms that led to the one in front, which is the last
+    std::vector<const Form*> way_;                      // the navigation stack; the form in front is the last
     std::vector<Form*> changedForms_;                   // in the order of their first change
     std::set<Control*> changedControls_;
     const Control* wanted_ = nullptr;  // what is to have the focus at the end of the event

@@ -156,8 +156,8 @@ void Create8::compact() {
     }
 }
 
-// Keeps the counts of the Topics in step. For a Topic behind the standard set only the second count goes down: until
-// the counts are read again, the standard set has one row more.
+// Updates the counts of the Topics. For a Topic behind the standard set only the second count is decremented: until the
+// counts are read again, the standard set has one row more.
 void Create8::countDeleted(int row) {
     ProductReg& reg = toolkit.productReg;
     if (toolkit.selectedProduct.isDeveloper || row < reg.standardRows()) {

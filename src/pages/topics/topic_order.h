@@ -38,7 +38,7 @@ public:
     void countOrderRows();
     // Puts the rows in the order of their numbers and redraws.
     void applyOrderNumbers();
-    // The text with every "&" doubled, for a caption.
+    // The text with every "&" escaped as "&&", for a caption.
     static std::string doubleAmpersands(const std::string& text);
 
 private:
