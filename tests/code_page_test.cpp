@@ -26,7 +26,7 @@ const std::string table = "\x95\x5C";
 
 }  // namespace
 
-TEST_F(CodePageTest, TellsWhereCharactersBegin) {
+TEST_F(CodePageTest, FindsCharacterBoundaries) {
     struct Case {
         unsigned page;
         std::string text;
@@ -61,7 +61,7 @@ TEST_F(CodePageTest, TellsWhereCharactersBegin) {
     EXPECT_EQ(lowerCase("A\xC9\xD7\x8A\x9F\x81"), "a\xE9\xD7\x9A\xFF\x81");
 }
 
-TEST_F(CodePageTest, TrailBytesPartNoPathAndAreNotDoubled) {
+TEST_F(CodePageTest, TrailBytesAreNotTakenForBackslashes) {
     choose(932);
     for (const auto& [path, escaped] : std::map<std::string, std::string>{
              {"C:\\" + table, "C:\\\\" + table},
@@ -81,7 +81,7 @@ TEST_F(CodePageTest, TrailBytesPartNoPathAndAreNotDoubled) {
               RegistryStatus::success);  // of 250 characters
 }
 
-TEST_F(CodePageTest, TopicsAndSmartFieldsAreCutBetweenCharacters) {
+TEST_F(CodePageTest, TopicsAndSmartFieldsAreSplitAtCharacterBoundaries) {
     choose(932);
     Walk walk;
     walk.start().createTo("Create8");

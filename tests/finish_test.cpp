@@ -41,7 +41,7 @@ TEST(Finish, AsksBeforeItGoesOnWithoutAFile) {
     EXPECT_EQ(exported.front(), "Create18");
 }
 
-TEST(Finish, TopicsTakeTheirRowsAsTheyStand) {
+TEST(Finish, TopicsAreSavedWithTheirDependencyRows) {
     Walk one("Create8");
     one.act("TopicName=Only TopicPath=o.doc CreateBtn NextBtn");
     one.pages.create18.show();

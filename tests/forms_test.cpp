@@ -44,7 +44,7 @@ public:
     Label Words{*this, "Words", {0, 0, 10, 10}, "Words"};
 };
 
-TEST(Controls, LieWhereTheirPlaceSays) {
+TEST(Controls, AreLaidOutByTheirPlace) {
     HeadlessWindows windows;
     Bench form(windows);
     const std::vector<std::tuple<Control*, int, int, int, int>> places{{&form.Text, 150, 160, 20, 10},
@@ -116,7 +116,7 @@ TEST(HeadlessUser, DoesOnlyWhatAUserCould) {
     EXPECT_TRUE(refused("CreateImg"));
 }
 
-TEST(ImageButtons, KeepToOneFaceThroughHoverPressAndRelease) {
+TEST(ImageButtons, ShowOneFaceForHoverPressAndRelease) {
     HeadlessWindows windows;
     Bench form(windows);
     ImageButton& next = form.NextBtn;

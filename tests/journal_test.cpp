@@ -115,7 +115,7 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     }
 }
 
-TEST_F(JournalTest, CutAnywhereHoldsEveryWholeRecordAndGoesOn) {
+TEST_F(JournalTest, TruncatedAnywhereKeepsEveryCompleteRecordAndTakesMore) {
     for (std::size_t length = 1; length <= whole.size(); ++length) {
         const auto& [end, tree] = *std::prev(trees.upper_bound(length));
         writeBytes(path, whole.substr(0, length));
@@ -141,7 +141,7 @@ TEST_F(JournalTest, RefusesWhatItCannotUse) {
     EXPECT_EQ(outcome(folder.path(".")), "The file \"" + folder.path(".") + "\" cannot be opened for writing");
 }
 
-TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
+TEST_F(JournalTest, IsCompactedAtTheStartWhenMostRecordsAreObsolete) {
     auto registry = openedJournal(path);
     for (int i = 0; i < 1'000; ++i) {
         EXPECT_EQ(registry->setValue(hive::classesRoot, i % 2 == 0 ? "v" : "w", 4, std::to_string(i)),
@@ -155,7 +155,7 @@ TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
     EXPECT_EQ(outcome(path), before);
 }
 
-TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfTheOldOne) {
+TEST_F(JournalTest, IsFlushedOncePerEventAndBeforeItReplacesTheOldOne) {
     StubDisk disk;
     JournalRegistry registry(path, {}, disk);
     const auto write = [&](int times) {
@@ -185,7 +185,7 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
     }
 }
 
-TEST_F(JournalTest, CutsOffWhatIsLeftOfAHalfWriteBeforeTheNextOne) {
+TEST_F(JournalTest, TruncatesAPartialWriteBeforeTheNextOne) {
     StubDisk disk;
     JournalRegistry registry(path, {}, disk);
     const auto write = [&] { return registry.setValue(hive::classesRoot, "v", 4, "four"); };

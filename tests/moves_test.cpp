@@ -70,7 +70,7 @@ TEST(Moves, SkipsOfTopicsAndFieldOptions) {
     EXPECT_TRUE(none.windows.ended);
 }
 
-TEST(Moves, ForwardsForgetsAndBackKeeps) {
+TEST(Moves, NextClearsThePageThatItOpensAndBackKeepsIt) {
     Walk walk("Create5");
     walk.act("CourseBriefPath=s.doc BackBtn*3");
     EXPECT_EQ(walk.text("Create2", "ProductName"), "Manual");
@@ -137,7 +137,7 @@ TEST(Moves, EveryGroupOfEditModeComesBackToTheHub) {
     }
 }
 
-TEST(Moves, EditedFieldsWithoutAPathWalkOnUnsaved) {
+TEST(Moves, EditedFieldsWithoutAPathAreNotSaved) {
     Walk walk;
     walk.start().createProduct("Manual").editProduct().act("UserDefinedFieldsBtn UserDef1Path=");
     const std::string before = walk.tree();
@@ -148,7 +148,7 @@ TEST(Moves, EditedFieldsWithoutAPathWalkOnUnsaved) {
 }
 
 // After editing all groups the wizard is as in a newly started program, except for a box that nothing unticks.
-TEST(Moves, AnEditLeavesNoTraceInTheWizard) {
+TEST(Moves, AnEditDoesNotChangeTheWizard) {
     Walk edited;
     edited.start().createProduct("Manual").editProduct();
     edited.setOptions(6);

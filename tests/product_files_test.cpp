@@ -77,7 +77,7 @@ TEST(SettingsText, OfTheRegistryEditorIsReadByItsRules) {
     }
 }
 
-TEST(SettingsText, GoesThroughTheCodePageExactlyOrIsRefused) {
+TEST(SettingsText, IsEncodedExactlyOrRefused) {
     const auto told = [](const std::string& topic, const std::string& path, unsigned codePage) {
         Product product = readSettings(expected("sample.kls"), *western);
         product.at(part::topics).values.push_back(textValue(topic, path));
@@ -102,7 +102,7 @@ TEST(SettingsText, GoesThroughTheCodePageExactlyOrIsRefused) {
     EXPECT_EQ(told("A", half, 65001), "\"A\": the code page lacks half a character (U+D800)" + advice);
 }
 
-TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
+TEST(SettingsText, MalformedIsRefusedWithItsLine) {
     const std::string head = "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\K]\r\n";
     const std::vector<std::pair<std::string, std::string>> cases{
         {"", "line 1: this is no settings file"},
@@ -174,7 +174,7 @@ void work(Walk& walk, Dice& dice) {
     }
 }
 
-TEST(SettingsText, OfWhateverTheToolkitLeavesIsItsOwnAndReadsBack) {
+TEST(SettingsText, EqualsTheExportOfAnyEditedProductAndReadsBack) {
     int same = 0;
     int whole = 0;
     for (unsigned seed = 0; seed < 60; ++seed) {

@@ -8,7 +8,7 @@ constexpr const char* noProducts =
     "No Products Detected!: Vrix Administrative Toolkit has been unable to detect any installed Products.\r\n\r\n"
     "Please create a Product with the Administrative Toolkit before you use the ";
 
-TEST(Shell, TheSplashGivesWayOnce) {
+TEST(Shell, TheSplashOpensTheMainScreenOnce) {
     Walk walk;
     runEvent(walk.windows, [&] { walk.program.start(); });
     EXPECT_EQ(walk.front(), "SplashScreen");

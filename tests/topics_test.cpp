@@ -21,7 +21,7 @@ struct TopicWalk : Walk {
     }
 };
 
-TEST(Topics, CreateUpdateAndDeleteKeepTheirSlack) {
+TEST(Topics, CreateUpdateAndDeleteLeaveStaleElements) {
     Walk walk("Create8");
     Create8& page = walk.pages.create8;
     EXPECT_EQ(walk.act("CreateBtn").message(), "Empty Topic Name: You have not entered a name for your topic.");

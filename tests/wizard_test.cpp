@@ -46,7 +46,7 @@ TEST(CoverPages, AreCheckedInTheirOrder) {
     }
 }
 
-TEST(CoverPages, OptionsStartAnewEachTime) {
+TEST(CoverPages, OptionsAreResetEachTime) {
     Walk walk("Create3");
     walk.act("CoverPage1=p CoverPage1Name=One CoverPage3Name=Three NextBtn");
     const Create4& page = walk.pages.create4;
@@ -57,7 +57,7 @@ TEST(CoverPages, OptionsStartAnewEachTime) {
     EXPECT_EQ(page.AllowUseAlternateCoverPage.value() + page.AllowNoCoverPage.value() + page.DefaultCover.value(), 3);
 }
 
-TEST(Browse, AsksWithThePagesWordsAndTakesTheDialogsFileNameAlsoAfterACancel) {
+TEST(Browse, OpensItsDialogAndTakesTheFileNameAlsoAfterACancel) {
     struct Case {
         std::string page, words, box, question;
     };
@@ -112,7 +112,7 @@ TEST(OptionalSections, AFileTurnsTheSectionOn) {
     }
 }
 
-TEST(UserFields, BoxesGoByThePathAndStayEnabled) {
+TEST(UserFields, BoxesAreEnabledByThePathAndStayEnabled) {
     Walk walk("Create10");
     EXPECT_EQ(walk.pages.create10.field(3).pos.rows(),
               (std::vector<std::string>{"After Cover", "After Content Summary", "Before Topics", "After Topics",

@@ -57,7 +57,7 @@ TEST_F(SystemTexts, ProductsAreFoundInAnyCaseOfTheirNames) {
 }
 
 // Names that this system's case folding makes equal, and another's keeps apart.
-TEST_F(SystemTexts, AJournalReadsTheSameWhateverLettersAreKnown) {
+TEST_F(SystemTexts, AJournalReadsTheSameWithAnyCaseFolding) {
     using enum Do;
     useLetterFolder(nullptr);
     {

@@ -60,7 +60,7 @@ TEST_F(MachineRegistry, ConformsByNarrowAndWideCalls) {
 
 // On any code page, and with values of other programs: what the pages see of a UTF-8 registry is what the narrow calls
 // show of the machine's registry.
-TEST_F(MachineRegistry, ShowsThroughTheFaceWhatTheNarrowCallsShow) {
+TEST_F(MachineRegistry, AnswersThroughTheCodePageAsTheNarrowCallsDo) {
     std::cout << "code page " << GetACP() << std::endl;
     for (unsigned seed = 0; seed < 10 && !HasFailure(); ++seed) {
         forget();
@@ -95,7 +95,7 @@ TEST_F(MachineRegistry, ListsNamesOfCharactersOfAnySize) {
 }
 
 // Made by native calls: the documented ones cannot create such a name.
-TEST_F(MachineRegistry, PassesOverAValueWhoseNameHoldsAZeroCharacter) {
+TEST_F(MachineRegistry, SkipsAValueWhoseNameHoldsAZeroCharacter) {
     HKEY key = nullptr;
     ASSERT_EQ(RegCreateKeyW(HKEY_LOCAL_MACHINE, L"Software\\Vrix\\Odd", &key), ERROR_SUCCESS);
     using SetValue = NTSTATUS(NTAPI*)(HANDLE, UNICODE_STRING*, ULONG, ULONG, void*, ULONG);

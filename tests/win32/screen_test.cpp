@@ -262,7 +262,7 @@ TEST_F(ScreenTest, FollowsThePlatformToAnotherMonitorAndIgnoresWhatConcernsOther
     EXPECT_EQ(SendMessageA(box, WM_GETFONT, 0, 0), font);
 }
 
-TEST_F(ScreenTest, EndsAButtonsHoverAndItsPressWhenThePointerIsLost) {
+TEST_F(ScreenTest, EndsHoverAndPressWhenPointerOrCaptureIsLost) {
     ImageButton& button = program.toolkit().create5.NextBtn;
     screen.event([&] { program.toolkit().create5.show(); });
     const RECT area = areaOf(windowOf(button));
@@ -278,7 +278,7 @@ TEST_F(ScreenTest, EndsAButtonsHoverAndItsPressWhenThePointerIsLost) {
     EXPECT_TRUE(program.toolkit().create5.visible());
 }
 
-TEST_F(ScreenTest, ReportsAFailureAndTakesNothingMeanwhile) {
+TEST_F(ScreenTest, ReportsAFailureAndIgnoresInputMeanwhile) {
     static HWND next = nullptr;
     screen.event([&] { program.toolkit().create5.show(); });
     next = windowOf(program.toolkit().create5.NextBtn);
@@ -298,7 +298,7 @@ TEST_F(ScreenTest, ReportsAFailureAndTakesNothingMeanwhile) {
 }
 
 // Any program can send a message, or destroy a window.
-TEST_F(ScreenTest, LooksUpWhateverWindowAMessageNames) {
+TEST_F(ScreenTest, LooksUpTheHandlesInMessages) {
     Toolkit& pages = program.toolkit();
     screen.event([&] { pages.create5.show(); });
     const HWND form = shownForm();
@@ -343,7 +343,7 @@ TEST_F(ScreenTest, KeepsTheCurrentFolderWhateverADialogDoes) {
 }
 
 // A screen reader takes everything about a control from its window: the class, the text, the style and the state.
-TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
+TEST_F(ScreenTest, GivesScreenReadersRoleNameAndStateOfEachControl) {
     const auto isA = [](HWND window, const char* kind) {
         char name[20]{};
         return RealGetWindowClassA(window, name, sizeof(name)) != 0 && lstrcmpiA(name, kind) == 0;
@@ -394,7 +394,7 @@ TEST_F(ScreenTest, OpensListsAsWideAsTheirRowsAndWholeOnTheMonitor) {
 }
 
 // Thai letters and faces stand for what no code page of these tests has.
-TEST_F(ScreenTest, ShowsWhatIsKeptOfATextThatTheCodePageLacks) {
+TEST_F(ScreenTest, ShowsATextAsTheCodePageEncodesIt) {
     TextBox& name = program.toolkit().create2.ProductName;
     screen.event([&] { program.toolkit().create2.show(); });
     const HWND box = windowOf(name);
