@@ -203,8 +203,8 @@ void finish(Input& input) {
     }
 }
 
-// A text of any bytes is refused, or it is one Product. That stands in a store as it was read, with nothing changed
-// beside it, and reads back from JSON.
+// A text of any bytes is refused, or it is one Product: writing it to a store and reading it back gives the same, and
+// so does JSON, and nothing else in the store changes.
 template <class Read>
 void product(const Read& read) {
     const auto encoding = iconvEncoding(1252);

@@ -38,7 +38,7 @@ TEST_F(CodePageTest, FindsCharacterBoundaries) {
              Case{1252, "\x95\\", 2, 1},
              Case{932, "\x95\\", 1, nowhere},
              Case{932, "\xB1\\", 2, 1},          // half-width kana are single bytes
-             Case{932, "\\\x95\\\\\xE0", 4, 3},  // a lead byte at the end stands for itself
+             Case{932, "\\\x95\\\\\xE0", 4, 3},  // a lead byte at the end is one character
              Case{936, "\x81\\\xFE\\\\", 3, 4},
              Case{949, "\x81\\\xFF\\", 3, 3},
              Case{1361, "\x84\\\xD8\\\xF9\\\xFA\\", 5, 7},

@@ -46,7 +46,7 @@ struct Caller {
     std::vector<RegistryKey> keys{0, 0, 0, 0, 0, 0, 0, 0, hive::localMachine, hive::classesRoot};
 };
 
-extern const std::map<std::string, std::string> testEnvironment;  // by names in small letters
+extern const std::map<std::string, std::string> testEnvironment;  // by names in lowercase
 Environment environmentLookup();
 
 // The suite for every registry of bytes of the code page 1252, each part on a fresh one. The real one, under Wine, may

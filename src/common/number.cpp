@@ -17,7 +17,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-// A decimal number taken apart: its sign, and its digits before and behind the point.
+// A parsed decimal number: its sign, and its digits before and behind the point.
 struct Decimal {
     bool negative = false;
     std::string_view whole;

@@ -15,7 +15,7 @@ public:
     void becomeEmptyText();
     bool isTable() const { return isTable_; }
 
-    // Makes the table anew with elements 0 to `upper`, all empty; failure 9 for an upper bound of -1 or less.
+    // Replaces the table by elements 0 to `upper`, all empty; failure 9 for an upper bound of -1 or less.
     void sizeTo(int upper);
     // Grows the table to elements 0 to `upper` and keeps what it holds. It never shrinks.
     void growTo(int upper);

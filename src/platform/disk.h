@@ -10,7 +10,7 @@
 
 namespace vrix {
 
-// An open file. It is closed when the object goes.
+// An open file. The destructor closes it.
 class DiskFile {
 public:
     virtual ~DiskFile() = default;

@@ -77,8 +77,8 @@ public:
                                                    RegistryKey& key) = 0;
     virtual RegistryStatus closeKey(RegistryKey key) = 0;
 
-    // Reads a value. An empty name is the key's default value. If the platform tells type and size and then refuses the
-    // bytes, they are zeros and the status is success.
+    // Reads a value. An empty name is the key's default value. If the platform reports type and size and then refuses
+    // the bytes, they are zeros and the status is success.
     [[nodiscard]] virtual RegistryStatus queryValue(RegistryKey key, const std::string& name, ValueData& value) = 0;
     // Writes a value. A text that is not empty gets the terminator that it lacks.
     [[nodiscard]] virtual RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type,

@@ -15,7 +15,7 @@ namespace {
 struct Wanted {
     ProductId id;
     bool exists = true;
-    std::optional<Product> product{};  // nothing where only the identity is told
+    std::optional<Product> product{};  // nothing where only the identity is given
 };
 
 // Takes a member out of the instance.

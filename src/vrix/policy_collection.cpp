@@ -46,7 +46,7 @@ std::string escaped(const std::string& text, const std::string& place) {
     return safe;
 }
 
-// How a value stands in an item. The image is the one for replaced texts, or that for replaced numbers and bytes.
+// How an item holds a value. The image is the one for replaced texts, or that for replaced numbers and bytes.
 struct Form {
     const char* image;
     const char* type;

@@ -97,7 +97,7 @@ Store& ProductSource::store() {
     return *store_;
 }
 
-// Where the system has no registry and nobody names a store, files do without.
+// False on a system without a registry where no store is named: Products are files only.
 bool ProductSource::hasStore() const {
     const bool isNamed = run_.request.isTrial || !run_.request.store.empty();
     return store_ || isNamed || run_.machine.registry(run_.request.view) != nullptr;

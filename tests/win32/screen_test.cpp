@@ -133,8 +133,7 @@ void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& 
     const Control& control = window.control();
     if (is<Label>(control)) {
         const bool presses = dynamic_cast<const Label&>(control).presses != nullptr;
-        const bool cut =
-            !presses && (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // with the whole text in a tooltip
+        const bool cut = !presses && (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // clipped, with a tooltip
         EXPECT_EQ(cut, narrow(windowText(handle)) == endless);
         if (cut) return;
         const SIZE size = textSize(handle, room.cx, DT_WORDBREAK | DT_NOPREFIX);
@@ -209,7 +208,7 @@ TEST_F(ScreenTest, ShowsAllPagesInOneFrameWhereTheUserLeftIt) {
     EXPECT_EQ(go(pages.create6, pages.toolkitMain), frame);
     const RECT again = areaOf(frame.front());
     EXPECT_TRUE(EqualRect(&again, &left));  // the page is wider, and was moved in from the edge
-    // Two pages have two frames, until one of them goes.
+    // Two pages have two frames, until one of them is hidden.
     go(pages.toolkitMain, pages.create17);
     press(pages.create17.ExitBtn);
     EXPECT_EQ(shownFrames().size(), 2);
@@ -393,7 +392,7 @@ TEST_F(ScreenTest, OpensListsAsWideAsTheirRowsAndWholeOnTheMonitor) {
     SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
 }
 
-// Thai letters and faces stand for what no code page of these tests has.
+// No code page of these tests has Thai letters and emoji.
 TEST_F(ScreenTest, ShowsATextAsTheCodePageEncodesIt) {
     TextBox& name = program.toolkit().create2.ProductName;
     screen.event([&] { program.toolkit().create2.show(); });
@@ -411,7 +410,7 @@ TEST_F(ScreenTest, ShowsATextAsTheCodePageEncodesIt) {
     send(EM_REPLACESEL, TRUE, L"\u0e01b");  // as a paste does
     send(WM_CHAR, 'c');
     expect(L"a?bc?", "a?bc?");
-    send(WM_CHAR, 0xD83D);  // the first half of a character
+    send(WM_CHAR, 0xD83D);  // a high surrogate
     expect(L"a?bc\xD83D?", "a?bc?");
     send(WM_CHAR, 0xDE00);
     expect(L"a?bc???", "a?bc???");

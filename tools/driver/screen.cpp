@@ -52,7 +52,7 @@ void send(std::vector<INPUT> events) {
     if (SendInput(count, events.data(), sizeof(INPUT)) != count) throw StepFailure("the screen takes no input");
 }
 
-// A point in the units of the mouse, 65536 to the screen's width and height.
+// Converts to mouse units, 65536 to the screen's width and height.
 LONG inMouseUnits(LONG place, int metric) {
     const LONG size = GetSystemMetrics(metric);
     return (place * 65536 + size - 1) / size;

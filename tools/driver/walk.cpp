@@ -367,7 +367,7 @@ private:
         if (pictured_.insert(name).second) name_ = name;
     }
 
-    // Takes the window's picture if there is none yet. The pointer goes aside first, to where it is over no control.
+    // Takes the window's picture if there is none yet. Moves the pointer off all controls first.
     void leave() {
         if (name_.empty()) return;
         POINT corner{3, 3};
@@ -458,7 +458,7 @@ private:
         drag(middleOf(area), middleOf(area));
     }
 
-    // Goes to a control by Tab, and to an option by the arrows once its group is reached.
+    // Moves the focus to a control by Tab, and to an option by the arrows once its group is reached.
     void reach(HWND control) const {
         const auto isOption = [](HWND window) {
             return (GetWindowLongA(window, GWL_STYLE) & BS_TYPEMASK) == BS_AUTORADIOBUTTON && isClass(window, "BUTTON");

@@ -22,7 +22,7 @@ using Reader = std::function<bool(const std::string& record)>;  // false for an 
 
 struct Extent {
     std::uint64_t size = 0;  // up to the end of the last complete record
-    bool torn = false;       // a part of a record may stand behind it
+    bool torn = false;       // a partial record may follow
 };
 
 // Passes every complete record to `reader` and changes nothing. Another program may append meanwhile. Throws Refusal:

@@ -54,7 +54,7 @@ private:
     bool isLost_ = false;
 };
 
-// The whole file as it was when it was opened. A read error counts as the end of the file.
+// Reads the whole file at once when it is opened. A read error counts as the end of the file.
 class Reader final : public TextStream {
 public:
     explicit Reader(const std::unique_ptr<DiskFile>& file) {

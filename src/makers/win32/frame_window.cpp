@@ -70,7 +70,7 @@ void FrameWindow::show(FormWindow& page) {
     if (before == nullptr) ShowWindow(handle(), SW_SHOW);
     if (before != nullptr && active()) focusPage();
     if (before != nullptr) before->setShown(false);
-    // The whole page is painted once, when all is in its place.
+    // Paints the whole page once, after the layout.
     RedrawWindow(page.handle(), nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
@@ -123,7 +123,7 @@ void FrameWindow::placeAt(int left, int top, bool wholeOnMonitor) {
     moveTo(area);
 }
 
-// The user, or the platform, has changed how windows look or what room they have.
+// The user, or the platform, has changed themes, colours or the work area.
 void FrameWindow::surroundingsChanged(bool placesToo) {
     edges_ = edgesAt(handle(), dpi_);
     if (shownOpen() && (placesToo || styleFor(page_->form().size()).get() != &page_->style())) fit();

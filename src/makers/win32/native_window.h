@@ -39,7 +39,7 @@ protected:
     Win32Screen& screen() const { return screen_; }
     // Whether a message is handled at present, and not answered with 0.
     virtual bool takes(UINT /*message*/) const { return true; }
-    // Handles a message. What a class does not handle goes on to its base, and here to the platform.
+    // Handles a message. A class passes on to its base what it does not handle; this one passes it to the platform.
     virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
 
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;

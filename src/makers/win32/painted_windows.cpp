@@ -44,7 +44,7 @@ LRESULT PaintedWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam), area); return 0;
         case WM_MOUSEMOVE: {
-            // The pointer may leave to another window, which tells the page nothing.
+            // When the pointer leaves to another window, the page gets no other message.
             TRACKMOUSEEVENT leaving{sizeof(leaving), TME_LEAVE, handle(), 0};
             TrackMouseEvent(&leaving);
             owner().followPointer();

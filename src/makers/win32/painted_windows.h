@@ -7,7 +7,8 @@
 
 namespace vrix {
 
-// A control that the program draws itself. Its native class tells a screen reader its role, its text the name.
+// A control that the program draws itself. A screen reader takes the role from its native class, the name from its
+// text.
 class PaintedWindow : public ControlWindow {
 public:
     using ControlWindow::ControlWindow;

@@ -76,14 +76,14 @@ private:
     Palette palette_;
 };
 
-// The styles of all pages. A page whose style is another than the one for its scale is to be laid out anew.
+// The styles of all pages. A cache by scale: a page whose style is not the one for its scale must be laid out again.
 class Styles {
 public:
     std::shared_ptr<const Style> at(int dpi);
     // The scale of a page on a monitor. A larger text size makes the whole page larger, as a finer monitor does.
     int withTextScale(int dpi) const { return MulDiv(dpi, preferences_.textScale, 100); }
 
-    // Makes all styles anew; refresh() does so only if the user's preferences have changed.
+    // Reads the preferences and clears the cache; refresh() does so only if they have changed.
     void renew();
     void refresh();
 

@@ -12,7 +12,7 @@ namespace vrix {
 // should count bytes. A text of more than 32,766 characters is not expanded, and an expansion ends there.
 std::unique_ptr<Registry> narrowRegistry();
 
-// The same by the wide calls: texts are UTF-8, and half characters stay as they are.
+// The same by the wide calls: texts are UTF-8, and unpaired surrogates are kept.
 std::unique_ptr<Registry> wideRegistry(RegistryView view = RegistryView::own);
 
 }  // namespace vrix

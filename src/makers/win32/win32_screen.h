@@ -19,7 +19,7 @@ namespace vrix {
 // What the windows say of the program.
 struct Identity {
     std::string captionEnd;  // behind each caption
-    std::string about;       // in UTF-8, told by an entry of the window's menu; empty for no entry
+    std::string about;       // in UTF-8, shown by an entry of the window's menu; empty for no entry
 };
 
 class FormWindow;
@@ -39,7 +39,7 @@ private:
 };
 
 // The real screen. Each form gets a native window when it is first shown, and each control a window on it. A form that
-// comes takes the frame of one that goes in the same event: to the user, all pages are one window.
+// is shown takes the frame of one that is hidden in the same event: to the user, all pages are one window.
 class Win32Screen final : public Screen {
 public:
     Win32Screen();

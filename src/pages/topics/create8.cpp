@@ -144,7 +144,7 @@ void Create8::removeTopic(int row) {
     Topics.setListIndex(i - 1);
 }
 
-// Moves every Topic that has a name to the front. The elements behind the last of them keep their old text.
+// Moves every Topic that has a name to the front. The elements behind the last of them keep stale text.
 void Create8::compact() {
     int written = 0;
     const int elements = static_cast<int>(TopicNames.count());

@@ -9,8 +9,8 @@
 
 namespace vrix {
 
-// The Topics and their order while Create20 is at work on it. An order number exists only here; the store keeps the
-// order in which the Topics are written.
+// The Topics and their order while Create20 edits it. An order number exists only here; the store keeps the order in
+// which the Topics are written.
 class TopicOrderModule {
 public:
     struct Columns {

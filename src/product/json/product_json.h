@@ -18,7 +18,7 @@ namespace vrix {
 // all forms.
 Json jsonOf(const Product& product);
 
-// The Product of such JSON. Throws Refusal (malformed), which tells the place as a JSON pointer, for unknown or missing
+// The Product of such JSON. Throws Refusal (malformed), which names the place as a JSON pointer, for unknown or missing
 // members, wrong types, and keys that no Product may have.
 Product productOf(const Json& json);
 
