@@ -27,7 +27,7 @@ constexpr const char* productKey = "Bench";
 
 void forget() { RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software\\Vrix"); }
 
-// The program over the machine's registry, which holds nothing of it before and behind, and over windows.
+// The program over the machine's registry and over windows. Its keys are deleted before and after.
 struct Running {
     explicit Running(Screen& screen) : program(Platform{*store, screen, dialog, files, clock}) { forget(); }
     ~Running() { forget(); }
@@ -79,8 +79,8 @@ void exportStored(Toolkit& pages, const std::string& file) {
         .write(pages.platform.files, file, pages.edit1.ProductList.text());
 }
 
-// Finish and export against the platform's programs. Those are measured as a user waits for them: with their start,
-// which the Toolkit, being open, does not need.
+// Finish and export against the platform's programs. Those are measured with their start, as a user waits for it; the
+// Toolkit is open already.
 void measureTools(const std::string& folder) {
     const std::string file = folder + "bench.kls";
     const std::string out = folder + "bench_out.reg";

@@ -18,15 +18,15 @@ std::string text(double number);
 // Prints a figure as a line of fields for bench/run; a limit of 0 is none.
 void report(const std::string& figure, double value, double limit, const std::string& detail = {});
 
-// A way to some end, with a part in front that is not timed.
+// One way to do a task, with a setup that is not timed.
 struct Side {
     Work run;
     Work prepare = [] {};
 };
-// Runs both sides in turns and reports the median of the quotients. One round more warms everything up.
+// Runs both sides alternately and reports the median of the ratios. One round more, first, fills the caches.
 void compare(const std::string& figure, int rounds, double limit, const Side& ours, const Side& theirs);
 
-// A program of the machine, whose output nobody reads.
+// A process whose output is discarded.
 class Process {
 public:
     explicit Process(std::string command);

@@ -24,7 +24,7 @@ namespace {
 
 using Input = FuzzedDataProvider;
 
-// What a target promises of the program. A promise that is not kept is a crash, which keeps its input.
+// Asserts an invariant. A failed one is a crash, and the fuzzer keeps the input.
 void promise(bool kept) { kept ? void() : std::abort(); }
 
 // A store in which other programs may have left values of any type and size. It may refuse every change.
@@ -32,7 +32,7 @@ std::shared_ptr<StubRegistry> fuzzedStore() {
     return std::make_shared<StubRegistry>([](const std::string& name) { return std::optional(name + name); });
 }
 
-// A text as a path that leads nowhere but into the walk's own folder.
+// A path in the walk's own folder, from any text.
 std::string inside(const Walk& walk, const std::string& text) {
     if (text.find_first_not_of(" \t") == std::string::npos) return text;
     return walk.path("") + (text.find("..") == std::string::npos ? text : "out.kls");
@@ -53,7 +53,8 @@ bool mayWrite(Walk& walk, const std::string& control) {
            (form == "Create18" || form == "Delete2" || walk.text(form, "Label1") == "Edit A Product");
 }
 
-// One page takes input, and Document Control beside it where its Exit left that open. Tables are as long as they say.
+// One page takes input, and Document Control beside it where its Exit left that open. The tables have their stated
+// lengths.
 void promiseInvariants(Walk& walk) {
     int live = 0;
     for (const Form* form : walk.windows.visibleForms()) live += form->enabled();
@@ -65,7 +66,7 @@ void promiseInvariants(Walk& walk) {
     promise(!walk.pages.create19.loaded() || spare >= walk.pages.create19.SmartFieldCount);
 }
 
-// Does at the window in front what the input says, until one of both comes to its end.
+// Performs the input's actions at the front window, until the input or the program ends.
 void work(Walk& walk, Input& input) {
     while (input.remaining_bytes() > 0 && !walk.windows.ended) {
         const std::vector<Control*> controls = walk.user.form().controls();
@@ -118,7 +119,7 @@ void edit(Input& input, const std::string& group) {
     work(walk, input);
 }
 
-// The import's lines become Topics as long as they are what they should be; then the work goes on.
+// Lines of the imported file become Topics up to the first malformed one; then the actions go on.
 void importFile(Input& input) {
     Walk walk;
     walk.createTo("Create8");
@@ -128,8 +129,8 @@ void importFile(Input& input) {
     work(walk, input);
 }
 
-// A journal of any bytes, or of whole records of any bytes, is refused and left alone, or it is started, and holds at
-// its next start what it held after one more write.
+// A journal of any bytes, or of valid records of any bytes, is refused and unchanged; or it opens, and after one more
+// write it holds the same when it is opened again.
 void journal(Input& input) {
     StubDisk disk;
     const std::string path = (std::filesystem::temp_directory_path() / "vrix_fuzz.journal").string();
@@ -148,7 +149,7 @@ void journal(Input& input) {
     }
 }
 
-// The data of an entry as a registry editor takes it: a backslash gives the character behind it.
+// Unescapes the data of an entry as a registry editor does: a backslash gives the character behind it.
 std::string merged(const std::string& data) {
     std::string text;
     for (std::size_t at = 0, size = 0; at < data.size(); at += size) {
@@ -202,8 +203,8 @@ void finish(Input& input) {
     }
 }
 
-// A text of any bytes is refused, or it is one Product. That stands in a store as it was read, with nothing changed
-// beside it, and reads back from JSON.
+// A text of any bytes is refused, or it is one Product: writing it to a store and reading it back gives the same, and
+// so does JSON, and nothing else in the store changes.
 template <class Read>
 void product(const Read& read) {
     const auto encoding = iconvEncoding(1252);

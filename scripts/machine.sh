@@ -8,7 +8,7 @@ fail() {
     exit 1
 }
 
-# as_root COMMAND ...: runs it with all rights.
+# as_root COMMAND ...: runs it as root.
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
         "$@"

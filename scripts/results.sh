@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # Sourced by ./test and scripts/x86 after wine.sh: what passed and what failed, and the last line that says how many.
-# Things that run beside each other write what came of them into one file, a line each.
+# Things that run beside each other write their results into one file, a line each.
 
 results=build/logs/results
 forget_results() { mkdir -p build/logs && : >"$results"; }

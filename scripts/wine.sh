@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by the scripts that run Windows programs: a Wine of this folder's own, and a display that nobody sees.
+# Sourced by the scripts that run Windows programs: a Wine of this folder's own, and a virtual display.
 
 # The build whose programs are run, win64 or win32.
 export preset=${preset:-win64}
@@ -49,7 +49,7 @@ use_wine_desktop() {
     wineserver -w
 }
 
-# Starts a display that nobody sees, and ends it and Wine with the shell.
+# Starts a virtual display, and ends it and Wine with the shell.
 start_display() {
     local pipe
     trap end_wine EXIT

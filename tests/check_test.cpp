@@ -15,7 +15,7 @@ std::string found(const std::vector<Finding>& findings) {
     return all;
 }
 
-TEST(Check, FindsWhatIsSharp) {
+TEST(Check, FindsEachDefectOfAProduct) {
     const Product whole = readSettings(expected("sample.kls"), *western);
     EXPECT_EQ(found(checkProduct(whole)), "");
     const auto with = [&](const KeyPath& path, const StoredValue& value) {
@@ -75,8 +75,8 @@ TEST(Check, FindsWhatIsSharp) {
     EXPECT_THROW(planApply(products, {{Tree::toolkit, "Inside", "New"}, {}}, Unnamed::removed), Refusal);
 }
 
-// Whatever ends the Toolkit when it opens a page of a Product, or exports it, was found before.
-TEST(Check, ForeseesWhatEndsTheToolkit) {
+// Whatever ends the Toolkit on opening a page of a Product, or on exporting it, is a finding.
+TEST(Check, FindsWhatEndsTheToolkit) {
     int ended = 0;
     for (unsigned seed = 0; seed < 60; ++seed) {
         Dice dice(seed);

@@ -26,7 +26,7 @@ const std::string table = "\x95\x5C";
 
 }  // namespace
 
-TEST_F(CodePageTest, TellsWhereCharactersBegin) {
+TEST_F(CodePageTest, FindsCharacterBoundaries) {
     struct Case {
         unsigned page;
         std::string text;
@@ -37,8 +37,8 @@ TEST_F(CodePageTest, TellsWhereCharactersBegin) {
     for (const auto& [page, text, characters, lastBackslash] : {
              Case{1252, "\x95\\", 2, 1},
              Case{932, "\x95\\", 1, nowhere},
-             Case{932, "\xB1\\", 2, 1},          // half-width kana take one byte
-             Case{932, "\\\x95\\\\\xE0", 4, 3},  // a lead byte at the end stands for itself
+             Case{932, "\xB1\\", 2, 1},          // half-width kana are single bytes
+             Case{932, "\\\x95\\\\\xE0", 4, 3},  // a lead byte at the end is one character
              Case{936, "\x81\\\xFE\\\\", 3, 4},
              Case{949, "\x81\\\xFF\\", 3, 3},
              Case{1361, "\x84\\\xD8\\\xF9\\\xFA\\", 5, 7},
@@ -61,7 +61,7 @@ TEST_F(CodePageTest, TellsWhereCharactersBegin) {
     EXPECT_EQ(lowerCase("A\xC9\xD7\x8A\x9F\x81"), "a\xE9\xD7\x9A\xFF\x81");
 }
 
-TEST_F(CodePageTest, TrailBytesPartNoPathAndAreNotDoubled) {
+TEST_F(CodePageTest, TrailBytesAreNotTakenForBackslashes) {
     choose(932);
     for (const auto& [path, escaped] : std::map<std::string, std::string>{
              {"C:\\" + table, "C:\\\\" + table},
@@ -81,7 +81,7 @@ TEST_F(CodePageTest, TrailBytesPartNoPathAndAreNotDoubled) {
               RegistryStatus::success);  // of 250 characters
 }
 
-TEST_F(CodePageTest, TopicsAndSmartFieldsAreCutBetweenCharacters) {
+TEST_F(CodePageTest, TopicsAndSmartFieldsAreSplitAtCharacterBoundaries) {
     choose(932);
     Walk walk;
     walk.start().createTo("Create8");

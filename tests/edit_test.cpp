@@ -14,8 +14,8 @@ std::string report(int number) {
            failureText(static_cast<FailureNumber>(number));
 }
 
-// A walk to the hub of a Product with the key K whose Topics stand as a line tells: "T" its Topics, "A" the added ones,
-// "I" the index table, "M" the matrix, each with name=text pairs in which "_" is a blank.
+// A walk to the hub of a Product with the key K. A line gives its Topics: "T" its own, "A" the added ones, "I" the
+// index table, "M" the matrix, each with name=text pairs in which "_" is a space.
 class StoredTopics : public Walk {
 public:
     StoredTopics(const std::string& line, bool develop) : root_(develop ? "Toolkit\\K" : "K") {
@@ -66,7 +66,7 @@ const std::string longer = "T A=a B=b; I A=0 B=1 C=2 D=3 E=4 F=5; M 0=5";
 const std::string pair = "T A=a; A X=x; I A=0 X=1; M 0= 1=0";
 
 // Steps: "-r" deletes row r, "=rN" gives row r the name N, "+N" adds a Topic.
-TEST(TopicRewrite, CarriesIndexesAndRowsOver) {
+TEST(TopicRewrite, KeepsIndexesAndDependencyRows) {
     struct Case {
         std::string before;
         bool develop;
@@ -250,7 +250,7 @@ TEST(EditMode, TextThatNoControlTakesEndsTheProgram) {
     }
 }
 
-TEST(EditMode, ARenameLeavesTheSelectionBehind) {
+TEST(EditMode, ARenameClearsTheProductKeyBox) {
     Walk walk;
     walk.start().createProduct("Manual").editProduct().act("ProductSettingsBtn");
     EXPECT_FALSE(walk.pages.create2.ProductKey.enabled());

@@ -6,8 +6,8 @@
 
 namespace vrix {
 
-// Compares a long text with the file of that name in expected/, which was written by hand. Where they differ, the new
-// text is left beside the build, to be read and, if it is right, to be taken over.
+// Compares a long text with the file of that name in expected/, which was written by hand. If they differ, the new text
+// is written to the build folder, for review.
 inline void expectAsWritten(const std::string& name, const std::string& text) {
     const std::string written = bytesOf(VRIX_EXPECTED "/" + name);
     if (text != written) writeBytes(VRIX_FOUND "/" + name, text);

@@ -12,13 +12,13 @@
 
 namespace vrix {
 
-// A registry and files before the true ones. While it counts, it tells the calls that the program makes and refuses
-// those from `first` to `last`. What cannot fail is let through untold.
+// A registry and files in front of the real ones. While it counts, it logs the program's calls and refuses those from
+// `first` to `last`. Calls that cannot fail are passed through without a log entry.
 //
-// A call is told as "what path\name": "create", "change" (an opening to change), "open" (to read), "close", "set",
-// "erase" a value, "remove" a key, "size" and "data" (the two queries of a value), "info", and "enum" with "@" and the
-// index as name. A call that opens a key bears the name that comes next; "?" marks one that failed by itself. Of files:
-// "drop", "make", "write" with the section that the line stands in, "finish"; "openText", "readLine".
+// A log entry is "what path\name": "create", "change" (an opening to change), "open" (to read), "close", "set", "erase"
+// a value, "remove" a key, "size" and "data" (the two queries of a value), "info", and "enum" with "@" and the index as
+// name. A call that opens a key logs the name used with it next; "?" marks one that failed by itself. Of files: "drop",
+// "make", "write" with the section that the line stands in, "finish"; "openText", "readLine".
 class FailingMachine final : public Registry, public Files {
     using enum FailureNumber;
     using Key = RegistryKey;
@@ -45,7 +45,7 @@ public:
         path_ = path;
         return opened(run("create ", "", &Registry::createKey, parent, path, rights, key), key);
     }
-    // A key that is said to have stayed open is closed all the same.
+    // Also when the close is refused, the real key is closed.
     RegistryStatus closeKey(Key key) override {
         path_ = paths_[key];
         paths_.erase(key);

@@ -14,7 +14,7 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-// What a walk came to.
+// The outcome of a walk.
 struct Outcome {
     std::string report;  // the number of the run-time report, if there was one
     bool sound = true;   // no key stayed open, and the program ended with the report or goes on
@@ -50,7 +50,7 @@ std::map<std::string, std::string> without(const std::string& changes, const std
 
 bool isReport(const Cells& verdict) { return verdict[0] <= "99"; }
 
-// Whether no call comes behind it.
+// Whether it is the last call.
 bool isLast(const Cells& verdict) { return verdict[0] == "stays" || (isReport(verdict) && verdict[1].empty()); }
 
 class Faults : public testing::Test {
@@ -69,7 +69,7 @@ protected:
         }
     }
 
-    // A Product of this program, and what the table puts into and beside it.
+    // A Product of this program, and the table's additions to it and to the store.
     void makeStore() {
         Walk walk(store_);
         walk.start().createProduct("K");
@@ -109,7 +109,7 @@ protected:
         try {
             act(walk, plan[3]);
         } catch (const std::logic_error&) {
-            // The user cannot go on: the page is not the one that was to come.
+            // The user cannot go on: this is not the expected page.
         }
         machine.counts = false;
         ran.calls = machine.calls;
@@ -124,7 +124,7 @@ protected:
         return ran;
     }
 
-    // For each call the outcome and the changes that the table tells.
+    // For each call the expected outcome and changes, from the table.
     std::vector<Cells> verdicts(const std::string& walk, const Cells& calls) {
         std::vector<Cells> all;
         std::map<std::string, int> seen;
@@ -141,8 +141,8 @@ protected:
         return all;
     }
 
-    // Whether a call is refused in its turn: of a long walk each fifth one, which still meets each kind of call on each
-    // kind of value. VRIX_FAULTS may ask for "all", or for those of "files", where only the files are another maker's.
+    // Whether a call is tested: of a long walk every fifth one, which still covers each kind of call on each kind of
+    // value. VRIX_FAULTS may ask for "all", or for those of "files", for builds where only the files differ.
     static bool isTried(const Cells& calls, std::size_t n) {
         const char* asked = std::getenv("VRIX_FAULTS");
         const std::string which = asked == nullptr ? "" : asked;
@@ -151,7 +151,7 @@ protected:
         return which == "all" || calls.size() <= 300 || n % 5 == 0;
     }
 
-    // Refuses the calls of the walk, each alone and with all behind it.
+    // Refuses each call of the walk: alone, and together with all later ones.
     void refuseEach(const Cells& walk) {
         const Outcome calm = run(walk);
         const std::vector<Cells> told = verdicts(walk[1], calm.calls);

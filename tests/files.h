@@ -8,7 +8,7 @@
 
 namespace vrix {
 
-// A folder of its own for one test, gone behind it.
+// A temporary folder for one test; the destructor removes it.
 struct TemporaryFolder {
     TemporaryFolder() { std::filesystem::create_directories(folder); }
     ~TemporaryFolder() { std::filesystem::remove_all(folder); }

@@ -37,11 +37,11 @@ TEST(Finish, AsksBeforeItGoesOnWithoutAFile) {
 
     Walk exported;
     exported.start().createProduct("Manual").editProduct().act("ExportSettingsBtn").message();
-    EXPECT_EQ(exported.act("NextBtn").message(), noFile);  // OK leads nowhere
+    EXPECT_EQ(exported.act("NextBtn").message(), noFile);  // OK stays on the page
     EXPECT_EQ(exported.front(), "Create18");
 }
 
-TEST(Finish, TopicsTakeTheirRowsAsTheyStand) {
+TEST(Finish, TopicsAreSavedWithTheirDependencyRows) {
     Walk one("Create8");
     one.act("TopicName=Only TopicPath=o.doc CreateBtn NextBtn");
     one.pages.create18.show();

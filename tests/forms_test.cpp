@@ -26,7 +26,7 @@ TEST(Numbers, TextBecomesA16BitNumberOrItsFailure) {
     for (const auto& [count, half] : halves) EXPECT_EQ(halved(count), half) << count;
 }
 
-// A form of its own, with a control of most kinds.
+// A test form with most kinds of controls.
 class Bench : public Form {
 public:
     explicit Bench(Screen& screen) : Form(screen, "Bench", "Bench", {200, 200}) {}
@@ -44,7 +44,7 @@ public:
     Label Words{*this, "Words", {0, 0, 10, 10}, "Words"};
 };
 
-TEST(Controls, LieWhereTheirPlaceSays) {
+TEST(Controls, AreLaidOutByTheirPlace) {
     HeadlessWindows windows;
     Bench form(windows);
     const std::vector<std::tuple<Control*, int, int, int, int>> places{{&form.Text, 150, 160, 20, 10},
@@ -116,7 +116,7 @@ TEST(HeadlessUser, DoesOnlyWhatAUserCould) {
     EXPECT_TRUE(refused("CreateImg"));
 }
 
-TEST(ImageButtons, KeepToOneFaceThroughHoverPressAndRelease) {
+TEST(ImageButtons, ShowOneFaceForHoverPressAndRelease) {
     HeadlessWindows windows;
     Bench form(windows);
     ImageButton& next = form.NextBtn;
@@ -126,7 +126,7 @@ TEST(ImageButtons, KeepToOneFaceThroughHoverPressAndRelease) {
     // Behind each gesture the faces of both, "n"ormal, "h"over, "p"ressed or "d"isabled, and how often Next acted.
     const std::vector<std::pair<std::string, std::function<void()>>> gestures{
         {"hn0", [&] { next.moveOverPicture(false); }},
-        {"nh0", [&] { back.moveOverLabel(); }},  // the neighbour's hover put it back
+        {"nh0", [&] { back.moveOverLabel(); }},  // the neighbour's hover ended its own
         {"nn0", [&] { form.mouseMove(); }},
         {"nn0", [&] { back.moveOverPicture(true); }},  // held, coming from elsewhere: nothing over the picture
         {"nh0", [&] { back.moveOverLabel(); }},

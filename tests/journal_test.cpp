@@ -20,8 +20,8 @@ std::string outcome(const std::string& path, bool isFree = true) {
 
 class JournalTest : public testing::Test {
 protected:
-    // A journal of changes of every kind, with its size and its tree after each. The file is read while the registry
-    // is open: what was answered has left the program.
+    // A journal of changes of every kind, with its size and its tree after each. The file is read while the registry is
+    // open: confirmed changes are in the file, not in a buffer.
     void SetUp() override {
         using enum Do;
         const auto registry = openedJournal(path);
@@ -73,7 +73,7 @@ TEST_F(JournalTest, BeginsWithItsSignatureAndARecordOfKnownBytes) {
               "\1\0\0\0\0\xF\0\0\0\0\0\0\0Software\\Vrix.T"s);
 }
 
-// What fits no tree, or what no call could have made: the number of the kind, the path, and the name behind "=".
+// Records that fit no tree, or that no call could have made: the number of the kind, the path, and the name behind "=".
 TEST(EmbeddedRegistry, ReplaysOnlyChangesThatItCouldHaveMade) {
     StubRegistry store;
     ASSERT_TRUE(store.replay({Change::Kind::makeKey, "Software\\a\\b"}));
@@ -103,19 +103,19 @@ TEST_F(JournalTest, DamagedAnywhereIsRefusedAndLeftAsItIs) {
     }
     for (const std::string& record :
          {""s, std::string(12, '\1'), std::string(13, '\xFF'), "\5" + std::string(12, '\0')}) {
-        writeBytes(path, whole);  // whole in itself, but no change that makes sense
+        writeBytes(path, whole);  // a complete record, but an invalid change
         StubDisk disk;
         JournalFile file(path, disk, [](const std::string&) { return true; });
         ASSERT_TRUE(file.append(record));
         EXPECT_EQ(outcome(path), damaged) << record;
     }
-    for (const std::size_t room : {1u, 12u, 5'000u}) {  // given by the system to a record and never filled
+    for (const std::size_t room : {1u, 12u, 5'000u}) {  // allocated by the system for a record and never written
         EXPECT_EQ(outcomeOf(whole + std::string(room, '\0')), trees.rbegin()->second);
         EXPECT_EQ(bytesOf(path), whole);
     }
 }
 
-TEST_F(JournalTest, CutAnywhereHoldsEveryWholeRecordAndGoesOn) {
+TEST_F(JournalTest, TruncatedAnywhereKeepsEveryCompleteRecordAndTakesMore) {
     for (std::size_t length = 1; length <= whole.size(); ++length) {
         const auto& [end, tree] = *std::prev(trees.upper_bound(length));
         writeBytes(path, whole.substr(0, length));
@@ -141,7 +141,7 @@ TEST_F(JournalTest, RefusesWhatItCannotUse) {
     EXPECT_EQ(outcome(folder.path(".")), "The file \"" + folder.path(".") + "\" cannot be opened for writing");
 }
 
-TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
+TEST_F(JournalTest, IsCompactedAtTheStartWhenMostRecordsAreObsolete) {
     auto registry = openedJournal(path);
     for (int i = 0; i < 1'000; ++i) {
         EXPECT_EQ(registry->setValue(hive::classesRoot, i % 2 == 0 ? "v" : "w", 4, std::to_string(i)),
@@ -155,7 +155,7 @@ TEST_F(JournalTest, IsRewrittenAtTheStartWhenMostOfItNoLongerCounts) {
     EXPECT_EQ(outcome(path), before);
 }
 
-TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfTheOldOne) {
+TEST_F(JournalTest, IsFlushedOncePerEventAndBeforeItReplacesTheOldOne) {
     StubDisk disk;
     JournalRegistry registry(path, {}, disk);
     const auto write = [&](int times) {
@@ -171,7 +171,7 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
     disk.syncs = false;
     write(1);
     registry.sync();
-    registry.sync();  // tried again
+    registry.sync();  // a retry
     EXPECT_EQ(disk.log, "sync sync sync ");
 
     for (const bool syncs : {false, true}) {
@@ -185,7 +185,7 @@ TEST_F(JournalTest, IsBroughtOntoTheDiskOnceAnEventAndBeforeItTakesThePlaceOfThe
     }
 }
 
-TEST_F(JournalTest, CutsOffWhatIsLeftOfAHalfWriteBeforeTheNextOne) {
+TEST_F(JournalTest, TruncatesAPartialWriteBeforeTheNextOne) {
     StubDisk disk;
     JournalRegistry registry(path, {}, disk);
     const auto write = [&] { return registry.setValue(hive::classesRoot, "v", 4, "four"); };

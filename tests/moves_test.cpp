@@ -55,7 +55,7 @@ TEST(Moves, SkipsOfTopicsAndFieldOptions) {
     EXPECT_EQ(one.act("BackBtn").front(), "Create8");
     one.act("NextBtn UserDef2=a_name_without_a_path NextBtn*4");
     EXPECT_EQ(one.front(), "Create19");                                 // no field has a path
-    EXPECT_EQ(one.act("BackBtn").front(), "Create16");                  // all the same
+    EXPECT_EQ(one.act("BackBtn").front(), "Create16");                  // even so
     EXPECT_EQ(one.act("NextBtn NextBtn BackBtn").front(), "Create13");  // past Create19
 
     Walk deleted("Create8");
@@ -70,7 +70,7 @@ TEST(Moves, SkipsOfTopicsAndFieldOptions) {
     EXPECT_TRUE(none.windows.ended);
 }
 
-TEST(Moves, ForwardsForgetsAndBackKeeps) {
+TEST(Moves, NextClearsThePageThatItOpensAndBackKeepsIt) {
     Walk walk("Create5");
     walk.act("CourseBriefPath=s.doc BackBtn*3");
     EXPECT_EQ(walk.text("Create2", "ProductName"), "Manual");
@@ -129,7 +129,7 @@ TEST(Moves, EveryGroupOfEditModeComesBackToTheHub) {
                 const std::size_t neighbour = button == "NextBtn" ? page + 1 : page - 1;
                 EXPECT_EQ(walk.front(), inside ? group.pages[neighbour] : "Edit2") << where;
                 bool stays = inside || (button == "NextBtn" && group.staysAfterNext);
-                stays |= where == "Create20 ExitBtn";  // it clears another page's flag instead
+                stays |= where == "Create20 ExitBtn";  // a quirk: it clears another page's flag instead
                 EXPECT_EQ(group.edit(walk.pages), stays) << where;
                 EXPECT_TRUE((button == "NextBtn" && !inside) || walk.tree() == before) << where;
             }
@@ -137,7 +137,7 @@ TEST(Moves, EveryGroupOfEditModeComesBackToTheHub) {
     }
 }
 
-TEST(Moves, EditedFieldsWithoutAPathWalkOnUnsaved) {
+TEST(Moves, EditedFieldsWithoutAPathAreNotSaved) {
     Walk walk;
     walk.start().createProduct("Manual").editProduct().act("UserDefinedFieldsBtn UserDef1Path=");
     const std::string before = walk.tree();
@@ -147,8 +147,8 @@ TEST(Moves, EditedFieldsWithoutAPathWalkOnUnsaved) {
     EXPECT_EQ(walk.tree(), before);
 }
 
-// Behind an edit of all groups the wizard is what it is in a fresh program, but for a box that nothing unticks.
-TEST(Moves, AnEditLeavesNoTraceInTheWizard) {
+// After editing all groups the wizard is as in a newly started program, except for a box that nothing unticks.
+TEST(Moves, AnEditDoesNotChangeTheWizard) {
     Walk edited;
     edited.start().createProduct("Manual").editProduct();
     edited.setOptions(6);

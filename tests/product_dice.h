@@ -21,9 +21,9 @@ namespace vrix {
 
 inline const std::unique_ptr<Encoding> western = testEncoding();
 
-inline const std::string half = "\xED\xA0\x80";  // of a character
+inline const std::string half = "\xED\xA0\x80";  // an unpaired surrogate
 
-// Random Products in which anything may stand, and few things are rare.
+// Random Products with any content, in which unusual content is frequent.
 class Dice {
 public:
     explicit Dice(unsigned seed) : random_(seed) {}

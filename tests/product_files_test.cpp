@@ -16,7 +16,7 @@ std::string refusal(const std::string& file, unsigned codePage = 1252) {
     }
 }
 
-// UTF-16, least byte first.
+// UTF-16, little endian.
 std::string wide(const std::string& text) {
     std::string bytes;
     for (const char16_t unit : toUtf16(text)) bytes += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
@@ -77,7 +77,7 @@ TEST(SettingsText, OfTheRegistryEditorIsReadByItsRules) {
     }
 }
 
-TEST(SettingsText, GoesThroughTheCodePageExactlyOrIsRefused) {
+TEST(SettingsText, IsEncodedExactlyOrRefused) {
     const auto told = [](const std::string& topic, const std::string& path, unsigned codePage) {
         Product product = readSettings(expected("sample.kls"), *western);
         product.at(part::topics).values.push_back(textValue(topic, path));
@@ -102,7 +102,7 @@ TEST(SettingsText, GoesThroughTheCodePageExactlyOrIsRefused) {
     EXPECT_EQ(told("A", half, 65001), "\"A\": the code page lacks half a character (U+D800)" + advice);
 }
 
-TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
+TEST(SettingsText, MalformedIsRefusedWithItsLine) {
     const std::string head = "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\Vrix\\K]\r\n";
     const std::vector<std::pair<std::string, std::string>> cases{
         {"", "line 1: this is no settings file"},
@@ -138,7 +138,7 @@ TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
     EXPECT_EQ(refusal(head + "\"\x95\x5C\"=\"\x95\"\r\n\r\n", 932),
               "line 4: a byte stands for no character of the code page");
 
-    // Cut off at any byte, and with any line taken from another place.
+    // Truncated at any byte, and with any line replaced by another.
     const std::string file = expected("big.kls");
     for (std::size_t size = 0; size < file.size(); ++size)
         ASSERT_FALSE(refusal(file.substr(0, size)).starts_with("read")) << size;
@@ -155,7 +155,7 @@ TEST(SettingsText, ThatIsNotWhatItShouldBeIsRefusedWithItsLine) {
 
 // ---- What the Toolkit leaves ----
 
-// Does anything at the window in front. Texts are such as a file of one line for each can hold.
+// Performs a random action at the front window. Texts are such as a file of one line for each can hold.
 void work(Walk& walk, Dice& dice) {
     for (int steps = 0; steps < 60 && !walk.windows.ended; ++steps) {
         const std::vector<Control*> controls = walk.user.form().controls();
@@ -174,7 +174,7 @@ void work(Walk& walk, Dice& dice) {
     }
 }
 
-TEST(SettingsText, OfWhateverTheToolkitLeavesIsItsOwnAndReadsBack) {
+TEST(SettingsText, EqualsTheExportOfAnyEditedProductAndReadsBack) {
     int same = 0;
     int whole = 0;
     for (unsigned seed = 0; seed < 60; ++seed) {

@@ -6,7 +6,7 @@
 namespace vrix {
 namespace {
 
-TEST(Product, TravelsThroughStoreAndJsonWithoutLoss) {
+TEST(Product, RoundTripsThroughStoreAndJson) {
     for (unsigned seed = 0; seed < 300; ++seed) {
         const Product product = Dice(seed).product();
         ASSERT_EQ(applied(product), listing(product)) << seed;
@@ -47,7 +47,7 @@ TEST(Product, ApplyMakesTheStoreWhatTheProductSays) {
     }
 }
 
-TEST(Product, AnApplyThatIsCutOffIsRepairedByTheNext) {
+TEST(Product, AnInterruptedApplyIsRepairedByTheNext) {
     Dice dice(7);
     StandardFiles files;
     for (int round = 0; round < 3; ++round) {
@@ -87,7 +87,7 @@ std::string jsonRefusal(const std::string& json) {
     }
 }
 
-TEST(ProductJson, IsWhatAPersonWouldWrite) {
+TEST(ProductJson, ReadsWhatAPersonWouldWrite) {
     const std::string json = R"({"name": "Größe", "key": "K", "created": "today",
         "options": {"AllowNoTOC": true, "UserDefined1Pos": 4, "TOCPath": "C:\\a", "CoverPage1": "%A%\\b"},
         "topics": [{"name": "A", "file": "a", "dependsOn": ["B", "C", 9]}, {"name": "B", "file": "b", "index": 7}],
@@ -136,7 +136,7 @@ TEST(ProductJson, IsRefusedWithItsPlace) {
     for (const auto& [json, told] : cases) EXPECT_EQ(jsonRefusal(json).substr(0, told.size()), told) << json;
 }
 
-TEST(ProductJson, HasOneExactFormForEachContent) {
+TEST(ProductJson, HasOneCanonicalFormForEachValue) {
     const std::vector<std::pair<StoredValue, std::string>> cases{
         {{"", 1, {"A\0", 2}}, R"("A")"},
         {{"", 2, {"A\0", 2}}, R"({"type":"REG_EXPAND_SZ","text":"A"})"},
@@ -175,7 +175,7 @@ TEST(Encoding, ConvertsExactlyOrNotAtAll) {
         const bool isHalf = codePage != 1252 && codePage != 1251;
         EXPECT_EQ(encoding->toUtf8(bytes.substr(0, 1)).has_value(), !isHalf) << codePage;
     }
-    EXPECT_EQ(western->fromUtf8("Ａ"), std::nullopt);  // never a similar one
+    EXPECT_EQ(western->fromUtf8("Ａ"), std::nullopt);  // no best fit
     EXPECT_EQ(testEncoding(1), nullptr);
 }
 

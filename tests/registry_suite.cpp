@@ -34,7 +34,7 @@ std::string listing(Registry& registry, RegistryKey top, bool sorted) {
     std::vector<ValueData> values;
     if (registry.listValues(top, names, &values) != RegistryStatus::success) items.push_back("no values;");
     for (std::size_t i = 0; i < names.size(); ++i) {
-        // A name that stands for one that the code page cannot write is not found, or is another value's.
+        // A name that the code page cannot encode finds nothing, or another value.
         ValueData alone;
         const bool isFound = registry.queryValue(top, names[i], alone) == RegistryStatus::success;
         const bool isAlone = std::count(names.begin(), names.end(), names[i]) == 1;
@@ -208,7 +208,8 @@ void expectKeepsCharacters(const std::function<std::unique_ptr<Registry>()>& fre
 
 void expectSameAnswers(unsigned seed, int calls, unsigned codePage, Caller& first, Caller& second) {
     using enum Do;
-    // Whole characters, as the pages see to: a half at the end would take in the terminator, or be a zero character.
+    // Complete characters only, as the pages ensure: a lead byte at the end would absorb the terminator, or become a
+    // zero character.
     const std::string own = codePage == 932     ? "\x95\x5C\xB1\x83\x41"
                             : codePage == 65001 ? "\u8868\u00e9\u0416"
                                                 : "\xE9x\xC9\x80\x81\xFF";

@@ -16,8 +16,8 @@ namespace vrix {
 // A journal on a disk whose files are free, or held by another program.
 std::unique_ptr<JournalRegistry> openedJournal(const std::string& path, bool isFree = true);
 
-// All below a key as "name:type=data;" and "name{...};". What a listing gives has to be what a read gives, but for
-// names that the code page cannot write.
+// Dumps all below a key as "name:type=data;" and "name{...};". A listing has to give what a read gives, except for
+// names that the code page cannot encode.
 std::string listing(Registry& registry, RegistryKey top, bool sorted = false);
 
 enum class Do { open, make, remove, erase, query, set, names, values, tree, expand, close, plant };
@@ -33,7 +33,7 @@ struct Call {
     std::string data = {};  // of a value to set
 };
 
-// Takes calls for a registry and holds the handles. Place 6 keeps what was closed.
+// Makes calls on a registry and holds the handles. Place 6 keeps closed handles.
 struct Caller {
     explicit Caller(Registry& called, std::string ownKey = "Vrix.T", Registry* inUtf8 = nullptr);
     ~Caller();
@@ -46,7 +46,7 @@ struct Caller {
     std::vector<RegistryKey> keys{0, 0, 0, 0, 0, 0, 0, 0, hive::localMachine, hive::classesRoot};
 };
 
-extern const std::map<std::string, std::string> testEnvironment;  // by names in small letters
+extern const std::map<std::string, std::string> testEnvironment;  // by names in lowercase
 Environment environmentLookup();
 
 // The suite for every registry of bytes of the code page 1252, each part on a fresh one. The real one, under Wine, may

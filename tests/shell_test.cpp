@@ -8,7 +8,7 @@ constexpr const char* noProducts =
     "No Products Detected!: Vrix Administrative Toolkit has been unable to detect any installed Products.\r\n\r\n"
     "Please create a Product with the Administrative Toolkit before you use the ";
 
-TEST(Shell, TheSplashGivesWayOnce) {
+TEST(Shell, TheSplashOpensTheMainScreenOnce) {
     Walk walk;
     runEvent(walk.windows, [&] { walk.program.start(); });
     EXPECT_EQ(walk.front(), "SplashScreen");
@@ -25,7 +25,7 @@ TEST(Shell, TheSplashGivesWayOnce) {
 TEST(Shell, EditAndDeleteNeedAProduct) {
     Walk walk;
     walk.start();
-    // Let go outside at the start of a run: no Product is known yet.
+    // A release outside, at the start of a run: no Product is known yet.
     walk.user.pressTask("EditImg", false);
     EXPECT_EQ(walk.message(), std::string(noProducts) + "Edit option.");
     EXPECT_EQ(walk.act("DeleteImg").message(), std::string(noProducts) + "Delete option.");

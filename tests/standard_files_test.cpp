@@ -7,7 +7,7 @@ namespace vrix {
 
 using namespace std::string_literals;
 
-TEST(StandardFiles, RefuseByNumber) {
+TEST(StandardFiles, FailWithTheirNumbers) {
     using enum FailureNumber;
     const TemporaryFolder folder;
     StandardFiles files;

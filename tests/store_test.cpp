@@ -79,7 +79,7 @@ TEST_F(StoreTest, TheCursorWritesByItsTypeAndKeepsWhatItFound) {
     value.ValueType = 3;
     value.Value(std::vector<std::uint8_t>{1, 2, 3, 0});
     EXPECT_EQ(std::get<std::vector<std::uint8_t>>(value.Value()), (std::vector<std::uint8_t>{1, 2, 0}));
-    value.Value(value.Value());  // each round loses a byte
+    value.Value(value.Value());  // each write drops a byte
     EXPECT_EQ(std::get<std::vector<std::uint8_t>>(value.Value()), (std::vector<std::uint8_t>{1, 0}));
     value.Value(std::vector<std::uint8_t>{9});  // too short to be written
     EXPECT_EQ(std::get<std::vector<std::uint8_t>>(value.Value()), (std::vector<std::uint8_t>{1, 0}));
@@ -158,7 +158,7 @@ TEST_F(StoreTest, CountsProductsByTheirFilledCells) {
     walk.put("Products", "J", "j");
     EXPECT_EQ(counts(), "3/1");
     walk.put("Products", "K", "");
-    EXPECT_EQ(counts(), "4/1");  // 7 cells, halved to the even neighbour
+    EXPECT_EQ(counts(), "4/1");  // 7 cells, half of it, rounded to even
     settings.DeleteSetting(application, "Toolkit\\Products", "");
     EXPECT_EQ(counts(), "2/0");  // 5 cells
     EXPECT_FALSE(reg.DevelopSomeProducts);

@@ -9,7 +9,7 @@
 
 namespace vrix {
 
-// A registry in memory that can begin as another one stands, and that may refuse every change.
+// A registry in memory that can start as a copy of another one, and that may refuse every change.
 class StubRegistry final : public EmbeddedRegistry {
 public:
     explicit StubRegistry(Environment environment = {}) : EmbeddedRegistry(std::move(environment)) {}
@@ -22,8 +22,8 @@ private:
     RegistryStatus persist(const Change&) override { return answer; }
 };
 
-// The disk of the system, whose files are free, or all held by another program, and which may refuse. It tells what it
-// is asked to bring in safety.
+// The disk of the system, whose files are free, or all locked by another program, and which may refuse. It logs flushes
+// and replacements.
 struct StubDisk final : Disk {
     struct File final : DiskFile {
         File(std::unique_ptr<DiskFile> real_, StubDisk& disk_) : real(std::move(real_)), disk(disk_) {}

@@ -20,7 +20,7 @@
 
 namespace vrix {
 
-// A registry in which the key of options holds a value that no call can reach.
+// A registry in which the key of options has a value that no call can read.
 class OddRegistry final : public ForwardingRegistry {
 public:
     using ForwardingRegistry::ForwardingRegistry;

@@ -58,7 +58,7 @@ std::string joined(const Lines& lines) {
     return all;
 }
 
-TEST(Texts, PagesShowWhatIsWritten) {
+TEST(Texts, PagesMatchTheExpectedTexts) {
     std::map<std::string, Lines> creating;
     std::string all = "# What each page shows when it comes up in the making of a Product with two Topics.\n";
     const auto tell = [&](Walk& walk) { all += joined(creating[walk.front()] = linesOfFront(walk)); };
@@ -95,7 +95,7 @@ TEST(Texts, PagesShowWhatIsWritten) {
     expectAsWritten("pages.txt", all);
 }
 
-TEST(Texts, MessagesSayWhatIsWritten) {
+TEST(Texts, MessagesMatchTheExpectedTexts) {
     std::string all;
     const auto tell = [&](const HeadlessWindows& windows) {
         for (const auto& [title, text, buttons] : windows.messages)

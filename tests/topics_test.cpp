@@ -21,7 +21,7 @@ struct TopicWalk : Walk {
     }
 };
 
-TEST(Topics, CreateUpdateAndDeleteKeepTheirSlack) {
+TEST(Topics, CreateUpdateAndDeleteLeaveStaleElements) {
     Walk walk("Create8");
     Create8& page = walk.pages.create8;
     EXPECT_EQ(walk.act("CreateBtn").message(), "Empty Topic Name: You have not entered a name for your topic.");
@@ -46,7 +46,8 @@ TEST(Topics, CreateUpdateAndDeleteKeepTheirSlack) {
     EXPECT_EQ(page.TopicName.text() + std::to_string(page.i), "3");
     walk.act("DeleteBtn");
     EXPECT_EQ(page.i, 2);
-    EXPECT_EQ(page.TopicNames.at(0) + page.TopicNames.at(1) + page.TopicNames.at(2), "cc");  // stale behind the first
+    EXPECT_EQ(page.TopicNames.at(0) + page.TopicNames.at(1) + page.TopicNames.at(2),
+              "cc");  // stale text behind the first
     EXPECT_EQ(page.TopicPaths.at(0) + page.TopicName.text(), "3");
     EXPECT_EQ(walk.act("DeleteBtn*3").message(),
               "Vrix 3.0 Administrative Toolkit: Run-time error '5':\r\n\r\nInvalid procedure call or argument");
@@ -88,7 +89,7 @@ TEST(TopicOrder, FollowsTheMovedTopicAcrossPages) {
         EXPECT_EQ(shown(walk.pages.create20), order) << words;
     }
     walk.act("NextBtn");
-    EXPECT_EQ(walk.pages.create8.TopicNames.count(), 13u);  // without a spare one
+    EXPECT_EQ(walk.pages.create8.TopicNames.count(), 13u);  // no spare element
     EXPECT_EQ(walk.pages.create8.TopicNames.at(12) + walk.pages.create8.TopicPaths.at(12), "ll.doc");
     EXPECT_EQ(walk.pages.create8.Topics.rows()[11], "l");  // the list of the Topics page keeps its old order
 }
@@ -121,7 +122,7 @@ TEST(Dependencies, AreTheMarkedRowsInListOrder) {
         EXPECT_EQ(page.Depends.at(0), rebuilt) << '"' << stored << '"';
     }
     walk.act("BackBtn NextBtn");
-    EXPECT_EQ(page.Depends.at(2), "");  // forward again drops all marks
+    EXPECT_EQ(page.Depends.at(2), "");  // forward again clears all marks
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "test_system.h"
 
 namespace vrix {
-TEST_F(Vrix, BringsAProductBackFromEachFormThatItWasKeptIn) {
+TEST_F(Vrix, RestoresAProductFromEachFormat) {
     EXPECT_EQ(code({"apply", "sample.kls"}), '0');
     const std::string whole = host.tree();
     EXPECT_EQ(code({"export", "Sample Manual", "kept.kls"}), '0');
@@ -40,7 +40,7 @@ TEST_F(Vrix, BringsAProductBackFromEachFormThatItWasKeptIn) {
     EXPECT_EQ(host.tree(), edited);
 }
 
-TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
+TEST_F(Vrix, GivesTheExitCodeAndTheReason) {
     writeBytes("bad.kls", "REGEDIT4\n");
     writeBytes("bad.json", "{\"key\": \"K\", \"colour\": 1}");
     writeBytes("x.json", "{\"name\": \"Sample Manual\", \"key\": \"X\", \"tree\": \"installed\"}");
@@ -89,7 +89,7 @@ TEST_F(Vrix, AnswersByItsExitCodeAndSaysWhy) {
     EXPECT_EQ(code({"check", "sample.kls"}), '0');
 }
 
-TEST_F(Vrix, LeavesAJournalThatItReadsAsItIsAndOneThatIsHeldAlone) {
+TEST_F(Vrix, ChangesNoJournalThatItOnlyReadsOrThatIsLocked) {
     const std::string path = std::string("store.journal");
     EXPECT_EQ(code({"apply", "sample.kls", "--dry-run", "--store", path}), '0');
     EXPECT_FALSE(std::filesystem::exists(path));
@@ -229,7 +229,7 @@ TEST_F(Vrix, PrintsLinesOfWholeCharactersWhateverTheStoreHolds) {
     EXPECT_NE(run({"check", "SampleKey"}).find(R"(a\ud800\x1b\n\xff\u009b)"), std::string::npos) << host.out;
 }
 
-TEST_F(Vrix, TellsHowManyValuesNoCallCanReach) {
+TEST_F(Vrix, CountsTheValuesThatNoCallCanRead) {
     EXPECT_EQ(code({"apply", "sample.kls", "--no-backup"}), '0');
     EXPECT_EQ(run({"backups"}), "0|There are no backups.\n");
     host.isOdd = true;
@@ -270,7 +270,7 @@ TEST_F(Vrix, IsAResourceOfDsc) {
     EXPECT_EQ(run({"dsc", "get"}), "5|{\"error\":\"the instance: the member \\\"key\\\" stands twice.\"}\n");
 }
 
-TEST_F(Vrix, HelpAndSchemasAreAsWritten) {
+TEST_F(Vrix, HelpAndSchemasMatchTheExpectedFiles) {
     std::string help;
     for (const char* command :
          {"", "list", "show", "check", "compare", "export", "schema", "apply", "remove", "backups", "restore", "dsc",

@@ -17,8 +17,8 @@
 
 namespace vrix {
 
-// The whole program on a registry in memory, windows without a screen, a clock that stands, and files in a folder of
-// its own, with a user at its windows.
+// The whole program on a registry in memory, windows without a screen, a stopped clock, and files in a folder of its
+// own, with a user at its windows.
 class Walk {
 public:
     Walk();
@@ -75,7 +75,7 @@ private:
 // A file that lies beside the tests.
 std::string expected(const std::string& name);
 
-// An option of a Product as expected/options.table tells it: the name of its value, the control that it is typed into,
+// An option of a Product, a row of expected/options.table: the name of its value, the control that it is typed into,
 // and whether it is a "flag", an "index", a "text" or a "path".
 struct ToldOption {
     std::string name, page, control, kind;

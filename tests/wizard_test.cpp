@@ -46,7 +46,7 @@ TEST(CoverPages, AreCheckedInTheirOrder) {
     }
 }
 
-TEST(CoverPages, OptionsStartAnewEachTime) {
+TEST(CoverPages, OptionsAreResetEachTime) {
     Walk walk("Create3");
     walk.act("CoverPage1=p CoverPage1Name=One CoverPage3Name=Three NextBtn");
     const Create4& page = walk.pages.create4;
@@ -57,7 +57,7 @@ TEST(CoverPages, OptionsStartAnewEachTime) {
     EXPECT_EQ(page.AllowUseAlternateCoverPage.value() + page.AllowNoCoverPage.value() + page.DefaultCover.value(), 3);
 }
 
-TEST(Browse, AsksWithThePagesWordsAndTakesTheDialogsFileNameAlsoAfterACancel) {
+TEST(Browse, OpensItsDialogAndTakesTheFileNameAlsoAfterACancel) {
     struct Case {
         std::string page, words, box, question;
     };
@@ -83,7 +83,7 @@ TEST(Browse, AsksWithThePagesWordsAndTakesTheDialogsFileNameAlsoAfterACancel) {
     for (const Case& c : cases) {
         Walk walk(c.page);
         walk.act(c.box + "=typed");
-        walk.dialog.answers = {"C:\\a"};  // and a cancel of what is asked next
+        walk.dialog.answers = {"C:\\a"};  // and a cancel of the next dialog
         walk.act(c.words);
         const FileQuestion& q = walk.dialog.questions.back();
         EXPECT_EQ(q.title + '|' + q.filter + '|' + q.defaultExtension + '|' + q.initialFolder + '|' + q.fileName,
@@ -91,7 +91,7 @@ TEST(Browse, AsksWithThePagesWordsAndTakesTheDialogsFileNameAlsoAfterACancel) {
         EXPECT_EQ(walk.text(c.page, c.box), "C:\\a") << c.page << c.words;
     }
     Walk walk("Create3");
-    walk.act("CoverPage2=typed Browse2Btn");  // a cancel as the first use
+    walk.act("CoverPage2=typed Browse2Btn");  // a cancel at the first use
     EXPECT_EQ(walk.text("Create3", "CoverPage2"), "");
 }
 
@@ -102,7 +102,7 @@ TEST(OptionalSections, AFileTurnsTheSectionOn) {
     EXPECT_EQ(switches(), "000");
     const std::vector<std::pair<std::string, std::string>> steps{
         {"CourseBriefPath=s.doc", "111"},
-        {"ShowCourseBriefing=0 CourseBriefPath=s.doc", "101"},  // no change, no event
+        {"ShowCourseBriefing=0 CourseBriefPath=s.doc", "101"},  // unchanged, so no event
         {"CourseBriefPath=", "101"},
         {"CourseBriefPath=s", "111"},
     };
@@ -112,7 +112,7 @@ TEST(OptionalSections, AFileTurnsTheSectionOn) {
     }
 }
 
-TEST(UserFields, BoxesGoByThePathAndStayEnabled) {
+TEST(UserFields, BoxesAreEnabledByThePathAndStayEnabled) {
     Walk walk("Create10");
     EXPECT_EQ(walk.pages.create10.field(3).pos.rows(),
               (std::vector<std::string>{"After Cover", "After Content Summary", "Before Topics", "After Topics",
@@ -143,7 +143,7 @@ TEST(SmartFields, AreListedWithTheirDelimiters) {
     EXPECT_EQ(page.SmartFieldsDefault.value(), 1);
     walk.act("SmartFieldsDefault=0 CreateBtn SmartFields=1");  // the refusal ticks the box as well
     EXPECT_EQ(page.SmartFieldText.text() + page.SmartFieldsDefault.stored(), "Date1");
-    walk.act("SmartFieldText= UpdateBtn");  // an empty box is taken
+    walk.act("SmartFieldText= UpdateBtn");  // an empty text is accepted
     EXPECT_EQ(page.SmartFields.rows()[1] + walk.pages.smartFieldModule.SmartFieldList.at(1), "<!!><!!>");
     EXPECT_EQ(page.SmartFieldText.text(), "Price");  // the first row is shown again
     walk.act("DeleteBtn");

@@ -8,16 +8,16 @@
 
 namespace vrix {
 
-// A registry round another one that has a backup made in front of the first call that may change something. As long as
-// nothing is written, nothing is done.
+// A decorator of a registry that makes a backup before the first call that may change something. Without such a call it
+// makes none.
 class BackedUpRegistry final : public ForwardingRegistry {
 public:
     using BackUp = std::function<void()>;
 
-    // What `backUp` throws comes out of that first call, which then has changed nothing. It is not asked again.
+    // What `backUp` throws leaves that first call, which then has changed nothing. It is not called again.
     BackedUpRegistry(Registry& inner, BackUp backUp) : ForwardingRegistry(inner), backUp_(std::move(backUp)) {}
 
-    // To make a key that is there changes nothing, nor does one that may not be opened.
+    // Creating a key that exists, or one that may not be opened, changes nothing.
     RegistryStatus createKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                              RegistryKey& key) override {
         if (backUp_) {

@@ -6,17 +6,17 @@
 
 namespace vrix {
 
-// A code page, against UTF-8.
+// Converts between a code page and UTF-8.
 class Encoding {
 public:
     virtual ~Encoding() = default;
 
-    // As the platform's narrow calls turn texts: what the other side lacks comes as its likeness or as a sign in its
-    // place.
+    // Converts as the platform's narrow calls do: a character that the target lacks becomes a best-fit or a replacement
+    // character.
     virtual std::string decode(std::string_view bytes) const = 0;
     virtual std::string encode(std::string_view utf8) const = 0;
 
-    // The same if it leads back; nothing else.
+    // The same if converting back gives the input; otherwise nothing.
     std::optional<std::string> toUtf8(std::string_view bytes) const {
         std::string text = decode(bytes);
         return encode(text) == bytes ? std::optional(std::move(text)) : std::nullopt;
@@ -27,7 +27,7 @@ public:
     }
 };
 
-// The code page 1252. Its five bytes without a character stand for control characters.
+// The code page 1252. Its five undefined bytes decode to control characters.
 const Encoding& westernEncoding();
 
 }  // namespace vrix

@@ -2,8 +2,8 @@
 
 namespace vrix {
 
-// For a class whose objects are neither copied nor moved, since others know them by their address or they own a state
-// that ends once.
+// For a class whose objects are neither copied nor moved, since others hold their address or they own a resource that
+// is released once.
 class Fixed {
 public:
     Fixed() = default;

@@ -17,7 +17,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-// A decimal number taken apart: its sign, and its digits before and behind the point.
+// A parsed decimal number: its sign, and its digits before and behind the point.
 struct Decimal {
     bool negative = false;
     std::string_view whole;
@@ -42,7 +42,7 @@ Decimal parseDecimal(std::string_view text) {
     return number;
 }
 
-// Whether a fraction takes a whole number to its upper neighbour: above one half, or a half beside an odd number.
+// Whether a fraction rounds up: above one half, or exactly one half behind an odd number.
 bool roundsUp(std::string_view fraction, bool odd) {
     if (fraction.empty() || fraction.front() < '5') return false;
     const bool half = fraction.front() == '5' && fraction.find_first_not_of('0', 1) == std::string_view::npos;

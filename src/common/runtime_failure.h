@@ -33,7 +33,7 @@ private:
     FailureNumber number_;
 };
 
-// Runs one statement. A RuntimeFailure in it is dropped and its number returned; any other exception goes on.
+// Runs one statement. A RuntimeFailure in it is caught and its number returned; other exceptions propagate.
 template <class Statement>
 FailureNumber ignoring(Statement&& statement) {
     try {

@@ -13,7 +13,7 @@ std::size_t sizeBy(unsigned first) {
     return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
 }
 
-// The small letters of the code page 1252, and of Latin letters in general as far as they lie in its order.
+// Lowercase of the letters of code page 1252, for a system that sets no folder.
 char32_t foldWestern(char32_t letter) {
     if (letter >= 0xC0 && letter <= 0xDE && letter != 0xD7) return letter + 0x20;  // D7 is no letter
     if (letter == 0x0152 || letter == 0x0160 || letter == 0x017D) return letter + 1;

@@ -14,7 +14,7 @@ public:
 };
 
 // A button that the program draws itself. It shows one face at a time and has one action. A press captures the mouse,
-// so the release runs the action wherever the pointer is. With the disabled face it reacts to nothing.
+// so the release runs the action wherever the pointer is. With the disabled face it ignores the mouse.
 class ImageButton final : public Control {
 public:
     enum class Face { normal, hover, pressed, disabled };
@@ -25,7 +25,7 @@ public:
 
     ButtonLabel label;
     std::function<void()> action;
-    std::string tip;                       // what the caption does not say
+    std::string tip;                       // the tooltip: what the caption does not say
     const Control* counterpart = nullptr;  // what takes the focus when this button has it and is disabled
 
     Face face() const { return face_; }

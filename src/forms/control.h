@@ -46,8 +46,8 @@ public:
 
     // Asks the screen to give the control the focus at the end of the event.
     void takeFocus();
-    // The letter that presses the control together with Alt; 0 where there is none. It stands in the caption, which
-    // does not mark it.
+    // The letter that presses the control together with Alt; 0 where there is none. The caption contains it without a
+    // mark.
     char accessKey() const { return accessKey_; }
 
     // The control's content as the store keeps it: the text of a text box, "0" or "1" for a check box, the number of

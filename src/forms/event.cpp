@@ -26,7 +26,7 @@ void reportFailure(Screen& screen) noexcept {
     try {
         screen.ask(report(), programTitle, Buttons::ok);
     } catch (const std::exception&) {
-        // The report failed too, as it may without memory. The program ends all the same.
+        // The report failed too, for example out of memory. The program ends all the same.
     }
     screen.quitByFailure();
 }

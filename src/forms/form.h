@@ -54,7 +54,7 @@ public:
     virtual void mouseMove() { resetButtons(); }
     // Puts all image buttons that are not disabled back to normal.
     void resetButtons();
-    std::map<Key, std::function<void()>> shortcuts;  // that work wherever on the form the focus is
+    std::map<Key, std::function<void()>> shortcuts;  // that work wherever the focus is on the form
     const Control* firstFocus = nullptr;             // where the form opens; null: at its first box to fill
     const Control* defaultButton = nullptr;          // what Enter presses where the focus says nothing else
     // What lies between the title band and the row of buttons; null on a form that has neither.

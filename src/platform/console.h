@@ -9,13 +9,13 @@ class Console {
 public:
     virtual ~Console() = default;
 
-    // Whether somebody sits at the input and can be asked.
+    // Whether the input is interactive, so that the user can be asked.
     virtual bool isAttended() = 0;
     virtual std::string readLine() = 0;
     virtual std::string readAll() = 0;
     virtual void write(const std::string& text) = 0;
     virtual void writeError(const std::string& text) = 0;
-    // Hands on all that was written, which may wait until then. False where some of it was lost.
+    // Flushes the output, which is buffered until then. False where some of it was lost.
     virtual bool flush() = 0;
 };
 

@@ -20,7 +20,7 @@ public:
     virtual ~FileDialog() = default;
 
     // Each gives the full path of the chosen file, or nothing when the user cancels. The path is empty where the code
-    // page cannot write it; the user has been told so.
+    // page cannot encode it; the user has been told so.
     virtual std::optional<std::string> askOpen(const FileQuestion& question) = 0;
     virtual std::optional<std::string> askSave(const FileQuestion& question) = 0;
 };

@@ -25,7 +25,7 @@ public:
     virtual ~Files() = default;
 
     virtual bool exists(const std::string& path) = 0;                             // a folder does not count
-    virtual void remove(const std::string& path) = 0;                             // a read-only file goes too
+    virtual void remove(const std::string& path) = 0;                             // a read-only file too
     virtual std::unique_ptr<TextStream> createText(const std::string& path) = 0;  // replaces what is there
     virtual std::unique_ptr<TextStream> openText(const std::string& path) = 0;
 };

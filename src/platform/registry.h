@@ -69,7 +69,7 @@ class Registry {
 public:
     virtual ~Registry() = default;
 
-    // Opens an existing key below `parent`. On failure `key` is 0. Every opened key is the caller's to close.
+    // Opens an existing key below `parent`. On failure `key` is 0. The caller closes every opened key.
     [[nodiscard]] virtual RegistryStatus openKey(RegistryKey parent, const std::string& path, std::uint32_t rights,
                                                  RegistryKey& key) = 0;
     // The same, making every missing key of the path on the way.
@@ -77,8 +77,8 @@ public:
                                                    RegistryKey& key) = 0;
     virtual RegistryStatus closeKey(RegistryKey key) = 0;
 
-    // Reads a value. An empty name is the key's default value. If the platform tells type and size and then refuses the
-    // bytes, they are zeros and the status is success.
+    // Reads a value. An empty name is the key's default value. If the platform reports type and size and then refuses
+    // the bytes, they are zeros and the status is success.
     [[nodiscard]] virtual RegistryStatus queryValue(RegistryKey key, const std::string& name, ValueData& value) = 0;
     // Writes a value. A text that is not empty gets the terminator that it lacks.
     [[nodiscard]] virtual RegistryStatus setValue(RegistryKey key, const std::string& name, std::uint32_t type,
@@ -91,11 +91,11 @@ public:
     // Gives the names of all subkeys in the order of the platform. After a failure those before it are there.
     [[nodiscard]] virtual RegistryStatus listKeys(RegistryKey key, std::vector<std::string>& names) = 0;
     // The same for the names of all values, the unnamed one among them, and on demand for what they hold. A name may
-    // hold a zero character; by such a one nothing is found.
+    // hold a zero character; such a name finds nothing.
     [[nodiscard]] virtual RegistryStatus listValues(RegistryKey key, std::vector<std::string>& names,
                                                     std::vector<ValueData>* values = nullptr) = 0;
 
-    // Replaces every %NAME% that the environment knows by its text; the others stay as they are.
+    // Expands every %NAME% of a variable that the environment has; the others stay as they are.
     virtual std::string expandEnvironment(const std::string& text) = 0;
 };
 

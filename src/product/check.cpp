@@ -35,7 +35,7 @@ std::string placeOf(const ProductId& id, const KeyPath& path = {}) {
 
 std::string rowPlace(const ProductId& id) { return joined(listPath(id.tree)) + '\\' + id.name; }
 
-// Whether the text is a number of that range, as the Toolkit turns text into one.
+// Whether the text is a number of that range, as the Toolkit converts text.
 bool isNumberFrom0(const std::string& text, std::size_t upTo) {
     std::int16_t number = -1;
     ignoring([&] { number = toInt16(text); });
@@ -203,7 +203,7 @@ private:
     };
     const Product& product_;
     Findings findings_;
-    std::map<std::string, Topic> topics_;  // by name in small letters
+    std::map<std::string, Topic> topics_;  // by folded name
     std::set<std::string> indexes_;
     std::set<std::string> rows_;
 };

@@ -33,16 +33,16 @@ const FindingKind* findFindingKind(std::string_view name);
 struct Finding {
     const FindingKind* kind;
     std::string place;
-    std::string detail{};  // what stands there, where that helps
+    std::string detail{};  // the value found, where that helps
 };
 
-// What is wrong or sharp in a Product by itself, in the order of the Product.
+// The findings in a Product by itself, in the order of the Product.
 std::vector<Finding> checkProduct(const Product& product);
 // The files that the Product names and that are not there.
 std::vector<Finding> checkFiles(const Product& product, Files& files);
-// What is wrong between Products: rows, keys, leftovers, counts.
+// The findings between Products: rows, keys, leftovers, counts.
 std::vector<Finding> checkStore(const ProductStore& store);
-// Products of the store that also, or only, stand in the registry's other view.
+// Findings for Products that are also, or only, in the registry's other view.
 std::vector<Finding> checkViews(const ProductStore& store, const ProductStore& otherView);
 
 }  // namespace vrix

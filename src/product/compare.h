@@ -8,7 +8,7 @@
 
 namespace vrix {
 
-// The groups in which a Product is told.
+// The groups of a Product's settings, for output.
 enum class Group { identity, options, topics, addedTopics, dependencies, smartFields, other };
 
 // The group's name for people and machines, such as "added topics".
@@ -16,8 +16,8 @@ const char* groupName(Group group);
 // The group to which a key of a Product belongs.
 Group groupOf(const KeyPath& path);
 
-// One difference. `what` is a value's name, a Topic, or "order"; in other keys the path in front of it. A value that
-// is no plain text is told with its type and bytes. Nothing stands for a value that is not there.
+// One difference. `what` is a value's name, a Topic, or "order"; in other keys the path in front of it. A value that is
+// no plain text is shown with its type and bytes. A missing value is nothing.
 struct Difference {
     Group group;
     std::string what;
@@ -29,7 +29,7 @@ struct Difference {
 // values, nor the order of values where it says nothing. An empty name is unknown and differs from none. Types count.
 std::vector<Difference> compare(const Product& left, const Product& right);
 
-// A value for people: a plain text as it is, anything else with its type, as "REG_DWORD 01 00 00 00".
+// A value for output: a plain text as it is, anything else with its type, as "REG_DWORD 01 00 00 00".
 std::string shown(const StoredValue& value);
 
 // "REG_SZ" and its like, or the number.

@@ -8,7 +8,7 @@
 
 namespace vrix {
 
-// The numbers of a dependency row, as texts: taken apart at each blank.
+// The numbers of a dependency row, as texts: split at each space.
 std::vector<std::string> numbersOf(const std::string& row);
 
 // Dependencies by the names of Topics. A number that fits no Topic stands as "#7".

@@ -76,7 +76,7 @@ private:
         return value;
     }
 
-    // Takes a text in quotation marks off the line.
+    // Parses a quoted text and removes it from the line.
     std::string quoted(std::string_view& line) {
         std::string text;
         std::size_t i = 1;
@@ -99,7 +99,7 @@ private:
         return data;
     }
 
-    // "hex:" or "hex(2):", which is taken off the line.
+    // Parses "hex:" or "hex(2):" and removes it from the line.
     std::uint32_t typeOf(std::string_view& line) {
         const std::size_t colon = line.find(':');
         const std::string_view kind = line.substr(0, std::min(colon, line.size()));

@@ -23,7 +23,7 @@ void refuseBadKey(const ProductId& id) {
     if (const std::string why = whyNoKey(id); !why.empty()) refuse(why);
 }
 
-// A root that holds another one cannot be changed without changing that one.
+// A root that contains another Product's root cannot be changed without changing that one.
 void refuseShared(const std::vector<ProductId>& listed, const ProductId& id, bool mayLieWithin) {
     const KeyPath root = rootPath(id);
     for (const ProductId& other : listed) {
@@ -46,7 +46,7 @@ std::string nameOf(const ProductId& id, const Values& rows) {
     return row->name;
 }
 
-// Rows that must go do so before one is set: a row that differs in case alone would be found under both names.
+// Obsolete rows are removed before one is set: a row that differs only in case would be found under both names.
 void planRows(Plan& plan, const ProductStore& store, const ProductId& id, Unnamed unnamed) {
     const KeyPath path = listPath(id.tree);
     const Values rows = store.values(path);
@@ -101,7 +101,7 @@ void planValues(Plan& plan, const KeyPath& path, Values wanted, const Values& th
     }
 }
 
-// The store's dates of creation stay. Without any, the given ones come.
+// Keeps the store's dates of creation. Without any, the given ones are written.
 void settleDates(StoredKey& wanted, Values& there) {
     const auto isDate = [](const StoredValue& value) { return isCreationDate(value.name); };
     if (std::erase_if(there, isDate) > 0) std::erase_if(wanted.values, isDate);
@@ -212,7 +212,7 @@ Plan planRemoval(const ProductStore& store, const ProductId& id) {
 
 namespace {
 
-// The key that is written to stays open as long as the changes are its own.
+// Caches the open key: it stays open while the next change is in the same key.
 class Writer {
 public:
     explicit Writer(Registry& registry) : registry_(registry) {}

@@ -23,8 +23,8 @@ struct ProductId {
     std::string key;   // the key of its settings; it may hold backslashes
 };
 
-// A value as the store has it. Names, and the data of texts, are UTF-8 that keeps half characters; a text's data have
-// its terminator. The data of other types are bytes.
+// A value as the store has it. Names, and the data of texts, are UTF-8 that keeps unpaired surrogates; a text's data
+// include the terminator. The data of other types are bytes.
 struct StoredValue {
     std::string name;
     std::uint32_t type = valuetype::string;
@@ -55,11 +55,11 @@ inline const KeyPath matrix{"Dependencies", "Matrix"};
 inline const KeyPath smartFields{"SmartFields"};
 }  // namespace part
 
-// A whole Product as one value: everything below its root, odd things included, as it stands.
+// A whole Product as one value: everything below its root, unchanged.
 //
-// A platform lists subkeys as it likes, so their order says nothing: the known ones come first, in the order in which
-// a new Product gets them, then the others by name. A key stands before those below it. The order of values is that of
-// the store. It says something in the lists of Topics and SmartFields and in the table of indexes, see orderCounts().
+// A platform lists subkeys as it likes, so their order does not matter: the known ones come first, in the order in
+// which a new Product gets them, then the others by name. A key stands before those below it. The order of values is
+// that of the store. It matters in the lists of Topics and SmartFields and in the table of indexes, see orderCounts().
 struct Product {
     ProductId id;
     std::vector<StoredKey> keys;  // empty where there is no root
@@ -70,16 +70,16 @@ struct Product {
     const Values& values(const KeyPath& path) const;
     // The key, made with those above it where it is missing.
     StoredKey& at(const KeyPath& path);
-    // Brings the keys into their order.
+    // Sorts the keys into the order above.
     void sortKeys();
 };
 
-// A path as one text, the same for all paths that differ in case alone: to keep keys in maps.
+// A path as one case-folded text: the key of maps.
 std::string foldedPath(const KeyPath& path);
 // All keys of the Product by their folded paths.
 std::unordered_map<std::string, const StoredKey*> keysByPath(const Product& product);
 
-// Makes keys as Product::at does, for whoever makes many. Meanwhile nobody else adds keys or moves them.
+// Makes keys as Product::at does, with an index, for many keys. Meanwhile nobody else may add or move keys.
 class KeyMaker {
 public:
     explicit KeyMaker(Product& product);
@@ -95,7 +95,7 @@ bool isSameProduct(const ProductId& a, const ProductId& b);
 // "toolkit" or "installed".
 const char* treeName(Tree tree);
 
-// Whether the order of the values says something there.
+// Whether the order of the values matters there.
 bool orderCounts(const KeyPath& path);
 
 // The value of that name, without regard to case, or null.
@@ -104,14 +104,14 @@ const StoredValue* findValue(const Values& values, std::string_view name);
 using ValuesByName = std::unordered_map<std::string_view, const StoredValue*>;
 ValuesByName byName(const Values& values);
 
-// Bytes as pairs of hexadecimal digits, in capitals.
+// Bytes as pairs of hexadecimal digits, in uppercase.
 std::string hexDigits(std::string_view bytes, std::string_view between = "");
 // Whether the text is digits alone, and at least one.
 bool isDigits(std::string_view text);
-// The number of that many hexadecimal digits at most, and of nothing else.
+// The number of at most `most` hexadecimal digits; nothing for any other text.
 std::optional<std::uint32_t> hexNumber(std::string_view text, std::size_t most);
-// What the Toolkit reads, but for names of the environment, which stay as they are: texts without their terminator,
-// numbers in decimal, other values as their bytes.
+// What the Toolkit reads, but without expanding environment variables: texts without their terminator, numbers in
+// decimal, other values as their bytes.
 std::string textOf(const StoredValue& value);
 // The value that the Toolkit writes for a text.
 StoredValue textValue(std::string_view name, std::string_view text);
@@ -131,11 +131,11 @@ std::string createdOf(const Product& product);
 // The section of the list of a tree, and the path of a Product's root, each as names from the family key downwards.
 KeyPath listPath(Tree tree);
 KeyPath rootPath(const ProductId& id);
-// Texts as one; a path for people, its names joined by backslashes.
+// Texts joined; by default with backslashes, which prints a path.
 std::string joined(const std::vector<std::string>& texts, std::string_view between = "\\");
-// A text of the store taken apart at its backslashes. Doubled ones and those at the ends count for nothing.
+// A text of the store split at its backslashes. Empty parts are dropped.
 KeyPath partsOf(std::string_view text);
-// Whether a key can have that name: 1 to 255 units of UTF-16, none of them zero, and no backslash.
+// Whether a key can have that name: 1 to 255 UTF-16 code units, none of them zero, and no backslash.
 bool isKeyName(const std::string& name);
 // Without regard to case.
 bool sameName(std::string_view a, std::string_view b);

@@ -10,8 +10,9 @@
 
 namespace vrix {
 
-// The Products of a registry, below HKEY_LOCAL_MACHINE\Software\Vrix. Every call reads anew; nothing here writes. A key
-// that is not there reads as empty. Any other refusal is Refusal (refused), which names key and status.
+// The Products of a registry, below HKEY_LOCAL_MACHINE\Software\Vrix. Every call reads the registry again, without a
+// cache; nothing here writes. A key that is not there reads as empty. Any other refusal is Refusal (refused), which
+// names key and status.
 class ProductStore {
 public:
     explicit ProductStore(Registry& registry) : registry_(registry) {}
@@ -19,7 +20,7 @@ public:
     // The rows of both lists in the order of the store, the installed ones first. A row whose text is empty comes with
     // an empty key.
     std::vector<ProductId> list() const;
-    // The roots that no row names, each as a Product without a name: what deletions have left behind.
+    // The roots that no row names, each as a Product without a name: the remains of deletions.
     std::vector<ProductId> leftovers() const;
     // Whether the Product's root is there.
     bool hasRoot(const ProductId& id) const;
@@ -28,8 +29,7 @@ public:
     // One key, by names from the family key downwards.
     std::vector<StoredValue> values(const KeyPath& path) const;
     std::vector<std::string> subkeys(const KeyPath& path) const;
-    // Hands a key, if it is there, and all below it to `visit`, each before those below it, with its path from the
-    // family key downwards.
+    // Visits a key, if it is there, and all below it in preorder, with its path from the family key downwards.
     using Visit = std::function<void(StoredKey key)>;
     void walk(const KeyPath& path, const Visit& visit) const;
 

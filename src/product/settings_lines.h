@@ -13,7 +13,7 @@ namespace vrix {
 
 // What the readers of settings files share.
 
-// The text cut at its line ends, CR LF or LF. What stands behind the last one is a line too, if it is not empty.
+// The text split at its line ends, CR LF or LF. The rest behind the last one is a line too, if it is not empty.
 std::vector<std::string_view> linesOf(std::string_view text);
 
 // Throws Refusal (malformed), which names the line of that index.
@@ -29,13 +29,13 @@ KeyPath headerPath(std::string_view line, std::size_t index);
 // The tree whose list of Products has that path, if it is one.
 std::optional<Tree> treeOfList(const KeyPath& path);
 
-// The values of a key as the registry has them: a name that comes again gives the first one its new data.
+// The values of a key as the registry has them: a repeated name replaces the data of the first one.
 Values merged(Values values);
 
 // A value as a store keeps it: a text ends with a zero byte.
 StoredValue storable(StoredValue value);
 
-// The two formats, as text. Data of the editor's that are texts in hexadecimal digits are UTF-16 if `hexIsUtf16`, else
+// The two parsers, for decoded text. Hexadecimal text data in the editor's format are UTF-16 if `hexIsUtf16`, else
 // bytes of the code page.
 Product readToolkitSettings(std::string_view text);
 Product readEditorSettings(std::string_view text, bool hexIsUtf16, const Encoding& encoding);

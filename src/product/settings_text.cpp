@@ -15,7 +15,7 @@ namespace vrix {
 
 namespace {
 
-// A file that stays in memory.
+// A file in memory.
 class TextInMemory final : public Files {
 public:
     std::string text;

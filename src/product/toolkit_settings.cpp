@@ -30,7 +30,7 @@ bool isPathOption(std::string_view name) {
     return option != nullptr && option->kind == OptionKind::path;
 }
 
-// A path's data with each doubled backslash as one; nothing where one stands alone.
+// Unescapes a path: each doubled backslash becomes one; nothing where one is not doubled.
 std::optional<std::string> unescaped(std::string_view data) {
     std::string path;
     for (std::size_t i = 0; i < data.size(); ++i) {
@@ -53,9 +53,9 @@ std::vector<Section> sectionsOf(const std::vector<std::string_view>& lines) {
     return sections;
 }
 
-constexpr std::string_view middle = "\"=\"";  // between name and data
+constexpr std::string_view middle = "\"=\"";  // separates name and data
 
-// Where the next middle of an entry may be, with data or a closing mark behind it.
+// The next possible separator of an entry, with data or a closing quotation mark behind it.
 std::size_t findMiddle(std::string_view line, std::size_t from) {
     const std::size_t at = line.find(middle, from);
     return at != std::string_view::npos && at + middle.size() < line.size() ? at : std::string_view::npos;
@@ -66,8 +66,8 @@ Entry entryAt(std::string_view line, std::size_t at) {
     return {line.substr(1, at - 1), line.substr(data, line.size() - 1 - data)};
 }
 
-// The one reading of a line. Quotation marks and equal signs may stand in name and data as well: where there are
-// several readings, all but one must be unfit for their section.
+// The only valid way to split a line. Name and data may hold quotation marks and equal signs: where a line can be split
+// in several ways, exactly one must fit its section.
 Entry entryOf(const Line& line, const std::function<bool(const Entry&)>& fits) {
     constexpr int tooMany = 100;
     const std::string_view text = line.text;

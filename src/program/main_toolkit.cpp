@@ -9,7 +9,7 @@
 
 namespace {
 
-// Keeps the store as it is. The program goes on where it cannot be kept.
+// Makes a backup of the store. The program goes on if that fails.
 void keepBackup(vrix::Registry& registry) {
     try {
         const std::string folder = vrix::localDataFolder(vrix::registryBackups(vrix::programWidth));

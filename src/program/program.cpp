@@ -9,7 +9,7 @@ Window& Program::make() {
     return static_cast<Window&>(*windows_.back());
 }
 
-// The toolkit takes its members one by one, in their order, and each window is made as its turn comes. A window's
+// The toolkit takes its members one by one, in their order, and each window is made in that order. A window's
 // constructor may use what stands before it, and the others only once the program runs.
 Program::Program(const Platform& platform)
     : settings_(platform.registry),

@@ -33,7 +33,7 @@
 
 namespace vrix {
 
-// The running program: owner of the store's modules and of the one lasting instance of every window.
+// The running program: owner of the store's modules and of the single instance of every window.
 class Program : Fixed {
 public:
     explicit Program(const Platform& platform);

@@ -43,7 +43,7 @@ protected:
 
     // The caption of the task: editing a Product or creating one.
     void showTask(bool edit);
-    // The same on a page that ends its group, where Next means Finish when editing.
+    // The same on a page that ends its group, where Next is Finish when editing.
     void showTaskOfLastPage(bool edit);
 
     void goTo(Form& next) { leaveFor(*this, next); }

@@ -51,7 +51,7 @@ struct Toolkit {
     class Delete2& delete2;
 };
 
-// The form of that name, and the control of that name on it. A name that is not there is a defect: std::logic_error.
+// The form of that name, and the control of that name on it. An unknown name is a bug
 Form& form(const Toolkit& toolkit, std::string_view name);
 Control& control(const Toolkit& toolkit, std::string_view form, std::string_view name);
 

@@ -122,7 +122,7 @@ bool cRegistry::DeleteKey() {
 bool cRegistry::EnumerateSections(std::vector<std::string>& sSect, std::int32_t& iSectCount) {
     sSect.clear();
     onKey(access::enumerateSubKeys, [&](RegistryKey key) { return registry_.listKeys(key, sSect); });
-    // There is room for 254 bytes. A longer name ends the list.
+    // The buffer holds 254 bytes. A longer name ends the list.
     constexpr std::size_t room = 255;
     const auto isTooLong = [](const std::string& name) { return name.size() >= room; };
     sSect.erase(std::find_if(sSect.begin(), sSect.end(), isTooLong), sSect.end());

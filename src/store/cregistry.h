@@ -34,9 +34,9 @@ class cRegistry {
 public:
     explicit cRegistry(Registry& registry) : registry_(registry) {}
 
-    // For a run of reads and writes: as long as one lives, each key that values are read from or written to stays open
-    // for the next of them. Only success is kept: what was refused is asked for again. A key that another program
-    // deletes meanwhile is opened or made anew.
+    // Caches open keys for a series of reads and writes: while one lives, each key that values are read from or written
+    // to stays open. Only success is cached: what was refused is tried again. A key that another program deletes
+    // meanwhile is opened or made again.
     class KeptKeys : Fixed {
     public:
         explicit KeptKeys(cRegistry& cursor) : cursor_(cursor) { ++cursor_.runs_; }
@@ -67,7 +67,7 @@ public:
     Variant Value();
     // Writes the value as ValueType says, making the key if need be. Strings with two percent signs that enclose at
     // least one character are stored as expandable. Bytes go without their last two; numbers of type 4 and 5 need an
-    // integer. A write that fits no type, or that the registry refuses, stores nothing and tells nothing.
+    // integer. A write that fits no type, or that the registry refuses, is silently ignored.
     void Value(Variant value);
 
     // Gives the names of all values in the order of the platform, the unnamed one among them. Always true; a key that
@@ -79,7 +79,7 @@ public:
 
     // Registers a file type, in the classes view and in its machine copy. ClassKey is the local machine afterwards.
     void CreateEXEAssociation(const ExeAssociation& type);
-    // Adds verbs to a class below ClassKey that exists: threes of verb key, menu text and command line. Any other
+    // Adds verbs to a class below ClassKey that exists: triples of verb key, menu text and command line. Any other
     // number of items does nothing.
     void CreateAdditionalEXEAssociations(const std::string& sClassName, const std::vector<std::string>& vItems);
 

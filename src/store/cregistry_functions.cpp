@@ -8,7 +8,7 @@
 
 namespace vrix {
 
-// Assigns in place: the cursor's text uses the same memory at every call.
+// Assigns in place, so that the cursor's text reuses its memory.
 void cRegistryFunctions::pointTo(std::string_view sApplication, std::string_view sSection) {
     cursor_.ClassKey = hive::localMachine;
     cursor_.SectionKey.assign("Software\\").append(sApplication).append("\\").append(sSection);

@@ -11,8 +11,8 @@ namespace vrix {
 // The application under which all settings are kept.
 inline constexpr std::string_view application = "Vrix";
 
-// The program's one road to its settings: texts by application, section and key, all of them below
-// HKEY_LOCAL_MACHINE\Software. A section may hold backslashes. A failure of the registry never shows: a read gives its
+// The program's only access to its settings: texts by application, section and key, all of them below
+// HKEY_LOCAL_MACHINE\Software. A section may hold backslashes. Failures of the registry are ignored: a read gives its
 // default, a write or a delete does nothing.
 class cRegistryFunctions {
 public:
@@ -34,7 +34,7 @@ public:
     void SaveSetting(std::string_view sApplication, std::string_view sSection, const std::string& sKey,
                      const std::string& setting);
 
-    // As long as the result lives, the keys of this object's reads and writes stay open between them. For many of them.
+    // While the result lives, the keys of this object's reads and writes are cached open.
     [[nodiscard]] cRegistry::KeptKeys keepKeys() { return cRegistry::KeptKeys(cursor_); }
 
 private:

@@ -17,7 +17,8 @@ struct OptionFamily {
     int count = 0;
 };
 
-// All options of a Product in the order in which a new Product is stored. Nothing else spells their order and kind.
+// All options of a Product in the order in which a new Product is stored. The only place that defines their order and
+// kind.
 inline constexpr std::array optionFamilies{
     OptionFamily{"AllowChangeCourseName", OptionKind::flag},
     OptionFamily{"AllowNoConclusion", OptionKind::flag},

@@ -58,7 +58,7 @@ void ProductExport::identity(SettingsFile& file, const std::string& name) {
     file.entry(name, read(product_.isDeveloper ? "\\Toolkit\\Products" : "Products", name));
     file.blank();
     file.header(product_.ProductRegKey);
-    // Not the "Creation Date" of a new Product: the two names are on purpose.
+    // Not the "Creation Date" of a new Product: the two names differ on purpose.
     file.entry("CreationDate", read(product_.ProductRegKey, "CreationDate"));
     file.blank();
 }

@@ -26,7 +26,7 @@ void SettingsFile::close() { stream_->close(); }
 
 namespace {
 
-// Where two backslashes stand side by side; npos if nowhere.
+// The position of a doubled backslash; npos if there is none.
 std::size_t findDoubled(const std::string& path) {
     std::size_t at = findCharacter(path, '\\');
     while (at != std::string::npos && path.substr(at + 1, 1) != "\\") at = findCharacter(path, '\\', at + 1);

@@ -7,8 +7,8 @@
 
 namespace vrix {
 
-// A settings file in the making: one Product as text that a registry editor merges. Section headers name keys below
-// the family key. A write that the disk refuses is failure 70.
+// Writes a settings file: one Product as text that a registry editor merges. Section headers name keys below the family
+// key. A write that the disk refuses is failure 70.
 class SettingsFile {
 public:
     // Replaces the file at the path, without a question, and writes the signature. Failures as in Files.
@@ -22,10 +22,10 @@ public:
 
 private:
     std::unique_ptr<TextStream> stream_;
-    std::string line_;  // a member, so that all entries use the same memory
+    std::string line_;  // a buffer that all entries reuse
 };
 
-// A path as the data of an entry: every backslash doubled. A network path starts with four; anything in front of its
+// Escapes a path for an entry: every backslash is doubled. A network path starts with four; anything in front of its
 // first doubled backslash is lost.
 std::string escapedPath(const std::string& path);
 

@@ -6,7 +6,7 @@ namespace vrix::command {
 
 namespace {
 
-// Whether the user agrees. Nobody is asked where nobody can answer.
+// Asks the user for confirmation. Throws Refusal if the input is not interactive.
 bool isAgreed(Run& run, const std::string& question) {
     if (run.request.yes) return true;
     if (!run.console.isAttended()) {

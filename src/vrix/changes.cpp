@@ -44,7 +44,7 @@ Json asJson(const StoreChange& change) {
     return json;
 }
 
-// The plans one by one, each for the store that the ones before it leave.
+// The plans, each for the store as the earlier ones leave it.
 std::vector<Plan> plansOf(const ProductStore& store, const std::vector<Step>& steps) {
     std::vector<Plan> plans;
     if (steps.size() == 1) {
@@ -61,8 +61,8 @@ std::vector<Plan> plansOf(const ProductStore& store, const std::vector<Step>& st
 
 }  // namespace
 
-// Each plan's changes are told once it is through, those that are made even if the others fail. Told one by one between
-// the writes, they would take a tenth longer.
+// Prints each plan's changes after it ends, those that are made even if the others fail. Printing them one by one
+// between the writes would take a tenth longer.
 void perform(Run& run, Store& store, const std::vector<Step>& steps, std::size_t unreachable) {
     const std::vector<Plan> plans = plansOf(store.products(), steps);
     Json changes = Json::array();

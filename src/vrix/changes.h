@@ -12,7 +12,7 @@ namespace vrix {
 
 // One step of a command: from a store as it is then, what is to be changed in it.
 struct Step {
-    std::string label;  // for people; empty where its changes tell enough
+    std::string label;  // for output; empty where its changes are enough
     std::function<Plan(const ProductStore& store)> plan;
 };
 

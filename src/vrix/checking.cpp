@@ -24,7 +24,7 @@ Findings findIn(const Run& run, const Product& product) {
     return all;
 }
 
-// What stands in the other registry of the same machine, if it has two.
+// Findings in the other registry view of the same machine, if it has two.
 Findings findInOtherView(Run& run, Store& store) {
     if (!run.request.isOnRegistry()) return {};
     RegistryView view = run.request.view;

@@ -2,8 +2,8 @@
 
 #include "vrix/request.h"
 
-// The commands, one function each. They take what they need from the run, write to it, and throw what vrix.cpp turns
-// into an exit code.
+// The commands, one function each. They take what they need from the run, write to it, and throw what vrix.cpp maps to
+// an exit code.
 namespace vrix::command {
 
 ExitCode list(Run& run);

@@ -15,7 +15,7 @@ namespace {
 struct Wanted {
     ProductId id;
     bool exists = true;
-    std::optional<Product> product{};  // nothing where only the identity is told
+    std::optional<Product> product{};  // nothing where only the identity is given
 };
 
 // Takes a member out of the instance.
@@ -25,7 +25,7 @@ Json take(Json& instance, const char* name) {
     return member;
 }
 
-// Beside a file stands at most what identifies the Product, and it must say the same.
+// With a file, the instance may also have only the identity of the Product, and it must be the same.
 Product productOf(Run& run, Json instance, const std::string& file) {
     Product product = productOfFile(run, file);
     Json identity = jsonOf(Product{product.id, {}});

@@ -14,7 +14,7 @@ namespace vrix::command {
 
 namespace {
 
-// The settings file of a Product that stands in no store: of one that holds nothing else.
+// The settings file of a Product that is in no store: made from a store in memory that holds only it.
 std::string settingsOf(const Product& product) {
     EmbeddedRegistry registry;
     perform(registry, planApply(ProductStore(registry), product, Unnamed::removed));
@@ -53,7 +53,7 @@ std::string fileName(const std::string& text) {
     return devices.contains(foldedName(stem)) ? '_' + name : name;
 }
 
-// Writes a file, and tells it as a line of JSON.
+// Writes a file, and describes it as a line of JSON.
 Json save(Run& run, const ProductId& id, const std::string& path, const std::string& bytes) {
     Disk& disk = run.machine.disk();
     const auto file = disk.open(path, FileUse::replace);

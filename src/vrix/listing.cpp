@@ -6,7 +6,7 @@ namespace vrix::command {
 
 namespace {
 
-// What the list tells of a Product. No more of it is read.
+// Reads only what the list shows of a Product.
 Product readOutline(const ProductStore& store, const ProductId& id) {
     Product outline{id, {}};
     if (!whyNoKey(id).empty()) return outline;

@@ -13,15 +13,15 @@ namespace {
 
 constexpr auto collectionClass = "{53B533F5-224C-47e3-B01B-CA3B3F3FF4BF}";
 constexpr auto itemClass = "{9CD4B2F4-923D-47f5-A062-E897DD1DAD50}";
-constexpr auto changed = "2000-01-01 00:00:00";  // never another, so that the same Product gives the same file
+constexpr auto changed = "2000-01-01 00:00:00";  // constant, so that the same Product gives the same file
 
-// A hash of 64 bits, FNV-1a, from a start of one's choice.
+// The 64-bit FNV-1a hash, from a given seed.
 std::uint64_t hashOf(const std::string& text, std::uint64_t start) {
     for (const char c : text) start = (start ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
     return start;
 }
 
-// A GUID that is the same for the same text. Its version, 8, says that it was made in a way of one's own.
+// A deterministic GUID for a text. Version 8 means a custom scheme.
 std::string guidOf(const std::string& text) {
     const std::uint64_t high = (hashOf(text, 0xCBF29CE484222325u) & ~0xF000ull) | 0x8000u;
     const std::uint64_t low = (hashOf(text, high) & 0x3FFFFFFFFFFFFFFFull) | 0x8000000000000000ull;
@@ -46,7 +46,7 @@ std::string escaped(const std::string& text, const std::string& place) {
     return safe;
 }
 
-// How a value stands in an item. The image is the one for replaced texts, or that for replaced numbers and bytes.
+// How an item holds a value. The image is the one for replaced texts, or that for replaced numbers and bytes.
 struct Form {
     const char* image;
     const char* type;

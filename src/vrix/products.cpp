@@ -10,7 +10,7 @@ namespace vrix {
 
 namespace {
 
-// A text names a Product by its name, or by its key, and may say the tree in front.
+// The Products that a text names: by name or by key, with an optional prefix for the tree.
 std::vector<ProductId> candidates(const ProductStore& store, std::string_view text) {
     std::optional<Tree> tree;
     for (const Tree one : {Tree::installed, Tree::toolkit}) {
@@ -97,7 +97,7 @@ Store& ProductSource::store() {
     return *store_;
 }
 
-// Where the system has no registry and nobody names a store, files do without.
+// False on a system without a registry where no store is named: Products are files only.
 bool ProductSource::hasStore() const {
     const bool isNamed = run_.request.isTrial || !run_.request.store.empty();
     return store_ || isNamed || run_.machine.registry(run_.request.view) != nullptr;

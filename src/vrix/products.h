@@ -12,14 +12,14 @@ namespace vrix {
 
 // ---- Products of a store ----
 
-// The Product of that name, or of that key where no name fits; what a deletion left behind has but a key. Throws
-// Refusal: none, or several, which are named then.
+// The Product of that name, or of that key where no name fits; the remains of a deletion have only a key. Throws
+// Refusal: none, or several, which are listed then.
 ProductId findProduct(const ProductStore& store, const std::string& text);
 // The same, but nothing where there is none.
 std::optional<ProductId> lookFor(const ProductStore& store, const std::string& text);
-// What a Product is known by, for machines: "name", "key" and "tree".
+// A Product's identity as JSON: "name", "key" and "tree".
 Json identityOf(const ProductId& id);
-// A Product for people, such as: "Site Safety Manual" (toolkit:SiteSafety).
+// A Product's label for output, such as: "Site Safety Manual" (toolkit:SiteSafety).
 std::string labelOf(const ProductId& id);
 
 // ---- Products of files ----
@@ -31,7 +31,7 @@ Product productOfFile(Run& run, const std::string& path);
 
 // ---- Either ----
 
-// Reads Products that the user names: from the store, or else from files. The store is opened when it is first needed.
+// Reads Products that the user names: from the store, or else from files. Opens the store lazily.
 class ProductSource {
 public:
     explicit ProductSource(Run& run) : run_(run) {}

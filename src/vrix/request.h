@@ -8,7 +8,7 @@
 
 namespace vrix {
 
-// What the program answers to its caller.
+// The exit codes of the program.
 enum class ExitCode {
     done = 0,       // done, or equal, or clean
     different = 1,  // differences or findings
@@ -45,7 +45,7 @@ struct Request {
     bool isOnRegistry() const { return !isTrial && (store.empty() || store == "registry"); }
 };
 
-// Thrown in place of a request where a text is all that was asked for.
+// Thrown instead of a request where only a text was asked for: help or version.
 struct HelpWanted {
     std::string text;
 };

@@ -112,7 +112,7 @@ std::vector<Step> bringBackNamed(Run& run, const ProductStore& backup) {
     return steps;
 }
 
-// Products that came later go first: one of them may have a name that the backup gives to another.
+// Products newer than the backup are removed first: one of them may have a name that the backup gives to another.
 std::vector<Step> bringBackAll(Run& run, const ProductStore& backup, const ProductStore& now) {
     std::vector<Step> steps;
     const std::vector<Product> all = readAll(backup);

@@ -13,10 +13,10 @@ namespace vrix {
 
 using Lines = std::vector<std::string>;
 
-// A text as all of them are printed, so that a line stays one line of UTF-8: signs that would break it or move the
-// cursor come as "\n", "\r" and "\x1b", half characters as "\ud800", and bytes that belong to no character as "\xff".
+// Escapes a text for output, so that a line stays one line of UTF-8: control characters become "\n", "\r" and "\x1b",
+// unpaired surrogates "\ud800", and invalid bytes "\xff".
 std::string shown(std::string_view text);
-// JSON as it is printed, on lines of its own or on one line. What is no UTF-8 in it comes with U+FFFD in its place.
+// JSON as it is printed, on lines of its own or on one line. Invalid UTF-8 in it becomes U+FFFD.
 std::string jsonText(const Json& json, int indent = -1);
 
 // One run of a command: what it was asked for, and the system under it.
@@ -31,7 +31,7 @@ struct Run {
         for (const std::string& line : lines) print(line);
     }
     void printJson(const Json& json, int indent = -1) { console.write(jsonText(json, indent) + '\n'); }
-    // Prints the answer in the form that was asked for: JSON for machines, or lines for people.
+    // Prints the answer in the form that was asked for: JSON or lines of text.
     void answer(const Json& json, const Lines& lines) { request.json ? printJson(json, 2) : print(lines); }
 };
 
@@ -39,9 +39,9 @@ struct Run {
 std::string counted(std::size_t count, const std::string& what);
 // In quotation marks.
 std::string quoted(const std::string& text);
-// What the disk has just refused, with the system's words for it.
+// A Refusal for the disk's last failure, with the system's message.
 Refusal diskRefusal(Disk& disk, const std::string& what);
-// Rows of cells as lines, the columns flush.
+// Rows of cells as lines, the columns aligned.
 Lines tableLines(const std::vector<Lines>& rows);
 
 }  // namespace vrix

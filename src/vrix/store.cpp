@@ -77,7 +77,7 @@ void Store::openJournal(const std::string& path, bool writes, bool mayLack) {
     }
 }
 
-// The file of a backup that is named as in the list of backups; any other text is a path.
+// The path of a backup by its name in the list of backups; any other text is a path.
 std::string Store::backupNamed(const std::string& text) {
     Disk& disk = machine_.disk();
     const int width = machine_.ownView() == RegistryView::bits64 ? 64 : 32;

@@ -10,7 +10,7 @@ namespace vrix {
 
 namespace {
 
-// Tells why nothing was done, and gives the exit code that says so too.
+// Prints why the command was refused, and gives the exit code for it.
 int tell(Console& console, Refusal::Kind kind, const std::string& sentence, bool isDsc) {
     const std::string whole = sentence + '.';
     console.writeError((isDsc ? jsonText({{"error", whole}}) : "vrix: " + shown(whole)) + '\n');

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Names that the code page lacks; then the sample and the edit walk where Windows has two bytes for a character. Their
-# names and paths have characters whose second byte is a backslash, a bar, a bracket, a capital letter or the first byte
+# names and paths have characters whose trail byte is a backslash, a bar, a bracket, a capital letter or the first byte
 # of another, and half-width letters. On 932 and 65001 the pages' face over the store of UTF-8 is held against the
 # narrow calls, as on 1252 by the tests themselves.
 set -uo pipefail

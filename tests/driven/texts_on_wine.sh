@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Names and texts of many scripts, and half characters, put into the registry by the platform's own tool: vrix lists,
-# shows, exports, compares, applies, removes, backs up and restores them, and the tool reads back what it wrote. On a
-# code page with one byte for a character, and on one with two.
+# Names and texts of many scripts, and unpaired surrogates, put into the registry by the platform's own tool: vrix
+# lists, shows, exports, compares, applies, removes, backs up and restores them, and the tool reads back what it wrote.
+# On a code page with one byte for a character, and on one with two.
 set -euo pipefail
 . scripts/machine.sh
 . scripts/wine.sh
@@ -12,7 +12,7 @@ vrix() { timeout 60 wine "build/$preset/vrix.exe" "$@" </dev/null | tr -d '\r'; 
 store() { wine reg export 'HKLM\Software\Vrix' "$(windows_path "$out/$1")" /y >/dev/null 2>&1; }
 wipe() { wine reg delete 'HKLM\Software\Vrix' /f >/dev/null 2>&1 || true; }
 
-# "D83D" in the place of a half, by hand: no tool writes one.
+# "D83D" as an unpaired surrogate, by hand: no tool writes one.
 python3 - "$out/odd.reg" <<'END'
 import sys
 root = r"HKEY_LOCAL_MACHINE\Software\Vrix\Toolkit"

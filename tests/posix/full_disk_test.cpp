@@ -45,7 +45,7 @@ TEST(FullDisk, FailsTheWriteOrTheCloseOfATextFile) {
     const TemporaryFolder folder;
     const auto stream = StandardFiles().createText(folder.path("x"));
     limitFiles(2);
-    EXPECT_EQ(ignoring([&] { stream->writeLine("ab"); }), FailureNumber::none);  // it waits for more
+    EXPECT_EQ(ignoring([&] { stream->writeLine("ab"); }), FailureNumber::none);  // buffered
     EXPECT_EQ(ignoring([&] { stream->writeLine(std::string(200'000, 'x')); }), FailureNumber::permissionDenied);
     limitFiles(RLIM_INFINITY);
     EXPECT_EQ(ignoring([&] { stream->writeLine("behind what is lost"); }), FailureNumber::permissionDenied);

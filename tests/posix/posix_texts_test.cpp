@@ -56,8 +56,8 @@ TEST_F(SystemTexts, ProductsAreFoundInAnyCaseOfTheirNames) {
     }
 }
 
-// Names that are one by the letters known here, and two by those that are known there.
-TEST_F(SystemTexts, AJournalReadsTheSameWhateverLettersAreKnown) {
+// Names that this system's case folding makes equal, and another's keeps apart.
+TEST_F(SystemTexts, AJournalReadsTheSameWithAnyCaseFolding) {
     using enum Do;
     useLetterFolder(nullptr);
     {

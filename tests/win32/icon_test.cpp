@@ -38,7 +38,7 @@ int difference(std::uint32_t a, std::uint32_t b) {
 
 }  // namespace
 
-TEST(IconTest, LooksOnAnyGroundAsTheMarkThatTheWindowsDraw) {
+TEST(IconTest, MatchesTheDrawnPictureOnAnyBackground) {
     Palette palette{};
     palette.window = RGB(255, 255, 255);
     for (const int side : {16, 20, 24, 32, 40, 48, 64, 256}) {

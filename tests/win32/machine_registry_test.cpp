@@ -58,9 +58,9 @@ TEST_F(MachineRegistry, ConformsByNarrowAndWideCalls) {
     expectKeepsCharacters([] { return forget(), wideRegistry(); });
 }
 
-// Whatever the code page, and whatever other programs put beside: what the pages see of a store of UTF-8 is what the
-// narrow calls show of the machine's registry.
-TEST_F(MachineRegistry, ShowsThroughTheFaceWhatTheNarrowCallsShow) {
+// On any code page, and with values of other programs: what the pages see of a UTF-8 registry is what the narrow calls
+// show of the machine's registry.
+TEST_F(MachineRegistry, AnswersThroughTheCodePageAsTheNarrowCallsDo) {
     std::cout << "code page " << GetACP() << std::endl;
     for (unsigned seed = 0; seed < 10 && !HasFailure(); ++seed) {
         forget();
@@ -94,8 +94,8 @@ TEST_F(MachineRegistry, ListsNamesOfCharactersOfAnySize) {
     EXPECT_EQ(listed, expected);
 }
 
-// Made by calls below the documented ones, which cannot open it.
-TEST_F(MachineRegistry, PassesOverAValueWhoseNameHoldsAZeroCharacter) {
+// Made by native calls: the documented ones cannot create such a name.
+TEST_F(MachineRegistry, SkipsAValueWhoseNameHoldsAZeroCharacter) {
     HKEY key = nullptr;
     ASSERT_EQ(RegCreateKeyW(HKEY_LOCAL_MACHINE, L"Software\\Vrix\\Odd", &key), ERROR_SUCCESS);
     using SetValue = NTSTATUS(NTAPI*)(HANDLE, UNICODE_STRING*, ULONG, ULONG, void*, ULONG);

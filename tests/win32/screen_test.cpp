@@ -57,7 +57,7 @@ HWND windowOf(const Control& control) {
     return nullptr;
 }
 
-// Lets the windows work until something is so, or for two seconds.
+// Runs the message loop until a condition holds, at most two seconds.
 template <class Condition>
 bool comes(const Condition& condition) {
     for (int looks = 0; looks < 200 && !condition(); ++looks, Sleep(10)) {
@@ -79,7 +79,7 @@ void setTextScale(DWORD percent) {
     }
 }
 
-// The size that a control's text takes at its font.
+// The size of a control's text in its font.
 SIZE textSize(HWND control, int width, UINT format) {
     const auto font = reinterpret_cast<HFONT>(SendMessageA(control, WM_GETFONT, 0, 0));
     return measured(font, windowText(control) + L' ', width, format);
@@ -93,7 +93,7 @@ protected:
     }
     void TearDown() override {
         screen.quit();
-        screen.run();  // which takes the windows away
+        screen.run();  // which destroys the windows
         MSG end;
         PeekMessageA(&end, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     }
@@ -133,7 +133,7 @@ void expectTextFits(const ControlWindow& window, const SIZE& room, const Style& 
     const Control& control = window.control();
     if (is<Label>(control)) {
         const bool presses = dynamic_cast<const Label&>(control).presses != nullptr;
-        const bool cut = !presses && (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // and whole in a tip
+        const bool cut = !presses && (GetWindowLongA(handle, GWL_STYLE) & SS_NOTIFY) != 0;  // clipped, with a tooltip
         EXPECT_EQ(cut, narrow(windowText(handle)) == endless);
         if (cut) return;
         const SIZE size = textSize(handle, room.cx, DT_WORDBREAK | DT_NOPREFIX);
@@ -208,7 +208,7 @@ TEST_F(ScreenTest, ShowsAllPagesInOneFrameWhereTheUserLeftIt) {
     EXPECT_EQ(go(pages.create6, pages.toolkitMain), frame);
     const RECT again = areaOf(frame.front());
     EXPECT_TRUE(EqualRect(&again, &left));  // the page is wider, and was moved in from the edge
-    // Two pages have two frames, until one of them goes.
+    // Two pages have two frames, until one of them is hidden.
     go(pages.toolkitMain, pages.create17);
     press(pages.create17.ExitBtn);
     EXPECT_EQ(shownFrames().size(), 2);
@@ -261,14 +261,14 @@ TEST_F(ScreenTest, FollowsThePlatformToAnotherMonitorAndIgnoresWhatConcernsOther
     EXPECT_EQ(SendMessageA(box, WM_GETFONT, 0, 0), font);
 }
 
-TEST_F(ScreenTest, EndsAButtonsHoverAndItsPressWhenThePointerIsLost) {
+TEST_F(ScreenTest, EndsHoverAndPressWhenPointerOrCaptureIsLost) {
     ImageButton& button = program.toolkit().create5.NextBtn;
     screen.event([&] { program.toolkit().create5.show(); });
     const RECT area = areaOf(windowOf(button));
     const auto has = [&](ImageButton::Face face) { return comes([&] { return button.face() == face; }); };
     SetCursorPos(area.left + 2, area.top + 2);
     EXPECT_TRUE(has(ImageButton::Face::hover));
-    SetCursorPos(0, 0);  // at once, and over nothing of the page on the way
+    SetCursorPos(0, 0);  // in one step, without crossing the page
     EXPECT_TRUE(has(ImageButton::Face::normal));
     SendMessageA(windowOf(button), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
     EXPECT_TRUE(has(ImageButton::Face::pressed));
@@ -277,7 +277,7 @@ TEST_F(ScreenTest, EndsAButtonsHoverAndItsPressWhenThePointerIsLost) {
     EXPECT_TRUE(program.toolkit().create5.visible());
 }
 
-TEST_F(ScreenTest, ReportsAFailureAndTakesNothingMeanwhile) {
+TEST_F(ScreenTest, ReportsAFailureAndIgnoresInputMeanwhile) {
     static HWND next = nullptr;
     screen.event([&] { program.toolkit().create5.show(); });
     next = windowOf(program.toolkit().create5.NextBtn);
@@ -296,8 +296,8 @@ TEST_F(ScreenTest, ReportsAFailureAndTakesNothingMeanwhile) {
     EXPECT_TRUE(program.toolkit().create5.visible());
 }
 
-// Any program can send a message, and take a window away.
-TEST_F(ScreenTest, LooksUpWhateverWindowAMessageNames) {
+// Any program can send a message, or destroy a window.
+TEST_F(ScreenTest, LooksUpTheHandlesInMessages) {
     Toolkit& pages = program.toolkit();
     screen.event([&] { pages.create5.show(); });
     const HWND form = shownForm();
@@ -341,8 +341,8 @@ TEST_F(ScreenTest, KeepsTheCurrentFolderWhateverADialogDoes) {
     EXPECT_EQ(folder(), before);
 }
 
-// What a screen reader hears of a control comes from its window: the class, the text, the style and the state.
-TEST_F(ScreenTest, TellsThePlatformTheRoleTheNameAndTheStateOfEachControl) {
+// A screen reader takes everything about a control from its window: the class, the text, the style and the state.
+TEST_F(ScreenTest, GivesScreenReadersRoleNameAndStateOfEachControl) {
     const auto isA = [](HWND window, const char* kind) {
         char name[20]{};
         return RealGetWindowClassA(window, name, sizeof(name)) != 0 && lstrcmpiA(name, kind) == 0;
@@ -392,8 +392,8 @@ TEST_F(ScreenTest, OpensListsAsWideAsTheirRowsAndWholeOnTheMonitor) {
     SendMessageA(combo, CB_SHOWDROPDOWN, FALSE, 0);
 }
 
-// Thai letters and faces stand for what no code page of these tests has.
-TEST_F(ScreenTest, ShowsWhatIsKeptOfATextThatTheCodePageLacks) {
+// No code page of these tests has Thai letters and emoji.
+TEST_F(ScreenTest, ShowsATextAsTheCodePageEncodesIt) {
     TextBox& name = program.toolkit().create2.ProductName;
     screen.event([&] { program.toolkit().create2.show(); });
     const HWND box = windowOf(name);
@@ -410,7 +410,7 @@ TEST_F(ScreenTest, ShowsWhatIsKeptOfATextThatTheCodePageLacks) {
     send(EM_REPLACESEL, TRUE, L"\u0e01b");  // as a paste does
     send(WM_CHAR, 'c');
     expect(L"a?bc?", "a?bc?");
-    send(WM_CHAR, 0xD83D);  // the first half of a character
+    send(WM_CHAR, 0xD83D);  // a high surrogate
     expect(L"a?bc\xD83D?", "a?bc?");
     send(WM_CHAR, 0xDE00);
     expect(L"a?bc???", "a?bc???");

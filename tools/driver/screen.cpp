@@ -52,7 +52,7 @@ void send(std::vector<INPUT> events) {
     if (SendInput(count, events.data(), sizeof(INPUT)) != count) throw StepFailure("the screen takes no input");
 }
 
-// A point in the units of the mouse, 65536 to the screen's width and height.
+// Converts to mouse units, 65536 to the screen's width and height.
 LONG inMouseUnits(LONG place, int metric) {
     const LONG size = GetSystemMetrics(metric);
     return (place * 65536 + size - 1) / size;
@@ -211,8 +211,8 @@ std::string listOf(HWND window) {
     return list;
 }
 
-// What the program draws behind our last event is there when several looks in a row are alike. A screen that does not
-// come to rest is taken as it is.
+// Waits until several captures in a row are equal: the program may still draw after our last event. A screen that keeps
+// changing is taken as it is.
 Pixels lookAt(const RECT& area) {
     const int width = area.right - area.left;
     const int height = area.bottom - area.top;
@@ -242,8 +242,8 @@ void takePicture(const RECT& area, const std::string& file) {
         throw StepFailure("no picture can be kept as " + file);
 }
 
-// The screen reports the pointer's moves to the windows below it, and a late report of an older move takes the pointer
-// back. So it must rest at its place while those windows answer, several times in a row.
+// The display reports pointer moves asynchronously, and a late report of an older move puts the pointer back. So the
+// pointer must stay at its place while the windows below it answer, several times in a row.
 void moveTo(POINT point) {
     constexpr int enough = 4;
     constexpr int mostLooks = 500;

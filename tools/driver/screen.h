@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-// The screen as a user has it: what there is to see of another program's windows, and a hand on mouse and keyboard.
+// The screen as a user has it: reads other programs' windows, and sends mouse and keyboard input.
 namespace vrix::driver {
 
-// A step that did not come true, told as a sentence.
+// A failed step, with a message.
 class StepFailure : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -28,16 +28,16 @@ RECT areaOf(HWND window);
 std::vector<HWND> controlsOf(HWND window);   // the visible ones, in reading order
 std::vector<HWND> windowsOf(DWORD process);  // the visible ones, the front one first
 HWND focusOf(HWND window);
-std::string spokenNameOf(HWND control);  // by which a screen reader calls it
+std::string spokenNameOf(HWND control);  // the name that a screen reader gives it
 std::vector<std::string> rowsOf(HWND list);
 // The text, the current row, or the marked rows of an input; of a button whether it is checked.
 std::string contentOf(HWND control);
 std::string listOf(HWND window);  // with all its controls
 
 using Pixels = std::vector<std::uint32_t>;  // row by row, from the top
-// What a part of the screen shows, once it stands still.
+// Captures a part of the screen, once it stops changing.
 Pixels lookAt(const RECT& area);
-// Keeps a part of the screen as a PNG file, once it stands still. Throws for a part that shows nothing.
+// Saves a part of the screen as a PNG file, once it stops changing. Throws for a blank one.
 void takePicture(const RECT& area, const std::string& file);
 
 void moveTo(POINT point);

@@ -24,7 +24,7 @@ namespace vrix::driver {
 
 namespace {
 
-constexpr DWORD patience = 30000;  // milliseconds until a step has waited in vain
+constexpr DWORD patience = 30000;  // milliseconds until a step times out
 constexpr int looksAtList = 50;
 constexpr DWORD betweenLooks = 10;
 
@@ -99,8 +99,8 @@ int linesIn(const Pixels& pixels, std::ptrdiff_t width) {
 
 POINT middleOf(const RECT& area) { return {(area.left + area.right) / 2, (area.top + area.bottom) / 2}; }
 
-// Works one program's windows as its user would. Every step waits until the screen is as it should be; one that waits
-// in vain throws StepFailure. Each window that the walk meets gets its picture before it is left.
+// Works one program's windows as its user would. Every step waits until the screen is as it should be; one that times
+// out throws StepFailure. Takes a picture of each window before the walk leaves it.
 class Walker {
 public:
     Walker(std::string pictures, bool byKeyboard) : pictures_(std::move(pictures)), byKeyboard_(byKeyboard) {}
@@ -112,7 +112,7 @@ public:
 
     bool running() const { return process_ != nullptr; }
 
-    // What stands on the screen, in words and as a picture.
+    // The screen as text and as a picture, for a failure.
     std::string sight() const {
         std::string words;
         for (const HWND window : windowsOf(processId_)) words += listOf(window);
@@ -162,7 +162,7 @@ private:
         if (code != 0) throw StepFailure("the program's exit code was " + std::to_string(code));
     }
 
-    // A page, by labels that no page before it shows.
+    // Waits for a page, by labels that no page before it shows.
     void page(const Step& step) {
         enter(step.text(0), [texts = step.textsFrom(1)](HWND window) {
             const auto seen = [&](const std::string& text) { return shows(window, text); };
@@ -170,7 +170,7 @@ private:
         });
     }
 
-    // A message box, by its title and each line of its text.
+    // Waits for a message box, by its title and each line of its text.
     void message(const Step& step) {
         enter(step.text(0), [title = step.text(1), text = joined(step.textsFrom(2), "\n")](HWND window) {
             return isDialog(window) && textOf(window) == title && shows(window, text);
@@ -194,7 +194,7 @@ private:
         dialogEnds();
     }
 
-    // Presses a button; a slip lets go outside of it.
+    // Presses a button; with "slip" releases outside of it.
     void press(const Step& step) {
         const HWND button = findLive(step.target(0));
         leave();
@@ -236,7 +236,7 @@ private:
         await("closed list", [&] { return ask(box, CB_GETDROPPEDSTATE) == 0; });
     }
 
-    // Turns the mark of a row.
+    // Toggles the mark of a row.
     void mark(const Step& step) {
         const HWND list = findLive(step.target(0));
         const auto row = rowOf(list, step.text(1));
@@ -260,7 +260,7 @@ private:
 
     void hold(const Step& step) { step.verb == "hold" ? holdKey(step.text(0)) : releaseKey(step.text(0)); }
 
-    // Keeps what a control looks like. Later it has changed, or is alike again.
+    // Captures a control. Later steps compare: it has changed, or is equal again.
     void look(const Step& step) { seen_ = lookAt(areaOf(anyControl(step.target(0)))); }
     void compare(const Step& step) {
         const RECT area = areaOf(anyControl(step.target(0)));
@@ -273,14 +273,14 @@ private:
         moveTo(middleOf(areaOf(labelOf(step.target(0)))));
     }
 
-    // Presses what is under the pointer.
+    // Clicks at the pointer's place.
     void clickHere(const Step& /*step*/) {
         POINT place{};
         GetCursorPos(&place);
         drag(place, place);
     }
 
-    // A label whose text stands in so many lines.
+    // Checks the number of lines that a label's text takes.
     void lines(const Step& step) {
         const RECT area = areaOf(labelOf(step.target(0)));
         await("label of " + step.text(1) + " lines",
@@ -323,7 +323,7 @@ private:
             return readOnly || !live(control);
         });
     }
-    // A check box without a check mark, whose inside is not of the page's colour.
+    // Checks that a check box has no check mark and a greyed inside: not the page's colour.
     void greyed(const Step& step) {
         see(step, [](HWND box) {
             constexpr int middle = 6;  // of the mark, from the left
@@ -367,7 +367,7 @@ private:
         if (pictured_.insert(name).second) name_ = name;
     }
 
-    // Takes the window's picture if there is none yet. The pointer goes aside first, to where it is over no control.
+    // Takes the window's picture if there is none yet. Moves the pointer off all controls first.
     void leave() {
         if (name_.empty()) return;
         POINT corner{3, 3};
@@ -379,7 +379,7 @@ private:
         name_.clear();
     }
 
-    // Prints what a screen reader says of the controls that take anything. All of them must have a name.
+    // Prints what a screen reader says of the controls that take input. All of them must have a name.
     void speak() const {
         std::cout << '"' << textOf(window_) << "\": " << name_ << '\n';
         for (const HWND control : controlsOf(window_)) {
@@ -414,7 +414,7 @@ private:
         return nullptr;
     }
 
-    // A control that takes anything, or else a label.
+    // A control that takes input, or else a label.
     HWND anyControl(const Target& target) const {
         const HWND control = find(target);
         return control != nullptr ? control : labelOf(target);
@@ -458,7 +458,7 @@ private:
         drag(middleOf(area), middleOf(area));
     }
 
-    // Goes to a control by Tab, and to an option by the arrows once its group is reached.
+    // Moves the focus to a control by Tab, and to an option by the arrows once its group is reached.
     void reach(HWND control) const {
         const auto isOption = [](HWND window) {
             return (GetWindowLongA(window, GWL_STYLE) & BS_TYPEMASK) == BS_AUTORADIOBUTTON && isClass(window, "BUTTON");

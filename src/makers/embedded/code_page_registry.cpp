@@ -9,12 +9,12 @@ namespace vrix {
 
 namespace {
 
-constexpr std::size_t pathLimit = 260;  // in units of UTF-16
+constexpr std::size_t pathLimit = 260;  // in UTF-16 code units
 
 // Up to the first zero byte.
 std::string decoded(const std::string& name) { return systemEncoding().decode(name.c_str()); }
 
-// Runs a call with the path in UTF-8. No handle at all is refused before the path is looked at.
+// Runs a call with the path in UTF-8. A null handle is refused before the path is checked.
 template <class Call>
 RegistryStatus onPath(RegistryKey parent, const std::string& path, const Call& call) {
     const std::string text = decoded(path);

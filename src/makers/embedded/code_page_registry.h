@@ -5,8 +5,8 @@
 namespace vrix {
 
 // A registry of UTF-8 as the platform's narrow calls show it: names, paths and texts are bytes of the system's code
-// page. What the code page lacks comes as its likeness or as "?", and by such a name nothing is found, or something
-// else. A path of more than 260 characters is refused with moreData.
+// page. A character that the code page lacks becomes a best-fit character or "?"; such a name finds nothing, or another
+// item. A path of more than 260 characters is refused with moreData.
 class CodePageRegistry : public ForwardingRegistry {
 public:
     using ForwardingRegistry::ForwardingRegistry;

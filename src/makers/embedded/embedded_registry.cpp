@@ -10,7 +10,7 @@ namespace vrix {
 
 namespace {
 
-// In units of UTF-16.
+// In UTF-16 code units.
 constexpr std::size_t keyNameLimit = 255;
 constexpr std::size_t valueNameLimit = 16'383;
 constexpr std::size_t levelLimit = 512;

@@ -15,7 +15,7 @@
 
 namespace vrix {
 
-// Gives the text of an environment variable, or nothing if there is none. It decides whether case counts.
+// Gives the value of an environment variable, or nothing if there is none. It decides whether names are case-sensitive.
 using Environment = std::function<std::optional<std::string>(const std::string& name)>;
 
 // One change of the registry, with the names of what is there as they are stored. A path counts from the machine's
@@ -51,9 +51,9 @@ public:
                               std::vector<ValueData>* values = nullptr) final;
     std::string expandEnvironment(const std::string& text) final;
 
-    // Makes a change that was stored earlier. False, with nothing changed, if it does not fit what is there or if no
-    // call could have made it. Names are taken as they are spelled: so the keys are the same wherever they are read,
-    // even if two names are one by the letters that are known here.
+    // Replays a stored change. False, with nothing changed, if it does not fit the tree or if no call could have made
+    // it. Names match by exact spelling: so the keys are the same wherever the record is read, even if the letters
+    // known here fold two names into one.
     bool replay(Change change);
 
 protected:
@@ -86,13 +86,13 @@ private:
         std::uint32_t rights = 0;
     };
 
-    // Whether a name is found in any case, or as it was written alone.
+    // Whether names match in any case, or only by exact spelling.
     enum class Spelling { any, exact };
 
     RegistryStatus resolveHandle(RegistryKey handle, std::uint32_t rights, KeyPointer& key) const;
     RegistryStatus resolve(RegistryKey parent, const std::string& path, PathMatch& place) const;
     RegistryKey open(const KeyPointer& key, std::uint32_t rights);
-    // Checks a change, has it stored and makes it. Where keys are made, the place becomes the last of them.
+    // Checks a change, persists it and makes it. Where keys are made, the place becomes the last of them.
     RegistryStatus change(PathMatch& place, Change::Kind kind, const std::string& name = {}, std::uint32_t type = 0,
                           std::string data = {});
 

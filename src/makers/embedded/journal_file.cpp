@@ -24,7 +24,7 @@ constexpr std::array<std::uint32_t, 256> crcTable() {
     return table;
 }
 
-// The cyclic redundancy check of 32 bits.
+// The CRC-32 checksum.
 std::uint32_t crc32(const std::string& bytes) {
     static constexpr auto table = crcTable();
     std::uint32_t value = ~0u;
@@ -64,7 +64,7 @@ journal::Extent journal::read(const std::string& path, Disk& disk, const Reader&
     const auto unreadable = refusal(path, "cannot be read");
     const auto whole = file ? file->size() : std::nullopt;
     if (!whole) throw unreadable;
-    // By the file's size these bytes are there. If the disk does not give them, this is no end of the file.
+    // The file's size says that these bytes exist. A short read is an error here, not the end of the file.
     const auto take = [&](std::uint64_t count) {
         auto bytes = file->read(static_cast<std::size_t>(count));
         if (!bytes || bytes->size() < count) throw unreadable;
@@ -86,7 +86,7 @@ journal::Extent journal::read(const std::string& path, Disk& disk, const Reader&
         const std::size_t left = bytes.size() - at;
         if (left < headSize) return torn;
         if (crc32(bytes.substr(at, 4)) != unpacked(bytes, at + 4)) {
-            // Room that the system gave to a record and never filled.
+            // Space that the system allocated for a record and never wrote.
             if (bytes.find_first_not_of('\0', at) == std::string::npos) return torn;
             throw damaged;
         }
@@ -108,7 +108,7 @@ std::optional<std::uint64_t> journal::write(const std::string& path, Disk& disk,
     const std::string bytes = signature + records;
     const std::string fresh = path + ".new";
     const auto file = disk.open(fresh, FileUse::replace);
-    // On the disk before it takes the old one's place: else a loss of power could leave neither.
+    // Flushed before it replaces the old file: else a power failure could lose both.
     const bool isWhole = file && file->write(bytes) && file->flush() && file->close();
     if (isWhole && disk.replace(path, fresh)) return bytes.size();
     if (file) {

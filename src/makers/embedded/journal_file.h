@@ -10,31 +10,31 @@
 
 namespace vrix {
 
-// A number as four bytes, lowest first, and back.
+// A number as four bytes, little endian, and back.
 std::string packed(std::uint32_t number);
 std::uint32_t unpacked(const std::string& bytes, std::size_t from);
 
-// A journal is a file of records. Its first line says what it is. A record is the length of its content, a check sum of
-// the length, a check sum of the content (four bytes each, lowest first), and the content.
+// A journal is a file of records. Its first line is the signature. A record is the length of its content, a checksum of
+// the length, a checksum of the content (four bytes each, little endian), and the content.
 namespace journal {
 
-using Reader = std::function<bool(const std::string& record)>;  // answers whether the record makes sense
+using Reader = std::function<bool(const std::string& record)>;  // false for an invalid record
 
 struct Extent {
-    std::uint64_t size = 0;  // up to the end of the last whole record
-    bool torn = false;       // a part of a record may stand behind it
+    std::uint64_t size = 0;  // up to the end of the last complete record
+    bool torn = false;       // a partial record may follow
 };
 
-// Hands every whole record to `reader` and changes nothing. Another program may append meanwhile. Throws Refusal:
+// Passes every complete record to `reader` and changes nothing. Another program may append meanwhile. Throws Refusal:
 // malformed for a file of another kind and for one that is damaged before its end, refused for one that cannot be read.
 // The file is left as it was, and the sentence is for an administrator.
 Extent read(const std::string& path, Disk& disk, const Reader& reader);
 
-// A record as it stands in the file.
+// A record with its header, as the file holds it.
 std::string framed(const std::string& record);
 
-// Makes a journal of framed records, one behind the other. A file that is there stays until the new one is whole and on
-// the disk itself. Gives its size; nothing if the disk refuses, and nothing has changed then.
+// Writes a journal of framed records, one after the other. An existing file stays until the new one is complete and
+// flushed to the disk. Gives its size; nothing if the disk refuses, and nothing has changed then.
 std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const std::string& records);
 
 }  // namespace journal
@@ -42,18 +42,16 @@ std::optional<std::uint64_t> write(const std::string& path, Disk& disk, const st
 // A journal that grows.
 class JournalFile {
 public:
-    // Opens the file, or makes an empty one, hands its records to `reader`, and cuts off a last one that is not whole.
-    // Throws as journal::read does, and Refusal when the file is in use or cannot be written; it is left as it was
-    // then.
+    // Opens the file, or makes an empty one, passes its records to `reader`, and truncates a torn last one. Throws as
+    // journal::read does, and Refusal when the file is in use or cannot be written; it is left as it was then.
     JournalFile(const std::string& path, Disk& disk, const journal::Reader& reader);
 
     std::uint64_t size() const { return whole_.size; }
 
-    // Appends a record and hands it to the system. False, with nothing appended, if the disk refuses.
+    // Appends a record and writes it to the file. False, with nothing appended, if the disk refuses.
     [[nodiscard]] bool append(const std::string& record);
 
-    // Brings what was appended since the last time onto the disk itself. False if the disk refuses; the next call tries
-    // again.
+    // Flushes what was appended since the last time to the disk. False if the disk refuses; the next call tries again.
     bool sync();
 
     // Replaces the file by one of these framed records; if the disk refuses, nothing changes. Throws Refusal if the
@@ -69,7 +67,7 @@ private:
     std::unique_ptr<DiskFile> file_;
     std::shared_ptr<void> lock_;
     journal::Extent whole_;
-    bool synced_ = true;  // all of it is on the disk itself
+    bool synced_ = true;  // all of it is flushed to the disk
 };
 
 }  // namespace vrix

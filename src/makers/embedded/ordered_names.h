@@ -23,7 +23,7 @@ public:
 
     const std::vector<Entry>& entries() const { return entries_; }
 
-    // The item that is spelled so, or else one whose name differs in case alone; null if there is none.
+    // The item of exactly that name, or else one whose name differs only in case; null if there is none.
     const Entry* find(const std::string& name) const {
         const auto place = placeOf(name);
         return place == places_.end() ? nullptr : &entries_[place->second];
@@ -33,7 +33,7 @@ public:
         return found != nullptr && found->name == name ? found : nullptr;
     }
 
-    // Gives the name that is spelled so another item, or adds it.
+    // Replaces the item of exactly that name, or adds it.
     void set(std::string name, Item item) {
         const auto known = placeOf(name);
         if (known != places_.end() && entries_[known->second].name == name) {

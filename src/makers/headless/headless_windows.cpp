@@ -10,7 +10,7 @@ namespace vrix {
 
 namespace {
 
-// The next answer of a script, or another where none is left.
+// The next answer of a script, or the default where none is left.
 template <class Entry>
 Entry next(std::deque<Entry>& script, const Entry& otherwise) {
     if (script.empty()) return otherwise;

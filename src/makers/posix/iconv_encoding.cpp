@@ -23,7 +23,7 @@ Converter converter(const std::string& to, const std::string& from) {
     return Converter(opened == reinterpret_cast<iconv_t>(-1) ? nullptr : opened);
 }
 
-// Puts the sign in the place of what cannot be turned.
+// Replaces what cannot be converted by the replacement character.
 std::string convert(const Converter& converter, std::string_view text, std::string_view sign) {
     std::string in(text);
     std::string out(4 * in.size() + 1, '\0');

@@ -72,7 +72,7 @@ public:
         return std::rename(by.c_str(), path.c_str()) == 0;
     }
     bool remove(const std::string& path) override { return unlink(path.c_str()) == 0; }
-    // A file beside the locked one, which stays there, empty.
+    // Locks an empty file beside the one to be locked; the lock file stays.
     std::shared_ptr<void> lock(const std::string& path) override {
         const int file = ::open((path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, forAll);
         auto held = std::make_shared<PosixFile>(file);

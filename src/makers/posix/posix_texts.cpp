@@ -11,7 +11,7 @@ namespace vrix {
 
 namespace {
 
-// Null on a system without that locale: there each letter is its own.
+// Without that locale letters are not folded.
 char32_t smallLetter(char32_t letter) {
     static const locale_t letters = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
     if (letters == nullptr) return letter;

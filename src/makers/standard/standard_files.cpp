@@ -13,10 +13,10 @@ namespace {
 
 [[noreturn]] void refuse(FailureNumber number) { throw RuntimeFailure(number); }
 
-// A path of the pages for the disk. It ends at its first zero byte, as in all narrow calls.
+// Decodes a path of the pages for the disk. It ends at its first zero byte, as in all narrow calls.
 std::string pathOf(const std::string& path) { return systemEncoding().decode(path.c_str()); }
 
-// The folder in which a path lies, the current one for a bare name. The dot makes a folder of a bare drive too.
+// The folder of a path, the current one for a bare name. With the dot a bare drive is a folder too.
 std::string folderOf(const std::string& path) {
     constexpr auto ends = std::filesystem::path::preferred_separator == '\\' ? "\\/:" : "/";
     return path.substr(0, path.find_last_of(ends) + 1) + '.';
@@ -29,7 +29,7 @@ public:
     explicit Writer(std::unique_ptr<DiskFile> file) : file_(std::move(file)) {}
     ~Writer() override { handOn(); }
 
-    // What comes behind a line that was lost is refused too: a file without an end shows that it is not whole.
+    // Lines behind a lost one are refused too, so that the file is visibly incomplete.
     void writeLine(const std::string& text) override {
         waiting_.append(text).append("\r\n");
         if (!file_ || isLost_ || (waiting_.size() > portion && !handOn())) refuse(FailureNumber::permissionDenied);
@@ -54,7 +54,7 @@ private:
     bool isLost_ = false;
 };
 
-// The whole file as it was when it was opened. What the disk does not give counts as its end.
+// Reads the whole file at once when it is opened. A read error counts as the end of the file.
 class Reader final : public TextStream {
 public:
     explicit Reader(const std::unique_ptr<DiskFile>& file) {
@@ -75,7 +75,7 @@ public:
 
 private:
     std::string bytes_;
-    std::size_t at_ = 0;  // the first of them that was not read
+    std::size_t at_ = 0;  // the position of the next byte to read
 };
 
 template <class Stream>
@@ -89,7 +89,7 @@ std::unique_ptr<TextStream> opened(Disk& disk, const std::string& path, FileUse 
 
 bool StandardFiles::exists(const std::string& path) { return disk_.kindOf(pathOf(path)) == PathKind::file; }
 
-// The path for the disk. Refuses what stands in the way of any file there.
+// The path for the disk. Refuses a path at which no file can be.
 std::string StandardFiles::placeOf(const std::string& path) {
     const std::string place = pathOf(path);
     const bool isBlank = place.find_first_not_of(" \t") == std::string::npos;

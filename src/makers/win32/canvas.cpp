@@ -76,7 +76,7 @@ void Canvas::cover(double from, double to) {
     coverage_[last] += (to - static_cast<double>(last)) * whole;
 }
 
-// Leaves the coverage empty for the next row.
+// Blends the shape's colour into a row by its coverage, and clears the coverage for the next row.
 void Canvas::blend(int row, Colour colour) {
     std::uint32_t* pixel = pixels_.data() + static_cast<std::ptrdiff_t>(row) * width_;
     const std::uint32_t whole = swapped(colour);

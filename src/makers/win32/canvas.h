@@ -12,8 +12,8 @@ struct Point {
     double y;
 };
 
-// A small picture that is made of shapes, with smooth edges at any scale. Shapes have units of their own; `scale` is
-// the number of pixels to a unit.
+// A small picture made of shapes, antialiased at any scale. Shapes have units of their own; `scale` is the number of
+// pixels to a unit.
 class Canvas {
 public:
     Canvas(int width, int height, double scale, Colour background);
@@ -42,11 +42,11 @@ private:
     double scale_;
     double shift_ = 0;
     std::vector<std::uint32_t> pixels_;
-    std::vector<double> crossings_;  // of the line at work with the edges of a shape
-    std::vector<double> coverage_;   // of the row at work, 0 to 1 for each pixel, and one pixel behind the row
+    std::vector<double> crossings_;  // of the current scan line with the edges of a shape
+    std::vector<double> coverage_;   // of the current row, 0 to 1 for each pixel, and one pixel behind the row
 };
 
-// The points turned by `angle` radians round a centre.
+// The points rotated by `angle` radians about a centre.
 std::vector<Point> turned(std::vector<Point> points, double angle, Point centre);
 
 // The colour that lies `share` of the way from one colour to another.

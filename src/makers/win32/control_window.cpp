@@ -43,8 +43,7 @@ ControlWindow::ControlWindow(FormWindow& owner, Control& control, const WindowKi
       owner_(owner),
       control_(control) {}
 
-// Keys and clicks also come from programs that help people to use the screen. They may send them while a message box is
-// up.
+// Keys and clicks may also be sent by accessibility tools, even while a message box is open.
 bool ControlWindow::takes(UINT message) const {
     const bool key = message >= WM_KEYFIRST && message <= WM_KEYLAST;
     const bool click = message == BM_CLICK || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);

@@ -58,7 +58,7 @@ protected:
     // A box for one line of text: as high as its font needs, in the middle of the control's place.
     RECT lineBox() const;
     void setText(const std::wstring& text);  // if it differs
-    // A text that is cut stands whole in a tip.
+    // Shows the whole text in a tooltip where it is clipped.
     void explain(const std::wstring& text, bool cut) const { owner_.tips().set(handle(), cut ? text : std::wstring()); }
     void setStyle(LONG_PTR bits, bool on);
 

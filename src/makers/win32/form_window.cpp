@@ -106,14 +106,14 @@ void FormWindow::update(const Control& control) {
     for (const auto& window : controls_) window->update();
 }
 
-// While the page takes no input, a change that someone else makes to a control is taken back.
+// While the page takes no input, a change that another program makes to a control is undone.
 void FormWindow::notified(ControlWindow& window, int code) {
     if (takesInput() || screen().quiet()) return window.notified(code);
     const FlagGuard quiet = screen().quietly();
     window.update();
 }
 
-// Labels let moves through to the page, and disabled controls take none, but they cover it.
+// Found by position: labels pass mouse moves on to the page, and disabled controls get none.
 ControlWindow* FormWindow::underPointer() const {
     POINT point{};
     GetCursorPos(&point);
@@ -126,7 +126,7 @@ ControlWindow* FormWindow::underPointer() const {
 
 ControlWindow* FormWindow::followPointer() {
     ControlWindow* under = underPointer();
-    const HWND holder = GetCapture();  // a press that is held leaves all others alone
+    const HWND holder = GetCapture();  // while a press has the mouse capture, no other control is hovered
     for (const auto& window : controls_) {
         window->hovered(window.get() == under && (holder == nullptr || holder == window->handle()));
     }

@@ -41,7 +41,7 @@ public:
     // For the frame: puts the page into it, still hidden; shows it in front of the other pages there, or hides it.
     void moveInto(FrameWindow& frame);
     void setShown(bool shown);
-    // Takes a style, and lays the page out anew if it is another than before.
+    // Sets the style, and lays the page out again if it changed.
     void take(std::shared_ptr<const Style> style);
     // The form was enabled or disabled.
     void takeEnabled();
@@ -51,9 +51,9 @@ public:
     // Shows what changed in a control. A change of a frame concerns all controls on it, so all are brought up to date.
     void update(const Control& control);
 
-    // At the end of an event: the focus goes to where it belongs. `wanted` is the control that is to have it, or null.
+    // At the end of an event: sets the focus. `wanted` is the control that is to have it, or null.
     void settle(const Control* wanted);
-    // The control that the pointer is over, or null; for the caption of a picture, that picture.
+    // Hit test: the control under the pointer, or null; for the caption of a picture, that picture.
     ControlWindow* underPointer() const;
     // Tells all controls whether the pointer is on them. It may have moved, or what it is on may have changed.
     ControlWindow* followPointer();

@@ -15,7 +15,7 @@ namespace {
 
 constexpr DWORD borderedStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr DWORD borderlessStyle = WS_POPUP | WS_CLIPCHILDREN;
-constexpr UINT about = 0x10;  // the platform keeps the last four bits of a command for itself
+constexpr UINT about = 0x10;  // the platform reserves the lowest four bits of a command
 
 WindowKind kindOf(const Form& form) {
     return {frameClass, form.border() == Form::Border::fixed ? borderedStyle : borderlessStyle};
@@ -70,7 +70,7 @@ void FrameWindow::show(FormWindow& page) {
     if (before == nullptr) ShowWindow(handle(), SW_SHOW);
     if (before != nullptr && active()) focusPage();
     if (before != nullptr) before->setShown(false);
-    // The whole page is painted once, when all is in its place.
+    // Paints the whole page once, after the layout.
     RedrawWindow(page.handle(), nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
@@ -123,14 +123,14 @@ void FrameWindow::placeAt(int left, int top, bool wholeOnMonitor) {
     moveTo(area);
 }
 
-// The user, or the platform, has changed how windows look or what room they have.
+// The user, or the platform, has changed themes, colours or the work area.
 void FrameWindow::surroundingsChanged(bool placesToo) {
     edges_ = edgesAt(handle(), dpi_);
     if (shownOpen() && (placesToo || styleFor(page_->form().size()).get() != &page_->style())) fit();
 }
 
-// The frame goes where the platform suggests. While it is dragged from one monitor to another, any other place would
-// take it back to the first.
+// The frame goes where the platform suggests. While it is dragged to another monitor, any other place would move it
+// back to the first.
 void FrameWindow::dpiChanged(int dpi, const RECT& suggested) {
     dpi_ = dpi;
     edges_ = edgesAt(handle(), dpi);
@@ -141,7 +141,7 @@ void FrameWindow::dpiChanged(int dpi, const RECT& suggested) {
     topCentre_ = {(placed_.left + placed_.right) / 2, placed_.top};
 }
 
-// The frame is at another place than the program gave it.
+// Records a move that the program did not make.
 void FrameWindow::moved() {
     const RECT area = areaOf(handle());
     if (IsIconic(handle()) || EqualRect(&area, &placed_)) return;
@@ -162,7 +162,7 @@ void FrameWindow::focusPage() {
     SetFocus(handle());
 }
 
-// A key that goes down or up in another program, or in a menu, does not come here.
+// Alt may have changed in another program, or in a menu: those key messages do not come here.
 void FrameWindow::activated(bool active) {
     if (page_ != nullptr) page_->keyboard().showCues(active && GetKeyState(VK_MENU) < 0);
     if (active) focusPage();

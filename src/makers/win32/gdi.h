@@ -17,7 +17,7 @@ struct GdiDeleter {
 template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
 
-// Selects an object into a device context. The destructor selects the one before again.
+// Selects an object into a device context. The destructor restores the one before.
 class Selected : Fixed {
 public:
     Selected(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
@@ -61,8 +61,8 @@ inline void fill(HDC dc, const RECT& area, COLORREF colour) {
     FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
-// A bitmap in memory to draw on. The destructor copies it to the target as a whole, so nothing flickers. All share one
-// bitmap, so there is one at a time.
+// A back buffer. The destructor copies it to the target as a whole, so nothing flickers. All share one bitmap, so there
+// is one at a time.
 class Buffer : Fixed {
 public:
     Buffer(HDC target, const RECT& area) : target_(target), area_(area), dc_(bitmapFor(area)) {

@@ -37,7 +37,7 @@ void TextBoxWindow::update() {
     if (!unfinished()) show(wide(box_.text()));
 }
 
-// Shows a text with the caret behind the same characters as before.
+// Shows a text, and keeps caret and selection at the same characters.
 void TextBoxWindow::show(const std::wstring& text) {
     const std::wstring before = windowText(handle());
     if (before == text) return;
@@ -48,7 +48,7 @@ void TextBoxWindow::show(const std::wstring& text) {
     send(EM_SETSEL, marked[0], static_cast<LPARAM>(marked[1]));
 }
 
-// Whether a character is still to be completed: by an input method, or by its second half.
+// Whether a character is incomplete: an input method is composing it, or its low surrogate is still to come.
 bool TextBoxWindow::unfinished() const {
     DWORD caret = 0;
     send(EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
@@ -56,7 +56,7 @@ bool TextBoxWindow::unfinished() const {
     return composing_ || (!text.empty() && IS_HIGH_SURROGATE(text.back()));
 }
 
-// The box shows what is kept: characters that the code page lacks turn at once into what it has for them.
+// The box shows what is stored: a character that the code page lacks is replaced at once by what it encodes to.
 void TextBoxWindow::notified(int code) {
     if (code != EN_CHANGE || unfinished()) return;
     const bool taken = ControlWindow::enabled();
@@ -79,7 +79,7 @@ LRESULT TextBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void MarkWindow::show(const std::wstring& caption, bool marked) {
-    constexpr int markWidth = 20;  // with the gap behind it
+    constexpr int markWidth = 20;  // including the gap behind it
     const std::wstring fitting = shortened(font(), caption, style().px(control().bounds().width - markWidth));
     explain(caption, fitting != caption);
     setText(withMark(fitting));
@@ -99,7 +99,7 @@ void CheckBoxWindow::notified(int code) {
     if (code == BN_CLICKED) screen().event([this] { box_.setValue(1 - box_.value()); });
 }
 
-// Not every theme of the platform lets a disabled box look disabled.
+// Some themes do not draw a disabled box as disabled.
 LRESULT CheckBoxWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (IsWindowEnabled(handle())) return MarkWindow::message(message, wParam, lParam);
     if (message == WM_PAINT) return paintDisabled(), 0;

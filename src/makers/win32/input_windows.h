@@ -22,7 +22,7 @@ private:
     bool unfinished() const;
 
     TextBox& box_;
-    bool composing_ = false;  // an input method is at work on a character
+    bool composing_ = false;  // an input method is composing a character
 };
 
 // A check box or an option button.
@@ -31,7 +31,7 @@ public:
     using ControlWindow::ControlWindow;
 
 protected:
-    // Shows the caption, cut if it has no room, and the mark.
+    // Shows the caption, shortened if it has no room, and the mark.
     void show(const std::wstring& caption, bool marked);
 };
 

@@ -66,7 +66,7 @@ bool Keyboard::isDefault(const Control& control) const {
 bool Keyboard::translate(MSG& message) {
     if (message.hwnd != page_.handle() && !IsChild(page_.handle(), message.hwnd)) return false;
     followAlt(message);
-    // Of the access keys only those count that a control declares, whatever "&" its text holds.
+    // Only access keys that a control declares count, whatever "&" its text holds.
     if (message.message == WM_CHAR) return false;
     if (message.message == WM_SYSCHAR) return pressAccessKey(message);
     return takesShortcut(message) || takesKey(message) || takesArrow(message) ||
@@ -79,7 +79,7 @@ void Keyboard::followAlt(const MSG& message) {
     if (message.message == WM_SYSKEYUP || message.message == WM_KEYUP) showCues(false);
 }
 
-// The platform tells its own controls in the same way.
+// With the message that the platform sends to its own controls.
 void Keyboard::showCues(bool shown) {
     if (shown == cues_ || cuesAlwaysShown()) return;
     SendMessageW(page_.handle(), WM_UPDATEUISTATE, MAKEWPARAM(shown ? UIS_CLEAR : UIS_SET, UISF_HIDEACCEL), 0);
@@ -102,12 +102,12 @@ bool Keyboard::takesShortcut(const MSG& message) {
     const auto found = key ? shortcuts.find(*key) : shortcuts.end();
     if (found == shortcuts.end()) return false;
     page_.screen().event(found->second);
-    // The platform is to see that Alt was not pressed alone, else it opens the window's menu when Alt is let go.
+    // The platform must see that Alt was not pressed alone, else releasing Alt opens the window's menu.
     DefWindowProcW(page_.handle(), message.message, message.wParam, message.lParam);
     return true;
 }
 
-// Handles Enter, and stops a key that is still held from the page before.
+// Handles Enter, and ignores key repeats of a key held since the page before.
 bool Keyboard::takesKey(const MSG& message) {
     if (message.message != WM_KEYDOWN || (message.wParam != VK_RETURN && message.wParam != VK_SPACE)) return false;
     const bool held = isHeld(message.lParam);
@@ -120,7 +120,7 @@ bool Keyboard::takesKey(const MSG& message) {
     return enter || (held && (focused == nullptr || !is<TextBox>(focused->control())));
 }
 
-// From a button the arrow keys move as the eye sees: to the next button on that side.
+// From a button the arrow keys move the focus to the nearest button on that side.
 bool Keyboard::takesArrow(const MSG& message) {
     if (message.message != WM_KEYDOWN || !isArrow(message.wParam)) return false;
     const ControlWindow* from = focused();

@@ -23,18 +23,18 @@ public:
     bool cuesShown() const { return cues_; }
     void showCues(bool shown);
 
-    // Handles a message of the queue if it is a key that works on the page. False: it is to be handled as any other.
+    // Handles a queued message if it is a key for the page. False: the caller dispatches it.
     bool translate(MSG& message);
     // Answers what the platform asks the window of the page about focus and default button. Nothing for all else.
     std::optional<LRESULT> message(UINT message, WPARAM wParam, LPARAM lParam);
 
-    // Makes the next restoreFocus() begin at the first input.
+    // Forgets the last focus: the next restoreFocus() begins at the first input.
     void forgetFocus() { last_ = nullptr; }
     // A control of the page took the focus.
     void focusTaken(ControlWindow& window);
-    // Gives the focus to the control that had it last, or to the one that stands in for it, or else to the first input.
+    // Gives the focus to the control that had it last, or to its stand-in, or else to the first input.
     void restoreFocus();
-    // Takes the focus from a control that is about to be hidden or disabled. It waits on the page until settle().
+    // Takes the focus from a control that is about to be hidden or disabled. The page has it until settle().
     void takeFocusAway();
     // At the end of an event: gives the focus to the control that is to have it. Null: it stays where it can.
     void settle(const Control* wanted);
@@ -57,7 +57,7 @@ private:
     ControlWindow* neighbour(const ControlWindow& from, WPARAM arrow) const;
 
     FormWindow& page_;
-    ControlWindow* shownDefault_ = nullptr;  // what was drawn last as that which Enter presses
+    ControlWindow* shownDefault_ = nullptr;  // the control that was drawn last as the default button
     ControlWindow* last_ = nullptr;          // what had the focus last
     bool cues_;
 };
@@ -65,7 +65,7 @@ private:
 // The letter of the access key that is underlined in a control; 0 for none.
 char shownKey(const Control& control);
 
-// Whether a key message comes from a key that is held down, not newly pressed.
+// Whether a key message is an automatic repeat.
 inline bool isHeld(LPARAM keyData) { return (HIWORD(keyData) & KF_REPEAT) != 0; }
 
 }  // namespace vrix

@@ -28,7 +28,7 @@ void RowsWindow::showRows(std::vector<std::string> wanted) {
     auto first = static_cast<std::size_t>(old - shown_.begin());
     auto oldEnd = static_cast<std::size_t>(ends.first.base() - shown_.begin());
     auto end = static_cast<std::size_t>(ends.second.base() - wanted.begin());
-    if (oldEnd - first + end - first > wanted.size()) {  // to fill the list anew is less work
+    if (oldEnd - first + end - first > wanted.size()) {  // refilling the list is less work
         send(messages_.clear);
         first = oldEnd = 0;
         end = wanted.size();
@@ -102,8 +102,8 @@ void ComboBoxWindow::keepListOnMonitor() const {
     SetWindowPos(list, nullptr, left, area.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
-// One choice comes as several notifications. Their order depends on how the user chose. A message that arrives behind
-// the last handles them together.
+// One choice comes as several notifications. Their order depends on how the user chose. A posted message, which arrives
+// behind the last, handles them together.
 void ComboBoxWindow::notified(int code) {
     if (code == CBN_DROPDOWN) {
         raised_ = false;
@@ -169,7 +169,7 @@ void MarkListWindow::showAllRows() {
     std::vector<std::string> texts;
     for (const MarkList::Row& row : list_.rows()) texts.push_back(row.text);
     showRows(std::move(texts));
-    // A list that was filled anew begins at its top.
+    // A refilled list is scrolled to its top.
     if (cleared_) {
         send(LB_SETCARETINDEX, 0, FALSE);
         send(LB_SETTOPINDEX, 0);
@@ -185,7 +185,7 @@ std::vector<bool> MarkListWindow::shownMarks() const {
     return marks;
 }
 
-// When the program marks rows, the focused row and the visible part of the list stay the same.
+// When the program marks rows, the focused row and the scroll position stay the same.
 void MarkListWindow::showMarks() {
     const std::vector<bool> shown = shownMarks();
     const auto caret = static_cast<WPARAM>(send(LB_GETCARETINDEX));
@@ -219,7 +219,7 @@ LRESULT MarkListWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// A row that is cut stands whole in a tip while the pointer is on it.
+// Shows the whole text of a clipped row in a tooltip while the pointer is on it.
 void MarkListWindow::explainRow(LPARAM pointer) {
     const auto hit = send(LB_ITEMFROMPOINT, 0, pointer);
     const int row = HIWORD(hit) != 0 ? -1 : LOWORD(hit);

@@ -8,8 +8,8 @@
 
 namespace vrix {
 
-// A native list. Its rows are brought in line with those of the program at the end of an event, however often the event
-// changed them. Only the rows between the first and the last difference are replaced.
+// A native list. Its rows are synchronized with the program's at the end of an event, however often the event changed
+// them. Only the rows between the first and the last difference are replaced.
 class RowsWindow : public ControlWindow {
 public:
     void rowsChanged(RowChange /*change*/) override { rowsDiffer_ = true; }

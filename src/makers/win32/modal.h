@@ -10,9 +10,9 @@
 
 namespace vrix {
 
-// What a dialog of the platform needs: it comes in front of a screen that is up to date. While this lasts, all windows
-// of the program are disabled: the owner by the dialog, the others here. The current folder stays: a file dialog takes
-// the program to the folder of the file, even if it is told not to.
+// Scope of a dialog of the platform: it opens in front of an up-to-date screen. Meanwhile all windows of the program
+// are disabled: the owner by the dialog, the others here. The current folder is restored: a file dialog changes it even
+// if told not to.
 class Modal : Fixed {
 public:
     explicit Modal(Win32Screen& screen);

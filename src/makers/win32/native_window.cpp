@@ -11,13 +11,14 @@ namespace vrix {
 
 namespace {
 
-// A handle comes from messages too, of which anyone can send one. So it is looked up, and never taken for an object.
+// Handles also come in messages, which any program can send. So objects are looked up by handle; a handle is never cast
+// to an object.
 std::unordered_map<HWND, NativeWindow*>& objects() {
     static std::unordered_map<HWND, NativeWindow*> all;
     return all;
 }
 
-// Not shared: the platform would give the size that was loaded first for the other one too.
+// Not LR_SHARED: the platform would return the size that was loaded first for both.
 HICON programIcon(int width, int height) {
     return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON,
                                          GetSystemMetrics(width), GetSystemMetrics(height), LR_DEFAULTCOLOR));
@@ -37,7 +38,7 @@ void registerClasses() {
     RegisterClassExW(&kind);
 }
 
-// The window is made in its place: each later change of it asks the platform once more.
+// The window is created at its place: a later move costs another call.
 HWND makeWindow(const WindowKind& kind, HWND parent, const RECT& place, UINT_PTR id) {
     [[maybe_unused]] static const bool registered = (registerClasses(), true);
     const HWND window = CreateWindowExW(kind.extendedStyle, kind.className, L"", kind.style, place.left, place.top,

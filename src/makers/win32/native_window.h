@@ -19,8 +19,8 @@ struct WindowKind {
 inline constexpr const wchar_t* frameClass = L"VrixFrame";
 inline constexpr const wchar_t* formClass = L"VrixForm";
 
-// A native window whose messages come to its object. The object destroys the window, unless that went before, together
-// with its parent.
+// A native window whose messages its object handles. The object destroys the window, unless the parent has destroyed it
+// before.
 class NativeWindow : Fixed {
 public:
     // The object of a window; null for a window that has none.
@@ -33,13 +33,13 @@ protected:
     // Makes the window. Throws std::runtime_error where the platform refuses it.
     NativeWindow(Win32Screen& screen, const WindowKind& kind, HWND parent, const RECT& place = {}, UINT_PTR id = 0);
     virtual ~NativeWindow() { destroy(); }
-    // For the destructor of a class that handles messages: none comes any more.
+    // For the destructor of a class that handles messages: destroys the window, so no more messages come.
     void destroy();
 
     Win32Screen& screen() const { return screen_; }
     // Whether a message is handled at present, and not answered with 0.
     virtual bool takes(UINT /*message*/) const { return true; }
-    // Handles a message. What a class does not handle goes on to its base, and here to the platform.
+    // Handles a message. A class passes on to its base what it does not handle; this one passes it to the platform.
     virtual LRESULT message(UINT message, WPARAM wParam, LPARAM lParam);
 
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
@@ -62,7 +62,7 @@ protected:
 
 // The outer rectangle of a window on the screen.
 RECT areaOf(HWND window);
-// What of a monitor the desktop's own bars leave free.
+// The part of a monitor outside the taskbar and other desktop bars.
 RECT workAreaOf(HMONITOR monitor);
 
 }  // namespace vrix

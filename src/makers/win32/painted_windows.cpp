@@ -44,7 +44,7 @@ LRESULT PaintedWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         case WM_PRINTCLIENT: paint(reinterpret_cast<HDC>(wParam), area); return 0;
         case WM_MOUSEMOVE: {
-            // The pointer may leave to another window, which tells the page nothing.
+            // When the pointer leaves to another window, the page gets no other message.
             TRACKMOUSEEVENT leaving{sizeof(leaving), TME_LEAVE, handle(), 0};
             TrackMouseEvent(&leaving);
             owner().followPointer();
@@ -71,13 +71,13 @@ void LabelWindow::update() {
     const SIZE size = measured(font(), caption, area.right, lines | DT_NOPREFIX);
     const bool cut = oneLine() ? size.cx > area.right : size.cy > area.bottom;
     explain(caption, cut);
-    // For the tip, and to press its picture. Else moves of the mouse go to the page.
+    // For the tooltip, and to press its picture. Else mouse messages go to the page.
     setStyle(SS_NOTIFY, cut || label_.presses != nullptr);
 }
 
 bool LabelWindow::oneLine() const { return clientArea().bottom < 2 * style().lineHeight(label_.look()); }
 
-// The picture takes a press on its caption. It captures the mouse with the press.
+// A press on the caption goes to its picture, which captures the mouse.
 LRESULT LabelWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
     const bool press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
     if (!press || label_.presses == nullptr) return PaintedWindow::message(message, wParam, lParam);
@@ -115,7 +115,7 @@ void PressableWindow::press() {
     const POINT middle{area.right / 2, area.bottom / 2};
     pressed(middle);
     released(middle);
-    // A press leaves a button with its hover face. That stays only if the pointer is on it.
+    // After a press a button has its hover face. It keeps that only if the pointer is on it.
     owner().followPointer();
 }
 
@@ -135,7 +135,7 @@ LRESULT PressableWindow::message(UINT message, WPARAM wParam, LPARAM lParam) {
             if (!takesFocus()) return DLGC_STATIC;
             return DLGC_BUTTON | (owner().keyboard().isDefault(control()) ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
         case BM_CLICK: press(); return 0;
-        case BM_SETSTYLE:  // the dialog manager would give it the look of the platform
+        case BM_SETSTYLE:  // ignored: the dialog manager would set the platform's own style
         case BM_SETSTATE: return 0;
         case WM_CAPTURECHANGED:  // the press ends without a release
             if (std::exchange(captured_, false)) hovered(false);
@@ -152,7 +152,7 @@ bool PressableWindow::mouseMessage(UINT message, WPARAM wParam, POINT at) {
         case WM_LBUTTONDBLCLK:
             if (takesFocus()) SetFocus(handle());
             SetCapture(handle());
-            captured_ = true;  // a press that brings a message box loses it at once
+            captured_ = true;  // a press that opens a message box loses it at once
             pressed(at);
             return true;
         case WM_LBUTTONUP:

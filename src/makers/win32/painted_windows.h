@@ -7,7 +7,8 @@
 
 namespace vrix {
 
-// A control that the program draws itself. Its native class tells a screen reader its role, its text the name.
+// A control that the program draws itself. A screen reader takes the role from its native class, the name from its
+// text.
 class PaintedWindow : public ControlWindow {
 public:
     using ControlWindow::ControlWindow;
@@ -16,7 +17,7 @@ public:
 protected:
     LRESULT message(UINT message, WPARAM wParam, LPARAM lParam) override;
     virtual void paint(HDC dc, const RECT& area) = 0;
-    // Draws a caption of the control. Its access key is underlined while the user asks for such.
+    // Draws a caption of the control. Its access key is underlined while access keys are shown.
     void drawCaption(HDC dc, Colour colour, const std::string& caption, const RECT& area, UINT format) const;
 };
 
@@ -96,7 +97,7 @@ private:
     bool isOnLabel(POINT at) const;
 
     ImageButton& button_;
-    bool onLabel_ = false;  // the press that holds the mouse was on the label
+    bool onLabel_ = false;  // the press that captured the mouse was on the label
 };
 
 }  // namespace vrix

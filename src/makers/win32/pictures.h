@@ -8,8 +8,8 @@ namespace vrix {
 
 // The pictures of the program, drawn by code. Each fills a rectangle of `dc` whole, on a background colour.
 
-// Without `tile` the picture stands free; with it, on a tile that tells whether the pointer is on it, whether it is
-// pressed and whether it has the focus.
+// Without `tile` the picture has no frame; with it, it is on a tile that shows whether it is hovered, pressed or
+// focused.
 enum class Tile { none, rest, hover, pressed };
 void drawArt(HDC dc, const RECT& area, Art art, Tile tile, bool focused, const Palette& palette, Colour background);
 

@@ -15,7 +15,7 @@ namespace vrix {
 
 namespace {
 
-// By the rules of file system and registry, one letter for one.
+// Lowercase by the rules of file system and registry, one letter for one.
 char32_t smallLetter(char32_t letter) {
     const auto unit = static_cast<wchar_t>(letter);
     wchar_t lower = unit;
@@ -24,7 +24,7 @@ char32_t smallLetter(char32_t letter) {
 }
 
 std::optional<std::wstring> variable(const wchar_t* name) {
-    std::wstring text(32'767, L'\0');  // the platform knows no longer one
+    std::wstring text(32'767, L'\0');  // the longest that the platform allows
     SetLastError(ERROR_SUCCESS);
     text.resize(GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size())));
     return GetLastError() == ERROR_ENVVAR_NOT_FOUND ? std::nullopt : std::optional(text);
@@ -50,7 +50,7 @@ std::string guide() {
 void hardenProcess() {
     constexpr DWORD systemFolderOnly = 0x800;  // LOAD_LIBRARY_SEARCH_SYSTEM32
     using Restrict = BOOL(WINAPI*)(DWORD);
-    // Systems without updates lack it.
+    // Unpatched systems lack it.
     const auto restrictTo = libraryFunction<Restrict>(L"kernel32.dll", "SetDefaultDllDirectories");
     if (restrictTo != nullptr) restrictTo(systemFolderOnly);
 }

@@ -5,7 +5,8 @@
 
 namespace vrix {
 
-// What every program does at its start. Nothing here needs the libraries of windows, which the command line spares.
+// What every program does at its start. Nothing here needs the windowing libraries, which the command line does not
+// load.
 
 // To be called first. From then on the process loads libraries from the system's folder only.
 void hardenProcess();

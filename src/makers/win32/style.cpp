@@ -75,8 +75,8 @@ bool Preferences::operator==(const Preferences& other) const {
            palette == other.palette;
 }
 
-// The font that the platform gives follows the text size, and may be large without it. It is taken back to the height
-// for which the pages are made, and what it was higher counts as text size: so the page grows with its texts.
+// The platform's message font grows with the text size, and may be large without it. It is scaled back to the height
+// for which the pages are made, and the excess counts as text size: so the page grows with its texts.
 Preferences currentPreferences() {
     constexpr int plainHeight = 12;  // 9 points
     Preferences found{messageFont(), chosenTextScale(), currentPalette()};
@@ -132,7 +132,7 @@ void Styles::refresh() {
 }
 
 void draw(HDC dc, int left, int top, const Canvas& canvas) {
-    BITMAPINFO info{};  // its rows from the top
+    BITMAPINFO info{};  // top-down rows
     info.bmiHeader = {sizeof(info.bmiHeader), canvas.width(), -canvas.height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     const auto rows = static_cast<UINT>(canvas.height());
     SetDIBitsToDevice(dc, left, top, static_cast<DWORD>(canvas.width()), rows, 0, 0, 0, rows, canvas.pixels().data(),
@@ -160,7 +160,7 @@ void drawText(HDC dc, HFONT font, Colour colour, const std::wstring& text, RECT 
 
 std::wstring shortened(HFONT font, const std::wstring& text, int width) {
     std::wstring fitting = text;
-    fitting.resize(text.size() + 4);  // the platform may write that much behind it
+    fitting.resize(text.size() + 4);  // the platform may append that much
     const WindowDc screen(nullptr);
     const Selected selected(screen, font);
     RECT area{0, 0, width, 0};

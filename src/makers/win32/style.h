@@ -76,14 +76,14 @@ private:
     Palette palette_;
 };
 
-// The styles of all pages. A page whose style is another than the one for its scale is to be laid out anew.
+// The styles of all pages. A cache by scale: a page whose style is not the one for its scale must be laid out again.
 class Styles {
 public:
     std::shared_ptr<const Style> at(int dpi);
     // The scale of a page on a monitor. A larger text size makes the whole page larger, as a finer monitor does.
     int withTextScale(int dpi) const { return MulDiv(dpi, preferences_.textScale, 100); }
 
-    // Makes all styles anew; refresh() does so only if the user's preferences have changed.
+    // Reads the preferences and clears the cache; refresh() does so only if they have changed.
     void renew();
     void refresh();
 
@@ -95,17 +95,17 @@ private:
 // Draws a canvas with its corner at a point.
 void draw(HDC dc, int left, int top, const Canvas& canvas);
 
-// The text with every "&" doubled, for a native control or a drawing that takes it as the mark of an access key, and
-// with that mark in front of the letter of its own key, if it has one.
+// The text with every "&" escaped as "&&", for a native control or drawing that takes "&" as the mark of an access key,
+// and with "&" in front of the letter of its own access key, if it has one.
 std::wstring withMark(const std::wstring& text, char accessKey = '\0');
 
-// Draws a text on what is there.
+// Draws a text with a transparent background.
 void drawText(HDC dc, HFONT font, Colour colour, const std::wstring& text, RECT area, UINT format);
 
 // The size that a text takes in a width.
 SIZE measured(HFONT font, const std::wstring& text, int width, UINT format);
 
-// A line of text as it fits into a width: a longer one ends in "...".
+// A line of text that fits a width: a longer one ends in "...".
 std::wstring shortened(HFONT font, const std::wstring& text, int width);
 
 }  // namespace vrix

@@ -4,7 +4,7 @@ namespace vrix {
 
 namespace {
 
-// As the program's second manifest has it. A program without one gets the old controls.
+// The activation context of the program's second manifest. A program without one gets the classic controls.
 HANDLE controlsContext() {
     static const HANDLE made = [] {
         constexpr int manifest = 2;

@@ -6,9 +6,8 @@
 
 namespace vrix {
 
-// While it lasts, windows and dialogs that are made have the platform's present controls, instead of those of old.
-// Their library is loaded by the first such window. That takes a tenth of the program's start, and the splash needs
-// none.
+// While it lives, new windows and dialogs get the platform's themed controls, not the classic ones. Their library is
+// loaded by the first such window. That takes a tenth of the program's start, and the splash needs none.
 class ThemedControls : Fixed {
 public:
     ThemedControls();

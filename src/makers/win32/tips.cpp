@@ -11,7 +11,7 @@ namespace {
 
 HWND makeTipWindow(HWND owner) {
     const ThemedControls themed;
-    // Few windows need a tip, so the library is loaded at the first.
+    // Few windows need a tooltip, so the library is loaded for the first one.
     constexpr INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_BAR_CLASSES};
     using Init = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
     const auto init = libraryFunction<Init>(L"comctl32.dll", "InitCommonControlsEx");
@@ -42,7 +42,7 @@ void Tips::set(HWND child, const std::wstring& text) {
 }
 
 void Tips::setAt(HWND child, LPARAM place, const std::wstring& text) {
-    set(child, {});  // so that the tip of the place before goes
+    set(child, {});  // removes the tooltip of the place before
     set(child, text);
     MSG move{child, WM_MOUSEMOVE, 0, place, GetTickCount(), {}};
     SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));

@@ -9,7 +9,7 @@ namespace vrix {
 std::wstring wide(std::string_view text, unsigned codePage) {
     const int size = static_cast<int>(text.size());
     if (size == 0) return {};
-    std::wstring result(text.size(), L'\0');  // no character has more units than bytes
+    std::wstring result(text.size(), L'\0');  // no character has more UTF-16 code units than bytes
     result.resize(static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), size, result.data(), size)));
     return result;
 }

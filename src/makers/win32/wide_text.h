@@ -9,10 +9,10 @@ namespace vrix {
 
 std::wstring wide(std::string_view text, unsigned codePage = 0);
 
-// What the code page lacks comes as the platform's likeness of it, or as "?".
+// A character that the code page lacks becomes a best-fit character or "?".
 std::string narrow(std::wstring_view text, unsigned codePage = 0);
 
-// UTF-8 that keeps half characters, and back.
+// UTF-8 to UTF-16 and back; unpaired surrogates are kept.
 std::wstring utf8ToWide(std::string_view text);
 std::string wideToUtf8(std::wstring_view text);
 

@@ -37,7 +37,7 @@ bool put(DWORD stream, const std::string& text) {
 
 HANDLE input() { return GetStdHandle(STD_INPUT_HANDLE); }
 
-// Its output waits for the end, or for much of it.
+// Its output is buffered.
 class Win32Console final : public Console, Fixed {
 public:
     ~Win32Console() override { handOn(); }
@@ -81,7 +81,7 @@ private:
     }
 
     std::string waiting_;
-    bool isWhole_ = true;  // all of it has arrived
+    bool isWhole_ = true;  // no output was lost
 };
 
 }  // namespace

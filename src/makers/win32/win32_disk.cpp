@@ -103,7 +103,7 @@ public:
                SetFileAttributesW(file.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY}) != FALSE &&
                DeleteFileW(file.c_str()) != FALSE;
     }
-    // A file beside the locked one, which the system deletes when the program ends, even if it crashes.
+    // Locks a file beside the one to be locked. The system deletes it when the program ends, even after a crash.
     std::shared_ptr<void> lock(const std::string& path) override {
         constexpr DWORD shared = 0;  // with no one
         const HANDLE file =
@@ -124,7 +124,7 @@ public:
         for (const std::wstring& name : filesFound(utf8ToWide(folder + "\\*"))) names.push_back(wideToUtf8(name));
         return names;
     }
-    // The system finds files also by their short names, whose endings are cut: those do not count.
+    // The system also matches short names, whose extensions are truncated: those are filtered out.
     std::vector<std::string> filesOf(const std::string& pattern) override {
         const std::size_t last = pattern.find_last_of("*?");
         if (last == std::string::npos) return {pattern};

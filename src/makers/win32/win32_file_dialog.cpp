@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t roomForPath = 32768;
 
-// The pairs as the platform takes them: each text ends with a zero byte, the last with two.
+// The pairs as the platform takes them: each text is zero-terminated, the list ends with one more zero.
 std::wstring filterPairs(const std::string& filter) {
     std::wstring pairs = wide(filter);
     std::replace(pairs.begin(), pairs.end(), L'|', L'\0');
@@ -32,7 +32,7 @@ constexpr const wchar_t* dialogLibrary = L"comdlg32.dll";
 
 const wchar_t* orNothing(const std::wstring& text) { return text.empty() ? nullptr : text.c_str(); }
 
-// The path by the short names that the disk keeps for whatever is there; as it is where it keeps none.
+// The path with the short names of the parts that exist; unchanged where the disk keeps none.
 std::wstring shortPath(const std::wstring& path) {
     std::wstring text(roomForPath, L'\0');
     text.resize(GetShortPathNameW(path.c_str(), text.data(), static_cast<DWORD>(text.size())));
@@ -68,7 +68,7 @@ std::optional<std::wstring> chosenPath(Win32Screen& screen, const FileQuestion& 
     dialog.hwndOwner = modal.owner();
     bool chosen = show(&dialog) != FALSE;
     if (!chosen && failure() == FNERR_INVALIDFILENAME) {
-        path[0] = L'\0';  // a name that no file can have: the dialog opens without one
+        path[0] = L'\0';  // no file can have that name: the dialog opens without one
         chosen = show(&dialog) != FALSE;
     }
     return chosen ? std::optional<std::wstring>(path.data()) : std::nullopt;

@@ -6,8 +6,8 @@ namespace vrix {
 
 class Win32Screen;
 
-// The platform's own dialogs, in front of all windows of the program. A file that the code page cannot name comes by
-// its short path. Where it has none the user is told so.
+// The platform's own dialogs, in front of all windows of the program. A path that the code page cannot encode is
+// returned as its short path. Where it has none the user is told so.
 class Win32FileDialog final : public FileDialog {
 public:
     explicit Win32FileDialog(Win32Screen& screen) : screen_(screen) {}

@@ -12,7 +12,7 @@ HKEY native(RegistryKey key) { return reinterpret_cast<HKEY>(key); }
 
 RegistryStatus status(LSTATUS code) { return static_cast<RegistryStatus>(code); }
 
-// The right by which a view is asked for. A key opened by it stands in that view, but calls below it must ask again.
+// The access right that selects a view. A key opened with it is in that view, but calls below it must pass it again.
 DWORD viewRight(RegistryView view) {
     switch (view) {
         case RegistryView::own: return 0;
@@ -22,7 +22,7 @@ DWORD viewRight(RegistryView view) {
     return 0;
 }
 
-// The narrow calls, whose texts are the store's own.
+// The narrow calls: texts are bytes of the system's code page.
 struct Narrow {
     using Text = std::string;
     static constexpr auto open = RegOpenKeyExA;
@@ -42,7 +42,7 @@ struct Narrow {
     static std::string fromWide(const std::wstring& text) { return narrow(text); }
 };
 
-// The wide calls. Texts of the store are UTF-8.
+// The wide calls: texts are converted from and to UTF-8.
 struct Wide {
     using Text = std::wstring;
     static constexpr auto open = RegOpenKeyExW;
@@ -168,7 +168,7 @@ public:
     }
 
     std::string expandEnvironment(const std::string& text) override {
-        constexpr std::size_t longestText = 32'766;  // the platform loses what is longer
+        constexpr std::size_t longestText = 32'766;  // the platform loses longer ones
         const std::wstring plain = Calls::toWide(text.c_str());
         std::wstring expanded;
         DWORD needed = plain.size() > longestText ? 0 : ExpandEnvironmentStringsW(plain.c_str(), nullptr, 0);
@@ -180,7 +180,7 @@ public:
     }
 
 private:
-    // Hands on the key that a call has opened, or none if the call was refused.
+    // Sets the key that a call has opened, or 0 if the call was refused.
     static RegistryStatus opened(LSTATUS code, HKEY handle, RegistryKey& key) {
         key = code == ERROR_SUCCESS ? reinterpret_cast<RegistryKey>(handle) : 0;
         return status(code);

@@ -152,7 +152,7 @@ void Win32Screen::hide(Form& form) {
     if (window->onScreen()) window->frame().hide();
 }
 
-// The frame of a form that goes; else one that was left behind hidden; else a new one.
+// Reuses the frame of a form that is being hidden; else a frame that is hidden; else a new one.
 FrameWindow& Win32Screen::frameFor(const Form& form) {
     FrameWindow* free = nullptr;
     for (const auto& frame : frames_) {
@@ -164,8 +164,8 @@ FrameWindow& Win32Screen::frameFor(const Form& form) {
     return *frames_.emplace_back(std::make_unique<FrameWindow>(*this, form));
 }
 
-// Whether the form lies on the way that led to where the user is: then it comes back, as by Back or Exit. Otherwise it
-// is the next step of the way.
+// Whether the form is on the navigation stack: then it comes back, as by Back or Exit, and those above it are popped.
+// Otherwise it is pushed.
 bool Win32Screen::comesBack(const Form& form) {
     const auto place = std::find(way_.begin(), way_.end(), &form);
     const bool back = place != way_.end();

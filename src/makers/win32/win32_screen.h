@@ -19,7 +19,7 @@ namespace vrix {
 // What the windows say of the program.
 struct Identity {
     std::string captionEnd;  // behind each caption
-    std::string about;       // in UTF-8, told by an entry of the window's menu; empty for no entry
+    std::string about;       // in UTF-8, shown by an entry of the window's menu; empty for no entry
 };
 
 class FormWindow;
@@ -27,7 +27,7 @@ class FrameWindow;
 class Styles;
 class TimerWindow;
 
-// Sets a flag while it lasts.
+// Sets a flag for its lifetime.
 class FlagGuard : Fixed {
 public:
     FlagGuard(bool& flag, bool value) : flag_(flag), before_(std::exchange(flag, value)) {}
@@ -39,7 +39,7 @@ private:
 };
 
 // The real screen. Each form gets a native window when it is first shown, and each control a window on it. A form that
-// comes takes the frame of one that goes in the same event: to the user, all pages are one window.
+// is shown takes the frame of one that is hidden in the same event: to the user, all pages are one window.
 class Win32Screen final : public Screen {
 public:
     Win32Screen();
@@ -73,7 +73,7 @@ public:
             pause();
         });
     }
-    // While it lasts, the program changes the screen, and events that this causes are ignored.
+    // While the result lives, events caused by the program's own changes to the screen are ignored.
     FlagGuard quietly() { return {quiet_, true}; }
     bool quiet() const { return quiet_; }
 
@@ -97,7 +97,7 @@ private:
     std::unique_ptr<Styles> styles_;
     std::map<Form*, std::unique_ptr<FormWindow>> forms_;
     std::vector<std::unique_ptr<FrameWindow>> frames_;  // also those that are hidden at present; they go first
-    std::vector<const Form*> way_;                      // the forms that led to the one in front, which is the last
+    std::vector<const Form*> way_;                      // the navigation stack; the form in front is the last
     std::vector<Form*> changedForms_;                   // in the order of their first change
     std::set<Control*> changedControls_;
     const Control* wanted_ = nullptr;  // what is to have the focus at the end of the event

@@ -15,8 +15,8 @@ Delete2::Delete2(Toolkit& owner) : Page(owner, "Delete2", "Confirm Product Delet
     ExitBtn.action = [this] { exitToMain(); };
 }
 
-// Keys go before their parents, since a key with subkeys is not deleted. The list row goes last: after an interrupted
-// delete the Product is still listed and can be deleted again. Other keys below its root stay.
+// Keys are deleted before their parents, since a key with subkeys is not deleted. The list row is deleted last: after
+// an interrupted delete the Product is still listed and can be deleted again. Other keys below its root stay.
 void Delete2::DeleteProduct() {
     const ComboBox& list = toolkit.delete1.ProductList;
     const SelectedProduct product = chosenProduct(toolkit, list);

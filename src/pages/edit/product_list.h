@@ -6,8 +6,8 @@
 
 namespace vrix {
 
-// Fills a list with all Products, the installed tree first, and makes the first one current. With no Product at all
-// the list's page gives way to the main screen, which tells the user.
+// Fills a list with all Products, the installed tree first, and makes the first one current. With no Product at all the
+// main screen replaces the list's page, and tells the user.
 void fillProductList(const Toolkit& toolkit, ComboBox& list);
 
 // The Product at the current row of such a list. The row alone decides on its tree; a name that its tree does not list

@@ -18,7 +18,7 @@ public:
 
     explicit Create18(Toolkit& owner);
     void initThis18();
-    // A path as it stands in a settings file.
+    // Escapes a path for a settings file.
     static std::string regslashes(const std::string& path);
 
 private:

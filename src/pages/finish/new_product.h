@@ -7,7 +7,7 @@
 namespace vrix {
 
 // Both read a new Product from the controls and tables of all pages, also of those that were never shown. Failure 9 or
-// 13 where the Topics pages hold fewer rows than they count.
+// 13 where the tables of the Topics pages have fewer rows than their counts.
 
 // Saves the Product in the develop tree, on top of what its key holds. A save that the store refuses is silent.
 void saveNewProduct(const Toolkit& toolkit, const std::string& timeStamp);

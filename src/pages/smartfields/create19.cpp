@@ -111,7 +111,7 @@ void Create19::deleteThis19() {
     }
 }
 
-// Moves the SmartFields that are not empty to the front. The elements behind the last of them keep their old text.
+// Moves the SmartFields that are not empty to the front. The elements behind the last of them keep stale text.
 void Create19::compact() {
     int written = 0;
     for (int read = 0; read < SmartFieldCount; ++read) {

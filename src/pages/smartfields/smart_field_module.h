@@ -4,8 +4,8 @@
 
 namespace vrix {
 
-// The SmartFields of the Product at work, with their delimiters. How many there are, Create19 counts; elements behind
-// them hold old text.
+// The SmartFields of the current Product, with their delimiters. Create19 has their count; elements behind them hold
+// stale text.
 struct SmartFieldModule {
     TextTable SmartFieldList;
 };

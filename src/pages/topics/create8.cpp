@@ -144,7 +144,7 @@ void Create8::removeTopic(int row) {
     Topics.setListIndex(i - 1);
 }
 
-// Moves every Topic that has a name to the front. The elements behind the last of them keep their old text.
+// Moves every Topic that has a name to the front. The elements behind the last of them keep stale text.
 void Create8::compact() {
     int written = 0;
     const int elements = static_cast<int>(TopicNames.count());
@@ -156,8 +156,8 @@ void Create8::compact() {
     }
 }
 
-// Keeps the counts of the Topics in step. For a Topic behind the standard set only the second count goes down: until
-// the counts are read again, the standard set has one row more.
+// Updates the counts of the Topics. For a Topic behind the standard set only the second count is decremented: until the
+// counts are read again, the standard set has one row more.
 void Create8::countDeleted(int row) {
     ProductReg& reg = toolkit.productReg;
     if (toolkit.selectedProduct.isDeveloper || row < reg.standardRows()) {

@@ -24,7 +24,7 @@ public:
 
     CommonDialog CommonDialog1{toolkit.platform.fileDialog, "Browse For Course Briefing", wordDocuments, ".doc"};
 
-    TextTable TopicNames;  // has more than i elements once a Topic was created; from element i on old text
+    TextTable TopicNames;  // has more than i elements once a Topic was created; from element i on stale text
     TextTable TopicPaths;
     std::int16_t i = 0;               // the number of rows, and the next free one
     std::int16_t thisTopicCount = 0;  // elements of TopicNames less 1, set by Next alone

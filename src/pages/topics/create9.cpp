@@ -47,7 +47,7 @@ void Create9::loadTopics() {
     for (int r = 0; r < reg.CountTopics; ++r) Topics.addItem(EditTopicNames.at(r));
 }
 
-// The name of a value in the matrix is its row in Depends. A name that is no such row is fatal.
+// The name of a value in the matrix is its row in Depends. Any other name ends the program.
 void Create9::loadMatrix() {
     const SettingsTable matrix =
         toolkit.settings.GetAllSettings(application, toolkit.selectedProduct.ProductRegKey + "\\Dependencies\\Matrix");

@@ -24,8 +24,8 @@ void listOtherTopics(Toolkit& toolkit, int topicRow) {
     }
 }
 
-// The number that the text stands for, if it is written as the program writes it: digits, without a leading zero. Any
-// other text gives a number that no row carries.
+// The number in the text, if it has the form that the program writes: digits, without a leading zero. Any other text
+// gives a number that no row has.
 std::size_t rowNumber(std::string_view text) {
     constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
     const bool plain = !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;

@@ -127,10 +127,10 @@ void TopicOrderModule::followUp(int a) {
     }
 }
 
-// Touches only the rows that another row comes to. Where two numbers are equal, the later row comes.
+// Changes only the rows to which another row moves. Where two numbers are equal, the later row wins.
 void TopicOrderModule::applyOrderNumbers() {
     constexpr int none = -1;
-    std::vector<int> coming(static_cast<std::size_t>(OrderRowCount), none);  // for each place, the row that comes to it
+    std::vector<int> coming(static_cast<std::size_t>(OrderRowCount), none);  // for each place, the row that moves to it
     for (int row = 0; row < static_cast<int>(OrderTable.numbers.size()); ++row) {
         const int place = OrderTable.numbers[static_cast<std::size_t>(row)];
         if (place >= 0 && place < OrderRowCount) coming[static_cast<std::size_t>(place)] = row;

@@ -9,8 +9,8 @@
 
 namespace vrix {
 
-// The Topics and their order while Create20 is at work on it. An order number exists only here; the store keeps the
-// order in which the Topics are written.
+// The Topics and their order while Create20 edits it. An order number exists only here; the store keeps the order in
+// which the Topics are written.
 class TopicOrderModule {
 public:
     struct Columns {
@@ -38,7 +38,7 @@ public:
     void countOrderRows();
     // Puts the rows in the order of their numbers and redraws.
     void applyOrderNumbers();
-    // The text with every "&" doubled, for a caption.
+    // The text with every "&" escaped as "&&", for a caption.
     static std::string doubleAmpersands(const std::string& text);
 
 private:

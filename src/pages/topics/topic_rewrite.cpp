@@ -69,7 +69,8 @@ void TopicRewrite::saveTopic(const TopicRows& topics, int r) {
     statement_([&] {
         if (keptIndex_.at(r).empty()) keptIndex_.at(r) = std::to_string(r);
     });
-    // The index that stood at this row goes before the Topic's own. In the develop tree only one with two digits does.
+    // The old index at this row takes precedence over the Topic's own. In the develop tree only one with two digits
+    // does.
     const bool placeWins = isDeveloper_ ? old_.size() > 1 : !old_.empty();
     statement_([&] {
         if (placeWins) keptIndex_.at(r) = old_;

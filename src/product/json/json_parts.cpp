@@ -128,7 +128,7 @@ private:
         return json;
     }
 
-    // The Topics of a dependency row. Nothing where the row is missing, told already, or no list of numbers.
+    // The Topics of a dependency row. Nothing where the row is missing, written already, or no list of numbers.
     Json rowOf(const std::string& index) {
         const auto row = rows_.extract(index);
         if (row.empty()) return nullptr;
@@ -141,7 +141,7 @@ private:
         return names;
     }
 
-    std::unordered_map<std::string, std::string> rows_;     // by index; those that stand with no Topic yet
+    std::unordered_map<std::string, std::string> rows_;     // by index; those not yet written with a Topic
     std::unordered_map<std::string, std::string> topicAt_;  // by index
     std::vector<std::string> indexOf_;                      // by row; empty where the Topic has none
     std::size_t row_ = 0;

@@ -6,7 +6,7 @@
 namespace vrix {
 
 // The members of a Product's JSON, group by group: written from the Product's keys, and read back into them. A group
-// writes only what its reader gives back as it stands; the rest of a key is told elsewhere.
+// writes only what its reader gives back as it stands; the rest of a key goes into "other".
 
 Json identityOf(const Product& product);
 ProductId readIdentity(const Json& json);

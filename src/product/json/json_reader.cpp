@@ -13,7 +13,8 @@ namespace vrix {
 
 namespace {
 
-// Looks on as the parser goes: it would pass over members that stand twice, and levels without end would end others.
+// A callback of the parser: refuses duplicate members, which the parser would accept, and deep nesting, which would
+// overflow the stack of recursive readers.
 class Watch {
 public:
     bool operator()(int depth, Json::parse_event_t event, const Json& parsed) {
@@ -31,7 +32,7 @@ public:
     std::string lastName{"the start"};
 
 private:
-    std::vector<std::set<std::string>> names_;  // of the members, level by level
+    std::vector<std::set<std::string>> names_;  // of the members, by nesting level
 };
 
 }  // namespace

@@ -8,9 +8,8 @@ namespace vrix {
 // Members keep the order in which they are written.
 using Json = nlohmann::ordered_json;
 
-// The one reader of JSON: UTF-8, or UTF-16 or UTF-8 with its mark. Throws Refusal (malformed), which tells line or
-// member, for what is no JSON, a member that stands twice in its object, a number out of range, and more than 100
-// levels.
+// The only JSON parser: UTF-8, or UTF-16 or UTF-8 with a byte order mark. Throws Refusal (malformed), which names line
+// or member, for invalid JSON, a duplicate member, a number out of range, and more than 100 levels.
 Json parsedJson(std::string_view text);
 
 }  // namespace vrix

@@ -24,7 +24,7 @@ std::string unhex(const Json& text, const std::string& place) {
     return bytes;
 }
 
-// Text as units of UTF-16, four digits each.
+// Text as UTF-16 code units, four hexadecimal digits each.
 std::string digitsOf(const std::string& text) {
     std::string bytes;
     for (const char16_t unit : toUtf16(text)) bytes += {static_cast<char>(unit >> 8), static_cast<char>(unit & 0xFF)};

@@ -13,13 +13,13 @@ namespace vrix {
 
 // Texts and values of a store as JSON, and back. What is read is refused with its place, a JSON pointer.
 
-// A name: a string, or {"utf16": "0041D800"} where that holds half a character.
+// A name: a string, or {"utf16": "0041D800"} where it holds an unpaired surrogate.
 Json jsonName(const std::string& name);
 std::string readName(const Json& json, const std::string& place);
 
-// A value without its name: a string where the Toolkit would write it so, else with its type. A text stands there
-// without its terminator as "text", or whole as "utf16" if it has no terminator or holds half a character. Data of
-// other types are "bytes".
+// A value without its name: a string where the Toolkit would write it so, else with its type. A text is "text" without
+// its terminator, or the whole data as "utf16" if it has no terminator or holds an unpaired surrogate. Data of other
+// types are "bytes".
 Json jsonContent(const StoredValue& value);
 StoredValue readContent(std::string name, const Json& json, const std::string& place);
 

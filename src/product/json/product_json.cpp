@@ -15,8 +15,8 @@ namespace {
 
 // ---- What the other members cannot tell ----
 
-// What is told of a key that the other members tell as `told`: its values from the first on that stands elsewhere in
-// the key, those of `told` by their names alone.
+// The entry of "other" for a key: its values from the first whose position differs from `told`, the values that the
+// other members express. Of these it lists only the names.
 Json otherOf(const StoredKey& key, const Values& told) {
     const ValuesByName known = byName(told);
     const auto hasSameName = [](const StoredValue& a, const StoredValue& b) { return a.name == b.name; };
@@ -89,7 +89,7 @@ void readOthers(const Json& others, Product& product) {
 
 // ---- The whole ----
 
-// What all members but "other" tell.
+// The Product without "other".
 Product toldBy(const Json& json) {
     Product product;
     product.id = readIdentity(json);
@@ -104,7 +104,7 @@ Product toldBy(const Json& json) {
     return product;
 }
 
-// Refuses names that are the same, or differ in case alone: in a store they are one.
+// Refuses names that differ at most in case: in a store they are the same.
 void refuseTwins(const Product& product) {
     for (const StoredKey& key : product.keys) {
         std::set<std::string> names;
