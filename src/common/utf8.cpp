@@ -111,9 +111,10 @@ std::string foldedName(std::string_view name) {
     std::string result;
     result.reserve(name.size());
     for (std::size_t at = 0; at < name.size();) {
-        const auto [number, size] = codePointAt(name, at);
-        if (number == CodePoint::none) {
-            result += name[at];
+        const auto byte = static_cast<unsigned char>(name[at]);
+        const auto [number, size] = byte < 0x80 ? CodePoint{byte, 1} : codePointAt(name, at);
+        if (number < 0x80 || number == CodePoint::none) {
+            result += number == CodePoint::none ? name[at] : static_cast<char>(folded(number));
         } else {
             append(result, folded(number));
         }

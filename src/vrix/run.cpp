@@ -25,6 +25,7 @@ std::size_t widthOf(const std::string& text) {
 }  // namespace
 
 std::string shown(std::string_view text) {
+    if (std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; })) return std::string(text);
     std::string safe;
     for (std::size_t at = 0; at < text.size();) {
         const auto [number, size] = codePointAt(text, at);

@@ -6,15 +6,21 @@
 
 namespace vrix {
 
-std::unique_ptr<EmbeddedRegistry> copyOf(const ProductStore& store) {
+std::unique_ptr<EmbeddedRegistry> copyOf(const ProductStore& store, const std::vector<KeyPath>& parts) {
     Plan plan;
-    store.walk({}, [&](StoredKey key) {
-        plan.push_back({StoreChange::Kind::makeKey, key.path});
-        for (StoredValue& value : key.values) {
-            plan.push_back({StoreChange::Kind::setValue, key.path, std::move(value)});
-        }
+    for (const KeyPath& part : parts) {
+        store.walk(part, [&](StoredKey key) {
+            plan.push_back({StoreChange::Kind::makeKey, key.path});
+            for (StoredValue& value : key.values) {
+                plan.push_back({StoreChange::Kind::setValue, key.path, std::move(value)});
+            }
+        });
+    }
+    auto copy = std::make_unique<EmbeddedRegistry>([&registry = store.registry()](const std::string& name) {
+        const std::string unknown = '%' + name + '%';
+        std::string text = registry.expandEnvironment(unknown);
+        return text == unknown ? std::nullopt : std::optional(std::move(text));
     });
-    auto copy = std::make_unique<EmbeddedRegistry>();
     perform(*copy, plan);
     return copy;
 }

@@ -15,7 +15,7 @@ namespace vrix {
 class JournalRegistry;
 
 // A registry in memory that holds what the store does.
-std::unique_ptr<EmbeddedRegistry> copyOf(const ProductStore& store);
+std::unique_ptr<EmbeddedRegistry> copyOf(const ProductStore& store, const std::vector<KeyPath>& parts = {{}});
 
 // The open store of a run. A journal that is only read stays as it is. To be written to it must be free: it is refused
 // while another program has it open.
